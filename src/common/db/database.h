@@ -1,0 +1,219 @@
+// The one road to the data of a report: the operations of the database engine under the system's own names.
+//
+// A report file is one SQLite file and nothing beside it once closed. Objects here are handles: a Database is copied
+// freely and means the same open file; a Recordset is local to one procedure and ends with it. One thread.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/db/error.h"
+#include "common/db/schema.h"
+#include "common/value.h"
+
+namespace tallmar {
+
+namespace db_detail {
+class Connection;
+struct RecordsetState;
+}  // namespace db_detail
+
+enum class RecordsetType : std::uint8_t { Table = 1, Dynaset = 2, Snapshot = 4 };
+
+// A field of the current record.
+class Field {
+  public:
+    const std::string& Name() const;
+    FieldType Type() const;
+    int Size() const;
+    bool AllowZeroLength() const { return true; }
+    // The value in the record under edit, else in the current record. Throws NoCurrentRecord.
+    tallmar::Value Value() const;
+    // Requires AddNew or Edit. The value is converted and checked here, not at Update.
+    void Set(const tallmar::Value& value);
+
+  private:
+    friend class Recordset;
+    Field(std::shared_ptr<db_detail::RecordsetState> state, int position) : state_(std::move(state)), position_(position) {}
+    std::shared_ptr<db_detail::RecordsetState> state_;
+    int position_;
+};
+
+// Rows of a table or of a SELECT. A dynaset holds the keys of its rows and reads a row when it comes to it; a row that
+// has been deleted meanwhile reads as NoCurrentRecord. A snapshot holds the values. A table recordset is a dynaset
+// over the whole table that also knows Index and Seek.
+class Recordset {
+  public:
+    // True where there is no current record because the end was passed, or because there are no rows.
+    bool Eof() const;
+    bool Bof() const;
+    bool NoMatch() const;
+    // Rows seen so far: 0 or 1 after opening, the true count after MoveLast.
+    std::int64_t RecordCount() const;
+    // From 0; -1 without a current record. Setting one beyond the rows throws NoCurrentRecord.
+    std::int64_t AbsolutePosition() const;
+    void AbsolutePosition(std::int64_t position);
+    // Names a record of this recordset and its clones; setting one goes there. A Bookmark{} that was never taken
+    // throws NoCurrentRecord when set.
+    struct BookmarkValue {
+        std::int64_t position = -1;
+    };
+    BookmarkValue Bookmark() const;
+    void Bookmark(BookmarkValue bookmark);
+    Recordset Clone() const;
+
+    void MoveFirst();
+    void MoveNext();
+    void MovePrevious();
+    void MoveLast();
+    // Criterion: any WHERE text of the dialect over the recordset's fields and tables. Where nothing is found NoMatch
+    // is True and the current record stays.
+    void FindFirst(std::string_view criterion);
+    void FindNext(std::string_view criterion);
+    void FindPrevious(std::string_view criterion);
+    void FindLast(std::string_view criterion);
+
+    // Table recordsets only.
+    void Index(std::string_view name);
+    void Seek(std::string_view comparison, const Value& key);
+
+    void AddNew();
+    void Edit();
+    // Writes what was set since AddNew or Edit: only the fields set, in one statement. After AddNew the current
+    // record is the one before it.
+    void Update();
+    void CancelUpdate();
+    void Delete();
+    void Close();
+
+    int Fields_Count() const;
+    Field Fields(std::string_view name) const;  // throws ItemNotFound
+    Field Fields(int position) const;
+    // The value of a field of the current record: rs["Col_1"].
+    tallmar::Value operator[](std::string_view name) const { return Fields(name).Value(); }
+
+  private:
+    friend class Database;
+    explicit Recordset(std::shared_ptr<db_detail::RecordsetState> state) : state_(std::move(state)) {}
+    std::shared_ptr<db_detail::RecordsetState> state_;
+};
+
+// The design of a table: of one that stands in the file (Database::TableDefs), or of a new one on its way there.
+class TableDef {
+  public:
+    const std::string& Name() const { return shape_.name; }
+    // Renames the table in the file, with its indexes; of a new one only the design.
+    void Name(std::string_view name);
+    const TableShape& Shape() const { return shape_; }
+    int Fields_Count() const { return static_cast<int>(shape_.fields.size()); }
+
+    FieldDef CreateField(std::string_view name, FieldType type, int size = 0) const;
+    // Appends to the design, and to the table where it is in the file: Null in every row.
+    void Fields_Append(const FieldDef& field);
+    void Fields_Delete(std::string_view name);
+    void Field_Name(std::string_view field, std::string_view newName);
+
+  private:
+    friend class Database;
+    friend class TableDefs;
+    std::shared_ptr<db_detail::Connection> connection_;  // null while the design is new
+    TableShape shape_;
+};
+
+class TableDefs {
+  public:
+    void Append(TableDef& table);
+    void Delete(std::string_view name);
+    // Throws DatabaseClosed on a closed handle: this is how a caller learns that no report is open.
+    void Refresh();
+    int Count() const;
+    // In name order.
+    TableDef Item(int position) const;
+    TableDef Item(std::string_view name) const;
+    bool Has(std::string_view name) const;
+
+  private:
+    friend class Database;
+    explicit TableDefs(std::shared_ptr<db_detail::Connection> connection) : connection_(std::move(connection)) {}
+    std::shared_ptr<db_detail::Connection> connection_;
+};
+
+// One row read whole: the answer to a statement that gives a single one.
+class Row {
+  public:
+    Row() = default;
+    Row(std::vector<std::string> names, std::vector<Value> values) : names_(std::move(names)), values_(std::move(values)) {}
+    // False where the statement gave no row; every value then reads as Null.
+    explicit operator bool() const { return !values_.empty(); }
+    // Without regard to case. Throws ItemNotFound for a name that the statement has not.
+    const Value& operator[](std::string_view name) const;
+    const Value& operator[](int position) const;
+
+  private:
+    std::vector<std::string> names_;
+    std::vector<Value> values_;
+};
+
+class Database {
+  public:
+    Database() = default;  // closed
+    bool Is_Open() const;
+    const std::string& Path() const;
+    bool Is_Read_Only() const;
+    // Ends every recordset. A closed handle stays as an object whose operations throw DatabaseClosed.
+    void Close();
+
+    // One action statement; the rows it changed.
+    std::int64_t Execute(std::string_view sql);
+    Recordset OpenRecordset(std::string_view source, RecordsetType type = RecordsetType::Dynaset);
+    // The first row of a SELECT, as a snapshot.
+    Row Read_Row(std::string_view select);
+
+    TableDef CreateTableDef(std::string_view name) const;
+    tallmar::TableDefs TableDefs() const;
+    // True for a SELECT, which is opened and not executed.
+    static bool Is_Select(std::string_view sql);
+
+  private:
+    friend struct DBEngine;
+    friend class Job;
+    std::shared_ptr<db_detail::Connection> connection_;
+};
+
+// What stands in the header of every report file.
+inline constexpr std::int32_t kCrfApplicationId = 0x54433238;  // "TC28"
+inline constexpr std::int32_t kCrfLayout = 1;                  // user_version: the layout that this program writes
+
+struct DBEngine {
+    // An empty file at `path`, open; what stood there is replaced only when the file is whole. Until
+    // Finish_Creation the file lives in memory, so that a killed creation leaves nothing behind.
+    static Database CreateDatabase(const std::string& path, std::string_view locale);
+    // Writes a created database to its path in one step (written beside it, flushed, renamed) and closes it.
+    static void Finish_Creation(Database& created);
+    // Shared, read and write; read only where the file is. Throws DbError NotADatabase (no report file, damaged,
+    // foreign), CannotOpen (missing, a folder, no permission), Locked. The file is untouched then.
+    static Database OpenDatabase(const std::string& path);
+    static void RepairDatabase(const std::string& path);
+    static void CompactDatabase(const std::string& from, const std::string& to);
+};
+
+// A long job: one transaction. It commits however the job ends by itself, by an exception too; a crash, a kill or a
+// power cut takes the file back to where it stood. Jobs inside a job join it. Roll_Back gives the job up.
+class Job {
+  public:
+    explicit Job(Database& database);
+    ~Job();
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+    // Commit now and report a failure (disk full): the destructor can only swallow it.
+    void Commit();
+    void Roll_Back();
+
+  private:
+    std::shared_ptr<db_detail::Connection> connection_;
+};
+
+}  // namespace tallmar

@@ -1,0 +1,59 @@
+// Errors of the database layer: a number and a description. Code that "ignores errors" catches exactly DbError around
+// one operation.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace tallmar {
+
+// Every trouble that the layer can meet. The numbers are shown to users and written into logs: never renumber.
+enum class DbErrorCode : int {
+    Overflow = 6,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+    SyntaxError = 3075,         // the statement is outside the dialect; the text names the place
+    UnknownTable = 3078,
+    UnknownField = 3061,
+    AmbiguousField = 3079,
+    UnknownFunction = 3085,
+    WrongArguments = 3071,
+    TableExists = 3010,
+    FieldExists = 3191,
+    IndexExists = 3284,
+    UnknownIndex = 3015,
+    DuplicateKey = 3022,
+    NullNotAllowed = 3058,
+    TextTooLong = 3163,
+    NotUpdatable = 3027,
+    NoCurrentRecord = 3021,
+    NoEdit = 3020,              // Update or a field's value set without AddNew or Edit
+    ItemNotFound = 3265,        // no such field in a recordset
+    InvalidOperation = 3219,
+    DatabaseClosed = 3420,
+    NotADatabase = 3343,        // no report file, or damaged
+    CannotOpen = 3024,
+    ReadOnly = 3073,
+    Locked = 3045,
+    DiskFull = 3026,
+    DiskError = 3043,
+    Engine = 3000,              // anything else that the engine says
+};
+
+class DbError : public std::runtime_error {
+  public:
+    // `argument` fills the placeholder of the code's text.
+    explicit DbError(DbErrorCode code, std::string_view argument = {});
+    // The statement's text and where in it, as a byte offset, the trouble stands: the description quotes the place.
+    DbError(DbErrorCode code, std::string_view argument, std::string_view statement, std::size_t offset);
+
+    DbErrorCode Code() const { return code_; }
+    int Number() const { return static_cast<int>(code_); }
+    std::string Description() const { return what(); }
+
+  private:
+    DbErrorCode code_;
+};
+
+}  // namespace tallmar

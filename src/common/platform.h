@@ -1,0 +1,82 @@
+// The one door to the outside: message boxes, dialogs, pointer, progress, settings, clock. Nothing else in the house
+// shows a box, asks the time or reads a setting. Implementations: the desktop's, the console's, the tests' fake.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/value.h"
+
+namespace tallmar {
+
+// Buttons and icons of a message box, added together.
+enum : int {
+    kOkOnly = 0,
+    kOkCancel = 1,
+    kYesNoCancel = 3,
+    kYesNo = 4,
+    kStop = 16,
+    kQuestion = 32,
+    kExclamation = 48,
+    kInformation = 64,
+    kDefaultButton2 = 256,
+};
+// What a message box answers. 0 stands for a question asked while a log runs: neither answer.
+enum class Answer : int { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+struct FileDialog {
+    std::string directory;  // where it starts
+    std::string fileName;   // what stands in the name field
+    std::string title;
+    std::string defaultExtension;
+    std::string filter;
+};
+
+class Platform {
+  public:
+    virtual ~Platform() = default;
+
+    virtual Answer Message_Box(std::string_view prompt, int buttons, std::string_view title) = 0;
+    virtual void Beep() = 0;
+    // The chosen path; nothing when cancelled.
+    virtual std::optional<std::string> Open_File(const FileDialog& dialog) = 0;
+    virtual std::optional<std::string> Save_File(const FileDialog& dialog) = 0;
+    // The rows of <prefix>ErrLog, at the end of a job. `rows` is the level, form and message of each, in order.
+    struct BatchMessage {
+        std::string level, form, message;
+    };
+    virtual void Show_Batch_Messages(std::string_view title, const std::vector<BatchMessage>& rows) = 0;
+
+    virtual void Hourglass(bool on) = 0;
+    // The text of txtCalcMsg; empty hides it.
+    virtual void Progress(std::string_view text) = 0;
+    virtual void Do_Events() = 0;
+
+    // The present local date and time, whole seconds.
+    virtual Date Now() = 0;
+    virtual std::string Get_Setting(std::string_view application, std::string_view section, std::string_view key,
+                                    std::string_view otherwise) = 0;
+    virtual void Save_Setting(std::string_view application, std::string_view section, std::string_view key,
+                              std::string_view value) = 0;
+    // The folder of the executable, without a separator at its end.
+    virtual std::string Program_Folder() = 0;
+    // State of the main window that jobs change: "mnuReportSubmit" disabled, caption set, welcome frame shown ...
+    virtual void Set_Enabled(std::string_view control, bool enabled) = 0;
+    virtual void Set_Visible(std::string_view control, bool visible) = 0;
+    virtual void Set_Text(std::string_view control, std::string_view text) = 0;
+    // Closes every worksheet form. True when the user cancelled.
+    virtual bool Close_All_Forms() = 0;
+    // The main window's activate step.
+    virtual void Refresh_Menus() = 0;
+    // Ends the program on the spot after an unrecoverable trouble.
+    [[noreturn]] virtual void End_Program() = 0;
+};
+
+// The platform in use. Requires Install_Platform.
+Platform& The_Platform();
+// Returns the one before.
+Platform* Install_Platform(Platform* platform);
+
+}  // namespace tallmar

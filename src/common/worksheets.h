@@ -1,0 +1,29 @@
+// What a worksheet family is, and how the one of an Item is found. New report, calculation, printing and the ECR walk
+// worksheets through this table and never through a module's own header.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "common/item.h"
+
+namespace tallmar {
+
+struct FormDescription;  // screens/form_description.h
+
+struct WorksheetFamily {
+    ItemPattern items;  // tested in the order of the table
+    int calcLevel;      // of the registry; 999 for a table that is no worksheet
+    void (*build)(const Item&);
+    void (*calc)(const Item&);    // null: nothing of its own to calculate
+    const FormDescription* edit;  // null: no edit form
+    const FormDescription* view;
+};
+
+// The catalogue is installed once, by main() or by a test. Requires static storage.
+void Install_Catalogue(std::span<const WorksheetFamily> families);
+std::span<const WorksheetFamily> Catalogue();
+// Null where no family has this item.
+const WorksheetFamily* Find_Family(const Item& item);
+
+}  // namespace tallmar
