@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Installs what is missing from Debian's packages, and builds presets quietly. Sourced by run.sh and test.sh.
+
+# need_packages PACKAGE ...   Says nothing where all is there.
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+
+    local root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || { echo "Please run as root, or install sudo: need ${missing[*]}" >&2; return 1; }
+        root=(sudo)
+    fi
+    echo "Installing ${missing[*]} ..." >&2
+    local log
+    log=$(mktemp)
+    if ! { "${root[@]}" apt-get update && "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+               apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    rm -f "$log"
+}
+
+# What the program itself is built from, and what its tests need besides.
+kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev)
+kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format git)
+
+# build_preset PRESET [TARGET ...]   Configures once and builds; the compiler's words only when the build fails.
+build_preset() {
+    local preset=$1 log
+    shift
+    log=$(mktemp)
+    if [ ! -f "build/$preset/build.ninja" ] && ! cmake --preset "$preset" >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    if ! cmake --build "build/$preset" ${1:+--target "$@"} >"$log" 2>&1; then
+        grep -v '^\[[0-9]*/[0-9]*\] Building' "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    rm -f "$log"
+}
