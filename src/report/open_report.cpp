@@ -14,6 +14,7 @@ int AGOption = 0;
 std::vector<std::string> gblMSACodes, gblCBSACodes;
 std::string MsgLogPrefix;
 std::string LogType;
+std::string ProductTitle = "The Brennwick Systems, Inc.";
 std::string HeaderLine1, HeaderLine2, HeaderLine3;
 
 }  // namespace tallmar

@@ -1,0 +1,44 @@
+// The report file as a whole: open, save under another name, close. One report is open at a time, in `db`.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "report/open_report.h"
+
+namespace tallmar {
+
+inline constexpr std::string_view kProgramTitle = "Tallmar 1728";
+
+// Opens the report at `path` and brings it to the present layout. False where the user kept the forms of another
+// report open, or the file cannot be used: a box then names the file and the trouble, the file is untouched, and no
+// report is open.
+bool Report_Open(const std::string& path);
+// The same with the file dialog. False also when it was cancelled.
+bool Report_Open_Dialog();
+// Copies the open report to `path`, over what stands there, and goes on with the copy. CRFDir stays. False after the
+// box that says so: the report is open under its old name then.
+bool Report_Save_As(const std::string& path);
+bool Report_Save_As_Dialog();
+// Repairs, compacts and closes. False where the user kept a form open; the report then stays open.
+bool Report_Close();
+// Closes the report as it stands, without compaction: the end of a job without a window. A temporary file that a
+// killed close left behind goes. Nothing happens while no report is open.
+void Report_Release();
+bool Report_Is_Open();
+
+// A new empty database for CRFPath in `db`, in memory until Finish_CRF. False after the box "System Error".
+bool CreateCRF();
+// Writes what CreateCRF began to CRFPath in one step and opens it again. False after the box "System Error": nothing
+// is left behind, and a file that stood at CRFPath is as it was.
+bool Finish_CRF();
+
+// Takes CRFPath, CRFDir and CRFTitle from `path`.
+void Take_Path(const std::string& path);
+// The window without and with a report: caption, labels, timer, welcome frame.
+void Show_No_Report();
+void Show_Report();
+// "<product title> Tallmar 1728 (version 1.0)", with " -- <CRFTitle>" behind it while a report is open.
+std::string Window_Caption();
+
+}  // namespace tallmar
