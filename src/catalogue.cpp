@@ -1,7 +1,60 @@
 #include "catalogue.h"
 
+#include <array>
+
+#include "calc/w_a.h"
+#include "calc/w_a1.h"
+#include "calc/w_a4.h"
+#include "calc/w_a5.h"
+#include "calc/w_a6.h"
+#include "calc/w_a7.h"
+#include "calc/w_s2.h"
+#include "calc/w_s21.h"
+#include "calc/w_s3.h"
+#include "calc/w_sp2.h"
+#include "calc/worksheet.h"
+
 namespace tallmar {
 
-std::span<const WorksheetFamily> All_Families() { return {}; }
+namespace {
+
+// A procedure of the one worksheet of its family.
+template <void (*procedure)()>
+void Only(const Item&) {
+    procedure();
+}
+
+// A calculation that ends on 10/1/2000: a worksheet that is still registered later is left as it is.
+template <void (*procedure)(const Item&)>
+void Until_Cost_Limits_End(const Item& item) {
+    if (Is_Cost_Limit_Period()) procedure(item);
+}
+
+// In the order in which a key is looked up.
+constexpr std::array kFamilies{
+    WorksheetFamily{"A", 4, Only<Build_A>, Only<Calc_A>, nullptr, nullptr},
+    WorksheetFamily{"A1", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, nullptr, nullptr},
+    WorksheetFamily{"A2", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, nullptr, nullptr},
+    WorksheetFamily{"A3", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, nullptr, nullptr},
+    WorksheetFamily{"A4", 0, Only<Build_A4>, Only<Calc_A4>, nullptr, nullptr},
+    WorksheetFamily{"A5", 3, Only<Build_A5>, Only<Calc_A5>, nullptr, nullptr},
+    WorksheetFamily{"A6pA", 0, Only<Build_A6pA>, nullptr, nullptr, nullptr},
+    WorksheetFamily{"A6pB", 0, Only<Build_A6pB>, Only<Calc_A6pB>, nullptr, nullptr},
+    WorksheetFamily{"A6pC", 0, Only<Build_A6pC>, nullptr, nullptr, nullptr},
+    WorksheetFamily{"A7", 0, Only<Build_A7>, Only<Calc_A7>, nullptr, nullptr},
+    WorksheetFamily{"Sp2", 11, Only<Build_Sp2>, Only<Calc_Sp2>, nullptr, nullptr},
+    WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, nullptr, nullptr},
+    WorksheetFamily{"S21", 0, Only<Build_S21>, Only<Calc_S21>, nullptr, nullptr},
+    WorksheetFamily{"S3p1", 0, Only<Build_S3p1>, Only<Calc_S3p1>, nullptr, nullptr},
+    WorksheetFamily{"S3p2", 0, Only<Build_S3p2>, Only<Calc_S3p2>, nullptr, nullptr},
+    WorksheetFamily{"S3p3", 0, Only<Build_S3p3>, Only<Calc_S3p3>, nullptr, nullptr},
+    WorksheetFamily{"S3p4", 0, Only<Build_S3p4>, Only<Calc_S3p4>, nullptr, nullptr},
+};
+
+}  // namespace
+
+std::span<const WorksheetFamily> All_Families() {
+    return kFamilies;
+}
 
 }  // namespace tallmar

@@ -38,6 +38,9 @@ void Finish_Table(const Item& item, std::string_view index, int level);
 void Build_Table(const Item& item, std::span<const Column> columns, std::string_view fields,
                  std::span<const FixedRow> rows, std::string_view index, int level);
 
+// Runs the statements one after another.
+void Execute_All(std::span<const char* const> statements);
+
 // Sums `columns` over the rows that meet the WHERE text `rows` and writes the sums into the same columns of the rows
 // that meet `total`, in one statement. A Null sum is written as 0.
 void Store_Totals(const Item& item, std::span<const std::string_view> columns, std::string_view rows,

@@ -1,0 +1,34 @@
+// Worksheets: compensation analyses of reports that begin before 10/1/2000 - salaries and wages,
+// employee benefits, contracted services. One layout: a row a cost center and line 29, "Total"; amounts in dollars by
+// class of employee; Null is a cell that the form shades, and counts as 0.
+#pragma once
+
+#include "common/item.h"
+
+namespace tallmar {
+
+// Requires "A1", "A2" or "A3".
+void Build_Compensation(const Item& item);
+// Column 9 and line 29, over the lines above 2 and below 29.
+void Calc_Compensation(const Item& item);
+
+inline void Build_A1() {
+    Build_Compensation("A1");
+}
+inline void Build_A2() {
+    Build_Compensation("A2");
+}
+inline void Build_A3() {
+    Build_Compensation("A3");
+}
+inline void Calc_A1() {
+    Calc_Compensation("A1");
+}
+inline void Calc_A2() {
+    Calc_Compensation("A2");
+}
+inline void Calc_A3() {
+    Calc_Compensation("A3");
+}
+
+}  // namespace tallmar

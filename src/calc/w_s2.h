@@ -1,0 +1,11 @@
+// Worksheet S-2: identification. All answers are text; Null is no answer.
+#pragma once
+
+namespace tallmar {
+
+// Name, number and fiscal year come from the open report, lines 3 to 6, 24 and 25 from the chart.
+void Build_S2();
+// Line 13 from lines 10 to 12. Throws DbError where one of them is no number.
+void Calc_S2();
+
+}  // namespace tallmar

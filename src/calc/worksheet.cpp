@@ -1,0 +1,90 @@
+#include "calc/worksheet.h"
+
+#include "common/dates.h"
+#include "common/db/sql_text.h"
+#include "common/variant.h"
+#include "report/registry.h"
+
+namespace tallmar {
+
+void Create_Table(const Item& item, std::span<const Column> columns) {
+    TableDef table = db.CreateTableDef(item.Name());
+    for (const Column& column : columns) table.Fields_Append(table.CreateField(column.name, column.type, column.size));
+    db.TableDefs().Append(table);
+}
+
+void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows) {
+    const std::string head = Sql("INSERT INTO ", item.Name(), " (", fields, ") VALUES (");
+    for (const FixedRow& row : rows) {
+        const std::string_view values = row.values;
+        db.Execute(Sql(head, row.line, ",", row.label == nullptr ? "Null" : Quoted(row.label),
+                       values.empty() ? "" : ",", values, ");"));
+    }
+}
+
+void Finish_Table(const Item& item, std::string_view index, int level) {
+    if (!index.empty()) db.Execute(Sql("CREATE UNIQUE INDEX ", index, " ON ", item.Name(), " (LineNum);"));
+    Edit_Worksheets(item.Name(), "Make", level);
+}
+
+void Build_Table(const Item& item, std::span<const Column> columns, std::string_view fields,
+                 std::span<const FixedRow> rows, std::string_view index, int level) {
+    Create_Table(item, columns);
+    Insert_Rows(item, fields, rows);
+    Finish_Table(item, index, level);
+}
+
+void Execute_All(std::span<const char* const> statements) {
+    for (const char* statement : statements) db.Execute(statement);
+}
+
+void Store_Totals(const Item& item, std::span<const std::string_view> columns, std::string_view rows,
+                  std::string_view total) {
+    std::string select = "SELECT ";
+    for (const std::string_view column : columns) {
+        const std::string_view number = column.substr(column.find('_') + 1);
+        select += Sql(column == columns.front() ? "" : ", ", "Sum(", column, ") AS Tot_", number);
+    }
+    Store_Row(item, columns, db.Read_Row(Sql(select, " FROM ", item.Name(), " WHERE ", rows, ";")), total);
+}
+
+void Store_Row(const Item& item, std::span<const std::string_view> columns, const Row& values, std::string_view where) {
+    std::string update = Sql("UPDATE ", item.Name(), " SET ");
+    int position = 0;
+    for (const std::string_view column : columns) {
+        const Value value = values ? Nz_Num(values[position], 0) : Value(0);
+        update += Sql(position == 0 ? "" : ",", column, "=", value);
+        ++position;
+    }
+    db.Execute(Sql(update, " WHERE ", where, ";"));
+}
+
+Currency Read_Currency(std::string_view select) {
+    const Row row = db.Read_Row(select);
+    return row ? Nz_Currency(row[0]) : Currency{};
+}
+
+double Read_Number(std::string_view select) {
+    const Row row = db.Read_Row(select);
+    return row ? Nz_Double(row[0]) : 0.0;
+}
+
+std::string Guarded(std::string_view field) {
+    return Sql("IIF(IsNull(", field, "),0,", field, ")");
+}
+
+std::string Guarded_Sum(std::span<const std::string_view> fields) {
+    std::string sum;
+    for (const std::string_view field : fields) sum += Sql(sum.empty() ? "" : "+", Guarded(field));
+    return sum;
+}
+
+bool Is_Cost_Limit_Period() {
+    return FYStart < kCostLimitsEnd;
+}
+
+bool Is_Split_Period() {
+    return FYStart < kCostLimitsEnd && FYEnd >= kCostLimitsEnd;
+}
+
+}  // namespace tallmar
