@@ -14,7 +14,7 @@ std::string To_Lower(std::string_view text);
 int Compare_Text(std::string_view a, std::string_view b);
 bool Same_Text(std::string_view a, std::string_view b);
 // The pattern language of Like: * any run, ? one character, # one digit, [a-c] one of, [!a-c] none of. Without regard
-// to case. A pattern that ends inside [ matches nothing.
+// to case. A pattern that ends inside [ matches nothing; [] stands for no character, [!] for an exclamation mark.
 bool Like(std::string_view text, std::string_view pattern);
 
 // Blanks (0x20) only, as the dialect's Trim.
@@ -24,17 +24,19 @@ std::string_view Trim_Right(std::string_view text);
 
 // Characters, not bytes; positions count from 1.
 std::size_t Length(std::string_view text);
+// A start or a count below 1 gives "".
 std::string Mid(std::string_view text, long start, long count);
 std::string Left(std::string_view text, long count);
 std::string Right(std::string_view text, long count);
-// Position of `what` in `text` from `start` on, case observed; 0 where it is not found.
+// Position of `what` in `text` from `start` on, case observed; 0 where it is not found or `start` lies outside the
+// text. An empty `what` is found at `start`.
 long In_Str(long start, std::string_view text, std::string_view what);
 
 bool Begins_With(std::string_view text, std::string_view prefix);
 // Every `from` replaced.
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 
-// Code page 1252 at the borders of the house. A character that the page has not becomes '?'.
+// Code page 1252 at the borders of the house. A character that the page has not, or a stray byte, becomes '?'.
 std::string To_Cp1252(std::string_view utf8);
 std::string From_Cp1252(std::string_view bytes);
 bool Is_Valid_Utf8(std::string_view text);

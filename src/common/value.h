@@ -60,6 +60,8 @@ class Value {
     // A number of any kind, a Boolean (-1 or 0), a date's serial, or a text that is numeric.
     bool Is_Numeric() const;
     // The conversions throw std::invalid_argument("Type mismatch") on Null and on a text that is not what is asked.
+    // A number that does not fit throws std::overflow_error("Overflow"); To_Long rounds halves to even. A text is a
+    // date only where it is written as one.
     double To_Double() const;
     Currency To_Currency() const;
     std::int32_t To_Long() const;

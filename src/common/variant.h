@@ -20,10 +20,13 @@ bool Is_Blank(const Value& value);
 // Rounded by Round_Half; Null where `value` is Null or no number.
 Value Round_Half(const Value& value, int digits);
 // B if A is Null and B is not, or if B is greater (less) than A; else A. Numbers compare as numbers.
+// Two texts compare as texts; a text that is no number comes after every number.
 Value Max_Var(const Value& a, const Value& b);
 Value Min_Var(const Value& a, const Value& b);
 // Low <= x <= high.
-constexpr bool Is_Between(double x, double low, double high) { return x >= low && x <= high; }
+constexpr bool Is_Between(double x, double low, double high) {
+    return x >= low && x <= high;
+}
 // The digits of a text, all else dropped.
 std::string Digits_Only(std::string_view text);
 // True for a text of one or more zeros.

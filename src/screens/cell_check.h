@@ -1,0 +1,73 @@
+// The checks that the worksheet forms share, and their boxes.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "screens/form_description.h"
+
+namespace tallmar {
+
+// A box as a table holds it: <text>, <places> and <length> stand for what was typed and what the cell takes.
+struct BoxText {
+    std::string_view title, text;
+};
+
+inline constexpr BoxText kInvalidLength{
+    "Invalid Length Entry",
+    "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
+    "up to <length> characters.  Your entry or modification is being discarded.  Select OK to continue."};
+inline constexpr BoxText kInvalidNonNumeric{
+    "Invalid Non-Numeric Entry",
+    "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
+    "numeric data.  Your entry or modification is being discarded.  Select OK to continue."};
+// The same from forms whose cells are of several kinds.
+inline constexpr BoxText kInvalidNumber{
+    "Invalid Non-Numeric Entry",
+    "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
+    "numeric data.  Your entry or modification is being discarded."};
+inline constexpr BoxText kTooSpecific{
+    "Too Specific Numeric Entry",
+    "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
+    "<places> digits to the right of the decimal point.  Your entry or modification is being rounded."};
+inline constexpr BoxText kTooLarge{
+    "Number Too Large",
+    "You're attempting to enter invalid data ['<text>'].  The number is larger than the cell can hold.  Your entry or "
+    "modification is being discarded.  Select OK to continue."};
+
+struct BoxArguments {
+    std::string_view text = {};
+    int places = 0;
+    int length = 0;
+};
+Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments = {});
+
+CellResult Refuse(const BoxText& box, const BoxArguments& arguments = {});
+CellResult Accept(Value value);
+
+// An amount as a person keys it: $, thousands separators in groups of three, a leading or trailing minus, parentheses
+// for a negative. Nothing for anything else, the blank included.
+std::optional<double> Parse_Amount(std::string_view text);
+
+// Text of up to `length` characters, blanks at the ends dropped.
+CellResult Validate_Text(std::string_view text, int length);
+// A number with up to `places` decimals. Blank is 0. More decimals: the box `rounding` warns and the number is
+// rounded by Round_Half. No number: refused by `nonNumeric`.
+CellResult Validate_Numeric(std::string_view text, int places, const BoxText& nonNumeric,
+                            const BoxText& rounding = kTooSpecific);
+// The general routine of the forms: text or number as the column is.
+CellResult Validate_Cell(const GridColumn& column, std::string_view text);
+// The single-value form, of forms whose cells are of several kinds.
+CellResult Validate_Number(std::string_view text, int places);
+
+// The name of a cost center of the chart; nothing where the number is not in it. `text` is the number as typed.
+struct CostCenterEntry {
+    Currency number;
+    std::string name;
+};
+std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text);
+
+bool Is_Blank_Text(std::string_view text);
+
+}  // namespace tallmar

@@ -1,0 +1,150 @@
+// What a worksheet's form is, without a window: its rows and columns, what each cell takes, which cells are shut, how
+// rows come and go. The grid of the desktop and `enter` of the command line both work from these descriptions.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "common/currency.h"
+#include "common/db/database.h"
+#include "common/item.h"
+#include "common/text.h"
+#include "common/value.h"
+
+namespace tallmar {
+
+enum class CellKind : std::uint8_t {
+    Shown,   // never entered: line numbers, totals, what a calculation fills
+    Text,    // up to `limit` characters
+    Number,  // rounded to `limit` places; blank is 0
+    Own,     // the form's own check decides
+};
+
+// A column as the program knows it.
+struct FormColumn {
+    std::string_view field;
+    std::string_view number;  // of the head, up to 10 characters
+    std::string_view label;   // up to 100
+    CellKind kind = CellKind::Shown;
+    int limit = 0;
+    std::string_view format = {};
+};
+
+// A column as an open form has it; on B-1 they come from the chart.
+struct GridColumn {
+    std::string field, number, label, format;
+    CellKind kind = CellKind::Shown;
+    int limit = 0;
+    FieldType type = FieldType::Text;
+    int size = 0;         // characters that the table holds
+    bool hidden = false;  // not shown in this year
+    std::string tag;      // B-1: "ACCUM. COST", "[Source CC]", "[from CC_<n>]"
+};
+
+// A stop box: the cell keeps what it held.
+struct Refusal {
+    std::string title, text;
+};
+
+// What a check makes of a typed text: the value for the cell, and for further cells of the row that it fills (the name
+// beside a number), or the refusal.
+struct CellResult {
+    std::optional<Refusal> refusal;
+    Value value;
+    std::vector<std::pair<std::string, Value>> filled;
+};
+
+// One row while the cursor stands in it: the cells of the table, and over them what was entered since.
+class RowUnderEdit {
+  public:
+    RowUnderEdit() = default;
+    RowUnderEdit(Currency line, Row stored) : line_(line), stored_(std::move(stored)) {}
+    // 0 on a table without LineNum.
+    Currency Line() const { return line_; }
+    // False for a row that is still to be made.
+    bool Exists() const { return static_cast<bool>(stored_); }
+    const Value& operator[](std::string_view field) const {
+        const auto entered = entered_.find(field);
+        return entered == entered_.end() ? stored_[field] : entered->second;
+    }
+    // As the table holds it, whatever was entered since.
+    const Value& Stored(std::string_view field) const { return stored_[field]; }
+    void Set(std::string_view field, Value value) { entered_.insert_or_assign(std::string(field), std::move(value)); }
+    const std::map<std::string, Value, LessText>& Entered() const { return entered_; }
+
+  private:
+    Currency line_;
+    Row stored_;
+    std::map<std::string, Value, LessText> entered_;
+};
+
+// The cell that a rule is asked about.
+struct CellPlace {
+    const Item& item;
+    const GridColumn& column;
+    const RowUnderEdit& row;
+};
+
+// A pop-up list. An entry writes `value` into the cell, which then reads as `shown`.
+struct PopupEntry {
+    std::string_view control;  // "mnuY"
+    std::string_view caption;
+    std::string_view value;
+    std::string_view shown;
+};
+struct PopupList {
+    std::string_view name;  // "ButtonListYN"
+    std::span<const PopupEntry> entries;
+};
+
+// The fields of a row that Add makes, and what they start with: "LineNum, Col_4, Col_7" and "0, 0".
+struct NewRow {
+    std::string_view fields;
+    std::string_view values;
+};
+
+struct FormDescription {
+    std::string_view name;               // "frmEditA"
+    std::string_view where = {};         // the rows shown; empty: all
+    std::string_view order = "LineNum";  // empty: the table has no LineNum
+    std::span<const FormColumn> columns;
+    // Columns that hang on the report, behind the others.
+    std::vector<GridColumn> (*moreColumns)(const Item&) = nullptr;
+    bool (*hidden)(std::string_view field) = nullptr;
+
+    // A Null cell is a shaded one and takes nothing.
+    bool nullIsShaded = false;
+    bool (*locked)(const CellPlace&) = nullptr;
+    // Checks cells of kind Own. Boxes that only warn or ask are shown from here.
+    CellResult (*check)(const CellPlace&, std::string_view text) = nullptr;
+    // What holds the cursor in the row.
+    std::optional<Refusal> (*leaveRow)(const Item&, const RowUnderEdit&) = nullptr;
+    // After the row went into the table.
+    void (*rowStored)(const Item&, const RowUnderEdit&, std::span<const GridColumn>) = nullptr;
+    // As the form closes.
+    void (*closing)(const Item&) = nullptr;
+
+    // A line that is not there and could be made.
+    bool (*canMake)(Currency line) = nullptr;
+    NewRow newRow = {};
+    // cmdAdd, on the row of line `current` (0 without one): the line of the new row. Null: the button is not shown.
+    Currency (*add)(const Item&, Currency current) = nullptr;
+    // cmdDelete. Null: not shown.
+    void (*remove)(const Item&, Currency line) = nullptr;
+
+    // The list that opens over a cell; null where it has none.
+    const PopupList* (*popup)(const CellPlace&) = nullptr;
+    // The labels of the columns while the cursor is in a row; empty: the heads stay.
+    std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
+};
+
+// "SELECT * FROM A WHERE LineNum < 29 ORDER BY LineNum;"
+std::string Form_Query(const FormDescription& form, const Item& item);
+
+}  // namespace tallmar
