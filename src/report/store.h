@@ -8,8 +8,6 @@
 
 namespace tallmar {
 
-inline constexpr std::string_view kProgramTitle = "Tallmar 1728";
-
 // Opens the report at `path` and brings it to the present layout. False where the user kept the forms of another
 // report open, or the file cannot be used: a box then names the file and the trouble, the file is untouched, and no
 // report is open.
@@ -26,6 +24,8 @@ bool Report_Close();
 // killed close left behind goes. Nothing happens while no report is open.
 void Report_Release();
 bool Report_Is_Open();
+// Closes whatever `db` holds and leaves the window without a report.
+void Forget_Report();
 
 // A new empty database for CRFPath in `db`, in memory until Finish_CRF. False after the box "System Error".
 bool CreateCRF();
@@ -35,10 +35,5 @@ bool Finish_CRF();
 
 // Takes CRFPath, CRFDir and CRFTitle from `path`.
 void Take_Path(const std::string& path);
-// The window without and with a report: caption, labels, timer, welcome frame.
-void Show_No_Report();
-void Show_Report();
-// "<product title> Tallmar 1728 (version 1.0)", with " -- <CRFTitle>" behind it while a report is open.
-std::string Window_Caption();
 
 }  // namespace tallmar

@@ -39,6 +39,7 @@ class FakePlatform : public Platform {
     void Advance(int seconds);
 
     std::string programFolder = "no-program-folder";
+    std::string dataFolder;  // empty: nothing is kept
     bool closeFormsCancelled = false;  // what Close_All_Forms answers
     std::function<void()> onEvents;    // runs at each Do_Events; whoever waits for the clock needs an Advance here
 
@@ -81,6 +82,7 @@ class FakePlatform : public Platform {
     void Save_Setting(std::string_view application, std::string_view section, std::string_view key,
                       std::string_view value) override;
     std::string Program_Folder() override { return programFolder; }
+    std::string Data_Folder() override { return dataFolder; }
     void Set_Enabled(std::string_view control, bool on) override { enabled[std::string(control)] = on; }
     void Set_Visible(std::string_view control, bool on) override { visible[std::string(control)] = on; }
     void Set_Text(std::string_view control, std::string_view text) override { texts[std::string(control)] = text; }

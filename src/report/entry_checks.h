@@ -1,0 +1,36 @@
+// The identity of a report as a person keys it, and its checks.
+#pragma once
+
+#include <string>
+
+#include "common/value.h"
+
+namespace tallmar {
+
+// What the person keys. The checks rewrite the provider number and the dates in place.
+struct NewReportEntries {
+    std::string formNum = "1728";
+    std::string providerNumber;
+    std::string fyStart, fyEnd;  // dates as text; an empty end is a year after the start less a day
+    std::string facilityName;
+};
+// The entry that the focus returns to.
+enum class EntryField { None, ProviderNumber, FYStart, FYEnd, FacilityName };
+// The dates behind the entries, which may show two digits of the year only.
+struct FiscalYear {
+    Date start, end;
+};
+
+// How the dates are rewritten: for a new report, and in the identity editor.
+inline constexpr const char* kNewReportDates = "m/d/yy";
+inline constexpr const char* kEditKeyDates = "Short Date";
+
+// Tests the entries in order and stops at the first that fails, with its box. None: all is well, and `year` is set.
+EntryField Check_Entries(NewReportEntries& entries, const char* dateFormat, FiscalYear& year);
+// What an entry tells when the focus leaves it. A valid start date fills an empty end date.
+void Leave_FYStart(NewReportEntries& entries, const char* dateFormat);
+void Leave_FYEnd(NewReportEntries& entries, const char* dateFormat);
+// Of the identity editor.
+void Leave_ProviderNumber(NewReportEntries& entries);
+
+}  // namespace tallmar

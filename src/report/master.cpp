@@ -1,0 +1,79 @@
+#include "report/master.h"
+
+#include "common/db/sql_text.h"
+#include "common/platform.h"
+#include "common/variant.h"
+#include "report/open_report.h"
+#include "report/registry.h"
+#include "report/tables.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr FieldRow kMasterFields[] = {
+    {"BuildDate", FieldType::Date},    {"FormNum", FieldType::Text, 8},   {"ProviderNumber", FieldType::Text, 8},
+    {"FYStart", FieldType::Date},      {"FYEnd", FieldType::Date},        {"ProviderName", FieldType::Text, 36},
+    {"AllCCs", FieldType::Integer},    {"GenSvcCCs", FieldType::Integer}, {"CapitalCCs", FieldType::Integer},
+    {"EmpBenCCs", FieldType::Integer}, {"BSubTot1", FieldType::Memo},     {"BSubTot2", FieldType::Memo},
+    {"BSubTot3", FieldType::Memo},     {"B1SubTot", FieldType::Memo},
+};
+
+constexpr FieldRow kHeaderLineFields[] = {
+    {"LineNum", FieldType::Long},
+    {"LineText", FieldType::Text, 60},
+};
+constexpr int kHeaderLines = 3;
+
+}  // namespace
+
+void Build_Master() {
+    Append_Table("Master", kMasterFields);
+    Recordset master = db.OpenRecordset("Master", RecordsetType::Table);
+    master.AddNew();
+    master.Fields("BuildDate").Set(The_Platform().Now());
+    master.Fields("FormNum").Set(FormNum);
+    master.Fields("ProviderNumber").Set(ProviderNumber);
+    master.Fields("FYStart").Set(FYStart);
+    master.Fields("FYEnd").Set(FYEnd);
+    master.Fields("ProviderName").Set(ProviderName);
+    master.Update();
+    master.Close();
+}
+
+void Build_HeaderLines() {
+    Append_Table("HeaderLines", kHeaderLineFields);
+    for (int line = 1; line <= kHeaderLines; ++line) {
+        db.Execute(Sql("INSERT INTO HeaderLines (LineNum) VALUES (", line, ");"));
+    }
+    Edit_Worksheets("HeaderLines", "Make", kInternalLevel);
+}
+
+void Load_HeaderLines() {
+    std::string* const lines[] = {&HeaderLine1, &HeaderLine2, &HeaderLine3};
+    for (int line = 1; line <= kHeaderLines; ++line) {
+        std::string& text = *lines[line - 1];
+        text.clear();
+        try {
+            text = Nz_Str(db.Read_Row(Sql("SELECT LineText FROM HeaderLines WHERE LineNum = ", line, ";"))["LineText"]);
+        } catch (const DbError&) {  // an older report has no such table, and so no lines
+        }
+    }
+}
+
+bool Load_Master() {
+    try {
+        const Row master = db.Read_Row("SELECT FormNum, FYEnd, FYStart, ProviderName, ProviderNumber FROM Master;");
+        if (!master) return false;
+        FormNum = Nz_Str(master["FormNum"]);
+        FYEnd = master["FYEnd"].Is_Null() ? Date{} : master["FYEnd"].To_Date();
+        FYStart = master["FYStart"].Is_Null() ? Date{} : master["FYStart"].To_Date();
+        ProviderName = Nz_Str(master["ProviderName"]);
+        ProviderNumber = Nz_Str(master["ProviderNumber"]);
+        return true;
+    } catch (const DbError&) {
+        return false;
+    }
+}
+
+}  // namespace tallmar

@@ -1,0 +1,103 @@
+#include "report/message_log.h"
+
+#include "common/db/sql_text.h"
+#include "common/text.h"
+#include "common/variant.h"
+#include "report/open_report.h"
+#include "report/registry.h"
+#include "report/tables.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr FieldRow kErrLogFields[] = {
+    {"ErrLevel", FieldType::Text, 1},
+    {"ErrForm", FieldType::Text, 12},
+    {"ErrMessage", FieldType::Memo},
+};
+
+struct IconLevel {
+    int icon;
+    std::string_view level;
+};
+// In this order: the exclamation icon holds the bit of the stop icon.
+constexpr IconLevel kIconLevels[] = {{kStop, "E"}, {kInformation, "I"}, {kQuestion, "W"}};
+
+struct TitleLevel {
+    std::string_view word, level;
+};
+constexpr TitleLevel kTitleLevels[] = {{"ERROR", "E"}, {"WARNING", "W"}, {"INFO", "I"}};
+
+std::string_view Level_Of(int buttons, const std::string& title) {
+    for (const TitleLevel& row : kTitleLevels) {
+        if (title.find(row.word) != title.npos) return row.level;
+    }
+    for (const IconLevel& row : kIconLevels) {
+        if ((buttons & row.icon) != 0) return row.level;
+    }
+    return "I";
+}
+
+// The worksheet that a title names: "Error: Worksheet A-4 line 3" is about A-4.
+std::string Form_Of(std::string_view title) {
+    constexpr std::string_view kWorksheet = "WORKSHEET", kTable = "TABLE";
+    const std::string upper = To_Upper(title);
+    std::string_view form;
+    if (const std::size_t at = upper.find(kWorksheet); at != upper.npos) {
+        form = Trim(title.substr(std::min(at + kWorksheet.size() + 1, title.size())));
+    } else if (const std::size_t table = upper.find(kTable); table != upper.npos) {
+        form = title.substr(std::min(table + kTable.size() + 1, title.size()));
+    } else {
+        return "CRF";
+    }
+    return std::string(form.substr(0, form.find(' ')));
+}
+
+std::string Log_Table(std::string_view prefix) {
+    return std::string(prefix) + "ErrLog";
+}
+
+void Show_Log(std::string_view prefix) {
+    const std::string table = Log_Table(prefix);
+    TableDefs tables = db.TableDefs();
+    tables.Refresh();
+    if (!tables.Has(table)) return;
+    if (db.Read_Row(Sql("Select Count(ErrMessage) as Cnt From ", table, ";"))["Cnt"].To_Long() == 0) return;
+
+    std::vector<Platform::BatchMessage> messages;
+    Recordset rows =
+        db.OpenRecordset(Sql("Select * From ", table, " Order By ErrForm, ErrLevel;"), RecordsetType::Snapshot);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        messages.push_back({Nz_Str(rows["ErrLevel"]), Nz_Str(rows["ErrForm"]), Nz_Str(rows["ErrMessage"])});
+    }
+    rows.Close();
+    The_Platform().Show_Batch_Messages(Sql("The following messages were generated during the ", prefix, " process."),
+                                       messages);
+}
+
+}  // namespace
+
+void Start_Msg_Log(std::string_view prefix) {
+    TableExists(Log_Table(prefix), true);  // never registered, so an old log goes
+    Append_Table(Log_Table(prefix), kErrLogFields);
+    db.TableDefs().Refresh();
+    MsgLogPrefix = prefix;
+}
+
+void End_Msg_Log(std::string_view prefix, bool quiet) {
+    struct Release {
+        ~Release() { MsgLogPrefix.clear(); }
+    } release;
+    if (!quiet) Show_Log(prefix);
+}
+
+Answer Report_Msg(std::string_view prompt, int buttons, std::string_view title) {
+    if (MsgLogPrefix.empty()) return The_Platform().Message_Box(prompt, buttons, title);
+    const std::string_view level = Level_Of(buttons, To_Upper(title));
+    db.Execute(Sql("Insert INTO ", Log_Table(MsgLogPrefix), " (ErrLevel,ErrForm,ErrMessage) VALUES (\"", level,
+                   "\", \"", Form_Of(title), "\", \"", prompt, "\");"));
+    return Answer::None;
+}
+
+}  // namespace tallmar

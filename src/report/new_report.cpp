@@ -1,0 +1,137 @@
+#include "report/new_report.h"
+
+#include "common/dates.h"
+#include "common/platform.h"
+#include "common/text.h"
+#include "report/ag_option.h"
+#include "report/build_worksheet.h"
+#include "report/chart.h"
+#include "report/code_lists.h"
+#include "report/master.h"
+#include "report/message_log.h"
+#include "report/open_report.h"
+#include "report/paths.h"
+#include "report/registry.h"
+#include "report/run_log.h"
+#include "report/store.h"
+#include "report/window.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kLogPrefix = "NewCRF";
+
+bool Starts_Before_2000() {
+    return FYStart < kCostLimitsEnd;
+}
+bool Starts_With_S21() {
+    return FYStart >= kS21From;
+}
+
+// The worksheets of a new report, in the order of building. C Part II and the hospices come with what is entered.
+struct NewWorksheet {
+    const char* item;
+    bool (*belongs)() = nullptr;  // null: always
+};
+constexpr NewWorksheet kNewWorksheets[] = {
+    {"A"},
+    {"Sp2"},
+    {"S2"},
+    {"S21", Starts_With_S21},
+    {"S3p1"},
+    {"S3p2"},
+    {"S3p3"},
+    {"S3p4"},
+    {"A1", Starts_Before_2000},
+    {"A2", Starts_Before_2000},
+    {"A3", Starts_Before_2000},
+    {"A4"},
+    {"A5"},
+    {"A6pA"},
+    {"A6pB"},
+    {"A6pC"},
+    {"A7"},
+    {"A83p1", Starts_Before_2000},
+    {"A83p2", Starts_Before_2000},
+    {"A83p3", Starts_Before_2000},
+    {"A83p4", Starts_Before_2000},
+    {"A83p5", Starts_Before_2000},
+    {"B"},
+    {"B1"},
+    {"Cp1"},
+    {"Cp3"},
+    {"Cp4"},
+    {"Cp5"},
+    {"Dp1"},
+    {"Dp2"},
+    {"D1"},
+    {"F"},
+    {"F1"},
+    {"F2"},
+};
+
+void Assemble(const NewReportEntries& entries, const FiscalYear& year) {
+    Start_Msg_Log(kLogPrefix);
+    Build_Worksheets();
+    Build_Log();
+    FormNum = Left(entries.formNum, 4);
+    FYStart = year.start;
+    FYEnd = year.end;
+    ProviderNumber = entries.providerNumber;
+    ProviderName = entries.facilityName;
+    Build_Master();
+    Build_HeaderLines();
+    Build_CC();
+    for (const NewWorksheet& worksheet : kNewWorksheets) {
+        if (worksheet.belongs != nullptr && !worksheet.belongs()) continue;
+        Build_Worksheet_Reported(worksheet.item);
+        The_Platform().Do_Events();
+    }
+}
+
+bool Make_File(const NewReportEntries& entries, const FiscalYear& year) {
+    if (!CreateCRF()) return false;
+    try {
+        Assemble(entries, year);
+    } catch (const std::exception& error) {
+        The_Platform().Message_Box(error.what(), kStop, "System Error");
+        return false;
+    }
+    return Finish_CRF();
+}
+
+}  // namespace
+
+bool Create_CRF(const NewReportEntries& entries, const FiscalYear& year) {
+    const std::string folder = Dialog_Folder();
+    const auto path = The_Platform().Save_File(
+        {folder, folder + "\\*.CRF", "Name New Cost Report File (CRF)", ".CRF", "Cost Report Files (*.CRF)|*.CRF"});
+    return path && Create_CRF(*path, entries, year);
+}
+
+bool Create_CRF(const std::string& path, const NewReportEntries& entries, const FiscalYear& year) {
+    Platform& window = The_Platform();
+    Take_Path(path);
+    window.Set_Visible("frmCreateNewCRF", false);
+    window.Hourglass(true);
+    window.Set_Text("frmMain", Window_Caption());
+    const bool made = Make_File(entries, year);
+    if (made) {
+        Show_Report();
+        Load_MSA();
+        Load_AGOption();
+    } else {
+        Forget_Report();
+    }
+    window.Hourglass(false);
+    if (made) End_Msg_Log(kLogPrefix);
+    return made;
+}
+
+bool Create_CRF(const std::string& path, NewReportEntries entries) {
+    FiscalYear year;
+    return Check_Entries(entries, kNewReportDates, year) == EntryField::None && Create_CRF(path, entries, year);
+}
+
+}  // namespace tallmar

@@ -1,0 +1,13 @@
+#include "report/tables.h"
+
+#include "report/open_report.h"
+
+namespace tallmar {
+
+void Append_Table(std::string_view name, std::span<const FieldRow> fields) {
+    TableDef table = db.CreateTableDef(name);
+    for (const FieldRow& field : fields) table.Fields_Append(table.CreateField(field.name, field.type, field.size));
+    db.TableDefs().Append(table);
+}
+
+}  // namespace tallmar

@@ -1,0 +1,62 @@
+#include "report/window.h"
+
+#include <fstream>
+
+#include "common/platform.h"
+#include "common/text.h"
+#include "report/open_report.h"
+#include "report/paths.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kReportControls[] = {"lblHelp", "lblCRFName", "picLogo"};
+
+}  // namespace
+
+void Load_ProductTitle() {
+    std::ifstream file(Native_Path(The_Platform().Program_Folder() + "/PrtTitle.txt"));
+    std::string line;
+    std::getline(file, line);
+    while (!line.empty() && line.back() == '\r') line.pop_back();
+    if (!line.empty()) ProductTitle = line;
+}
+
+std::string Window_Caption() {
+    std::string version = TALLMAR_VERSION;
+    version.resize(version.rfind('.'));
+    std::string caption = ProductTitle + " " + std::string(kProgramTitle) + " (version " + version + ")";
+    if (!CRFPath.empty()) caption += " -- " + CRFTitle;
+    return caption;
+}
+
+void Show_Caption() {
+    The_Platform().Set_Text("frmMain", Window_Caption());
+    The_Platform().Set_Text("lblCRFName", CRFPath);
+    The_Platform().Set_Enabled("mnuReportSubmit", false);
+}
+
+void Show_No_Report() {
+    Platform& window = The_Platform();
+    window.Set_Text("tmrMain.Tag", "Stopped");
+    window.Progress("");
+    Show_Caption();
+    window.Set_Visible("fraWelcome", true);
+    for (const std::string_view control : kReportControls) window.Set_Visible(control, false);
+    window.Refresh_Menus();
+}
+
+void Show_Report() {
+    Platform& window = The_Platform();
+    window.Set_Visible("lblCRFName", true);
+    window.Set_Visible("picLogo", true);
+    window.Set_Text("tmrMain.Tag", "");
+    window.Set_Text("tmrMain.Interval", "100");
+    window.Set_Enabled("tmrMain", true);
+    window.Set_Text("lblCRFName", CRFPath);
+    window.Set_Visible("fraWelcome", false);
+    window.Set_Enabled("mnuReportSubmit", false);
+}
+
+}  // namespace tallmar
