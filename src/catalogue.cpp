@@ -8,6 +8,8 @@
 #include "calc/w_a5.h"
 #include "calc/w_a6.h"
 #include "calc/w_a7.h"
+#include "calc/w_b.h"
+#include "calc/w_b1.h"
 #include "calc/w_s2.h"
 #include "calc/w_s21.h"
 #include "calc/w_s3.h"
@@ -42,6 +44,10 @@ constexpr std::array kFamilies{
     WorksheetFamily{"A6pB", 0, Only<Build_A6pB>, Only<Calc_A6pB>, nullptr, nullptr},
     WorksheetFamily{"A6pC", 0, Only<Build_A6pC>, nullptr, nullptr, nullptr},
     WorksheetFamily{"A7", 0, Only<Build_A7>, Only<Calc_A7>, nullptr, nullptr},
+    WorksheetFamily{"B", 0, Only<Build_B>, nullptr, nullptr, nullptr},
+    WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, nullptr, nullptr},
+    WorksheetFamily{"B1X", 999, Only<Build_B1X>, nullptr, nullptr, nullptr},
+    WorksheetFamily{"StatLinks", 999, Only<Build_StatLinks>, nullptr, nullptr, nullptr},
     WorksheetFamily{"Sp2", 11, Only<Build_Sp2>, Only<Calc_Sp2>, nullptr, nullptr},
     WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, nullptr, nullptr},
     WorksheetFamily{"S21", 0, Only<Build_S21>, Only<Calc_S21>, nullptr, nullptr},

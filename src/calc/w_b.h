@@ -1,0 +1,13 @@
+// Worksheet B: net expenses by cost center, and the whole dollars that each general service cost center passes to the
+// lines below it. A column is Null above its cost center's own line. Line 29 is the total. Calc_B1 fills it.
+#pragma once
+
+namespace tallmar {
+
+// The table from the chart, filled. A chart without capital cost centers is reported, and the build goes on.
+// Throws DbError: TableExists, UnknownField where a general service cost center of line 6 or above has no column.
+void Build_B();
+// The rows of an empty B from the chart: 0 wherever an amount can come to stand, Null elsewhere.
+void Fill_B();
+
+}  // namespace tallmar
