@@ -39,7 +39,7 @@ class FakePlatform : public Platform {
     void Advance(int seconds);
 
     std::string programFolder = "no-program-folder";
-    std::string dataFolder;  // empty: nothing is kept
+    std::string dataFolder;            // empty: nothing is kept
     bool closeFormsCancelled = false;  // what Close_All_Forms answers
     std::function<void()> onEvents;    // runs at each Do_Events; whoever waits for the clock needs an Advance here
 

@@ -1,0 +1,137 @@
+#!/usr/bin/env bash
+# The rules of the house, one line each: OK or FAIL with the places. Ends with 1 where one fails.
+#   scripts/lint.sh [CHECK ...]     all checks, or the ones named: see `checks` below
+set -uo pipefail
+cd "$(dirname "$0")/.." || exit 1
+# shellcheck source=/dev/null
+. scripts/packages.sh
+
+checks=(floors qt sqlite platform headers length format words)
+
+# Floors, lowest first; folders of one number may see each other. A file includes from its own floor or lower ones.
+floors() {
+    cat <<'END'
+0 common
+1 common/db
+2 report
+3 calc
+4 hospice
+4 structure
+5 print
+5 editchecks
+6 ecr
+6 import
+7 screens
+8 .
+9 screens/edit
+9 screens/view
+10 shell
+10 cli
+END
+}
+
+# Over 600 lines, with the reason.
+long_files() {
+    cat <<'END'
+END
+}
+
+if git rev-parse --is-inside-work-tree >/dev/null 2>&1; then
+    mapfile -t files < <(git ls-files --cached --others --exclude-standard | while read -r f; do [ -f "$f" ] && echo "$f"; done)
+else
+    mapfile -t files < <(find . -name build -prune -o -name '.git' -prune -o -type f -printf '%P\n' | sort)
+fi
+# of REGEX: the files whose path it matches.
+of() { printf '%s\n' "${files[@]}" | grep -E "$1"; }
+# lines_with REGEX [FILE ...]: "file:line:text" of every match; comments of a line's end do not count.
+lines_with() {
+    local regex=$1
+    shift
+    [ $# -eq 0 ] && return 0
+    awk -v regex="$regex" '{ code = $0; sub(/(^|[^:])\/\/.*/, "", code); if (code ~ regex) print FILENAME ":" FNR ":" $0 }' "$@"
+}
+code=$(mktemp -d)
+trap 'rm -rf "$code"' EXIT
+
+# Each check prints the places that break it, and nothing where all is well.
+check_floors() {
+    mapfile -t sources < <(of '^src/.*\.(h|cpp)$')
+    floors >"$code/floors"
+    awk -v table="$code/floors" '
+        function folder(path) { return sub(/\/[^\/]*$/, "", path) ? path : "." }
+        BEGIN { while ((getline line < table) > 0) { split(line, part, " "); rank[part[2]] = part[1] } }
+        /^[ \t]*#[ \t]*include[ \t]*"/ {
+            name = $0; sub(/^[^"]*"/, "", name); sub(/".*/, "", name)
+            own = FILENAME; sub(/^src\//, "", own); own = folder(own); other = folder(name)
+            if (!(own in rank)) print FILENAME ": folder of no floor"
+            else if (!(other in rank)) print FILENAME ":" FNR ": \"" name "\" is on no floor"
+            else if (rank[other] + 0 > rank[own] + 0) print FILENAME ":" FNR ": \"" name "\" is on a higher floor"
+        }' "${sources[@]}"
+}
+
+check_qt() {
+    mapfile -t sources < <(of '^src/.*\.(h|cpp)$' | grep -Ev '^src/(screens/(edit|view)|shell)/')
+    lines_with '#[ \t]*include[ \t]*<Q(t|[A-Z])' "${sources[@]}"
+}
+
+check_sqlite() {
+    mapfile -t sources < <(of '^(src|tests|bench)/.*\.(h|cpp)$' | grep -Ev '^(src|tests)/common/db/')
+    lines_with '#[ \t]*include[ \t]*[<"]sqlite3' "${sources[@]}"
+}
+
+# Only a Platform asks the time, reads a setting or the environment, or shows a box.
+check_platform() {
+    mapfile -t sources < <(of '^(src|tests)/.*\.(h|cpp)$' | grep -Ev '^src/(shell|cli)/[a-z_]*platform[a-z_]*\.(h|cpp)$')
+    lines_with '(^|[^A-Za-z0-9_])((std::)?time\((NULL|nullptr|0|&)|system_clock|(secure_)?getenv|gettimeofday|clock_gettime|localtime|QSettings|QMessageBox|QDateTime::current|QDate::current|QTime::current)' \
+        "${sources[@]}"
+}
+
+check_headers() {
+    local flags=() qt
+    if qt=$(pkg-config --cflags Qt6Widgets 2>/dev/null); then
+        read -ra flags <<<"$qt -fPIC"
+        mapfile -t headers < <(of '^(src|tests)/.*\.h$')
+    else
+        mapfile -t headers < <(of '^(src|tests)/.*\.h$' | grep -Ev '^src/(screens/(edit|view)|shell)/')
+    fi
+    printf '%s\n' "${headers[@]}" |
+        xargs -P 2 -I{} sh -c 'header=$1; shift
+            g++ -std=c++20 -fsyntax-only -Wall -Wextra -Isrc -Itests "$@" -include "$header" -x c++ /dev/null 2>&1 |
+                grep -E "error|warning" | head -n 3' -- {} "${flags[@]}"
+}
+
+check_length() {
+    mapfile -t sources < <(of '^(src|tests|bench|scripts|cmake)/.*\.(h|cpp|sh|cmake)$')
+    wc -l "${sources[@]}" | awk '$1 > 600 && $2 != "total" { print $2 ": " $1 " lines" }' |
+        grep -vFf <(long_files | awk '{ print $1 ":" }')
+}
+
+check_format() {
+    mapfile -t sources < <(of '^(src|tests|bench)/.*\.(h|cpp)$')
+    clang-format --dry-run -Werror "${sources[@]}" 2>&1 | awk -F: '/ error: / && !seen[$1]++ { print $1 ": not formatted" }'
+}
+
+# Texts name the form and the system, never the papers or the place that they were written from.
+check_words() {
+    local words='s[p]ec\.md|the s[p]ec(ification)?\b|\bParts? [0-9]+\.[0-9]+|s[u]b-?agent|(^|[^A-Za-z0-9_.])/w[o]rk/'
+    grep -nIiE "$words" "${files[@]}"
+    printf '%s\n' "${files[@]}" | grep -iE "$words"
+}
+
+need_packages g++ clang-format git || exit 1
+failed=0
+for check in "${@:-${checks[@]}}"; do
+    if ! declare -F "check_$check" >/dev/null; then
+        echo "There is no check $check. There are: ${checks[*]}" >&2
+        exit 2
+    fi
+    places=$("check_$check")
+    if [ -z "$places" ]; then
+        echo "OK   $check"
+    else
+        echo "FAIL $check"
+        sed 's/^/     /' <<<"$places"
+        failed=1
+    fi
+done
+exit $failed
