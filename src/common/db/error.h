@@ -13,12 +13,15 @@ enum class DbErrorCode : int {
     Overflow = 6,
     DivisionByZero = 11,
     TypeMismatch = 13,
-    SyntaxError = 3075,         // the statement is outside the dialect; the text names the place
+    SyntaxError = 3075,  // the statement is outside the dialect; the text names the place
     UnknownTable = 3078,
     UnknownField = 3061,
     AmbiguousField = 3079,
     UnknownFunction = 3085,
     WrongArguments = 3071,
+    ValueCount = 3346,  // as many values as fields are needed
+    NotGrouped = 3122,  // a field that is neither grouped nor summed
+    TooComplex = 3360,  // nested too deep, or too long
     TableExists = 3010,
     FieldExists = 3191,
     IndexExists = 3284,
@@ -28,17 +31,17 @@ enum class DbErrorCode : int {
     TextTooLong = 3163,
     NotUpdatable = 3027,
     NoCurrentRecord = 3021,
-    NoEdit = 3020,              // Update or a field's value set without AddNew or Edit
-    ItemNotFound = 3265,        // no such field in a recordset
+    NoEdit = 3020,        // Update or a field's value set without AddNew or Edit
+    ItemNotFound = 3265,  // no such field in a recordset
     InvalidOperation = 3219,
     DatabaseClosed = 3420,
-    NotADatabase = 3343,        // no report file, or damaged
+    NotADatabase = 3343,  // no report file, or damaged
     CannotOpen = 3024,
     ReadOnly = 3073,
     Locked = 3045,
     DiskFull = 3026,
     DiskError = 3043,
-    Engine = 3000,              // anything else that the engine says
+    Engine = 3000,  // anything else that the engine says
 };
 
 class DbError : public std::runtime_error {

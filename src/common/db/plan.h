@@ -15,7 +15,7 @@ namespace tallmar {
 
 // How a value stands in SQLite. Currency is the amount x 10 000 as INTEGER, Date the serial as REAL, Boolean -1 or 0,
 // Text UTF-8; Integer stands for Byte, Integer and Long; Double for Single and Double.
-enum class Rep : std::uint8_t { Null, Boolean, Integer, Currency, Double, Date, Text };
+enum class Rep : std::uint8_t { None, Boolean, Integer, Currency, Double, Date, Text };
 
 // A literal of a statement, lifted out of its text.
 struct Literal {
@@ -27,7 +27,7 @@ struct Literal {
         Date = 'D',
     };
     Kind kind = Kind::Integer;
-    Value value;  // Long; for Decimal the Currency; Double; text; Date
+    Value value;        // Long; for Decimal the Currency; Double; text; Date
     double number = 0;  // of Integer, Decimal and Double
 };
 
@@ -48,7 +48,7 @@ struct Param {
     };
     From from = From::Literal;
     int index = 0;
-    Rep rep = Rep::Null;
+    Rep rep = Rep::None;
 };
 
 struct SqliteText {

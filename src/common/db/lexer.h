@@ -1,0 +1,64 @@
+// The tokens of the dialect. One lexer serves both roads: lifting literals out of a statement, and parsing it.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "common/db/plan.h"
+
+namespace tallmar {
+
+enum class TokenKind : std::uint8_t { Word, Name, Number, Text, Date, Sign, End };
+
+struct Token {
+    TokenKind kind = TokenKind::End;
+    bool blankBefore = false;
+    std::string_view text;   // as it stands; of Name, Text and Date what is between the marks, doubled quotes and all
+    std::size_t offset = 0;  // where it begins, with its marks
+    std::size_t end = 0;     // and where the next may begin
+};
+
+// Reads a statement from left to right. Views into the statement, which must outlive the tokens.
+// Throws DbError(SyntaxError) with the place on a character that the dialect has not and on a mark left open.
+class Lexer {
+  public:
+    explicit Lexer(std::string_view statement) : statement_(statement) {}
+    Token Next();
+
+  private:
+    Token Between(TokenKind kind, char close, bool doubles);
+    Token Number();
+    [[noreturn]] void Fail(std::size_t offset) const;
+
+    std::string_view statement_;
+    std::size_t at_ = 0;
+};
+
+// Which literals leave the text of a statement. Those that shape the plan stay: the count behind TOP, and all of a
+// CREATE statement. Tokens must be shown one by one.
+class LiftRule {
+  public:
+    bool Lifts(const Token& token);
+
+  private:
+    bool first_ = true;
+    bool keepsAll_ = false;
+    bool afterTop_ = false;
+};
+
+// The value of a Number, Text or Date token. Throws DbError(SyntaxError) on a date that is none.
+Literal Literal_Of(const Token& token, std::string_view statement);
+
+// Without regard to case, ASCII letters only; `keyword` in upper case.
+bool Is_Keyword(std::string_view word, std::string_view keyword);
+constexpr bool Is_Word_Start(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+}
+constexpr bool Is_Digit(char c) {
+    return c >= '0' && c <= '9';
+}
+constexpr bool Is_Word_Part(char c) {
+    return Is_Word_Start(c) || Is_Digit(c);
+}
+
+}  // namespace tallmar
