@@ -71,7 +71,9 @@ constexpr NewWorksheet kNewWorksheets[] = {
     {"F2"},
 };
 
-void Assemble(const NewReportEntries& entries, const FiscalYear& year) {
+}  // namespace
+
+void Assemble_CRF(const NewReportEntries& entries, const FiscalYear& year) {
     Start_Msg_Log(kLogPrefix);
     Build_Worksheets();
     Build_Log();
@@ -90,10 +92,12 @@ void Assemble(const NewReportEntries& entries, const FiscalYear& year) {
     }
 }
 
+namespace {
+
 bool Make_File(const NewReportEntries& entries, const FiscalYear& year) {
     if (!CreateCRF()) return false;
     try {
-        Assemble(entries, year);
+        Assemble_CRF(entries, year);
     } catch (const std::exception& error) {
         The_Platform().Message_Box(error.what(), kStop, "System Error");
         return false;

@@ -14,5 +14,7 @@ bool Create_CRF(const NewReportEntries& entries, const FiscalYear& year);
 bool Create_CRF(const std::string& path, const NewReportEntries& entries, const FiscalYear& year);
 // The checks first.
 bool Create_CRF(const std::string& path, NewReportEntries entries);
+// The tables of a new report, in the empty `db` that CreateCRF opened. Begins the log "NewCRF" and leaves it running.
+void Assemble_CRF(const NewReportEntries& entries, const FiscalYear& year);
 
 }  // namespace tallmar
