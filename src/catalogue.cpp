@@ -15,6 +15,7 @@
 #include "calc/w_s3.h"
 #include "calc/w_sp2.h"
 #include "calc/worksheet.h"
+#include "screens/forms.h"
 
 namespace tallmar {
 
@@ -34,27 +35,27 @@ void Until_Cost_Limits_End(const Item& item) {
 
 // In the order in which a key is looked up.
 constexpr std::array kFamilies{
-    WorksheetFamily{"A", 4, Only<Build_A>, Only<Calc_A>, nullptr, nullptr},
-    WorksheetFamily{"A1", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, nullptr, nullptr},
-    WorksheetFamily{"A2", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, nullptr, nullptr},
-    WorksheetFamily{"A3", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, nullptr, nullptr},
-    WorksheetFamily{"A4", 0, Only<Build_A4>, Only<Calc_A4>, nullptr, nullptr},
-    WorksheetFamily{"A5", 3, Only<Build_A5>, Only<Calc_A5>, nullptr, nullptr},
-    WorksheetFamily{"A6pA", 0, Only<Build_A6pA>, nullptr, nullptr, nullptr},
-    WorksheetFamily{"A6pB", 0, Only<Build_A6pB>, Only<Calc_A6pB>, nullptr, nullptr},
-    WorksheetFamily{"A6pC", 0, Only<Build_A6pC>, nullptr, nullptr, nullptr},
-    WorksheetFamily{"A7", 0, Only<Build_A7>, Only<Calc_A7>, nullptr, nullptr},
-    WorksheetFamily{"B", 0, Only<Build_B>, nullptr, nullptr, nullptr},
-    WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, nullptr, nullptr},
+    WorksheetFamily{"A", 4, Only<Build_A>, Only<Calc_A>, &kEditA, &kViewA},
+    WorksheetFamily{"A1", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, &kEditA1, &kViewA1},
+    WorksheetFamily{"A2", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, &kEditA2, &kViewA2},
+    WorksheetFamily{"A3", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, &kEditA3, &kViewA3},
+    WorksheetFamily{"A4", 0, Only<Build_A4>, Only<Calc_A4>, &kEditA4, &kViewA4},
+    WorksheetFamily{"A5", 3, Only<Build_A5>, Only<Calc_A5>, &kEditA5, &kViewA5},
+    WorksheetFamily{"A6pA", 0, Only<Build_A6pA>, nullptr, &kEditA6pA, &kViewA6pA},
+    WorksheetFamily{"A6pB", 0, Only<Build_A6pB>, Only<Calc_A6pB>, &kEditA6pB, &kViewA6pB},
+    WorksheetFamily{"A6pC", 0, Only<Build_A6pC>, nullptr, &kEditA6pC, &kViewA6pC},
+    WorksheetFamily{"A7", 0, Only<Build_A7>, Only<Calc_A7>, &kEditA7, &kViewA7},
+    WorksheetFamily{"B", 0, Only<Build_B>, nullptr, nullptr, &kViewB},
+    WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, &kEditB1, &kViewB1},
     WorksheetFamily{"B1X", 999, Only<Build_B1X>, nullptr, nullptr, nullptr},
     WorksheetFamily{"StatLinks", 999, Only<Build_StatLinks>, nullptr, nullptr, nullptr},
-    WorksheetFamily{"Sp2", 11, Only<Build_Sp2>, Only<Calc_Sp2>, nullptr, nullptr},
-    WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, nullptr, nullptr},
-    WorksheetFamily{"S21", 0, Only<Build_S21>, Only<Calc_S21>, nullptr, nullptr},
-    WorksheetFamily{"S3p1", 0, Only<Build_S3p1>, Only<Calc_S3p1>, nullptr, nullptr},
-    WorksheetFamily{"S3p2", 0, Only<Build_S3p2>, Only<Calc_S3p2>, nullptr, nullptr},
-    WorksheetFamily{"S3p3", 0, Only<Build_S3p3>, Only<Calc_S3p3>, nullptr, nullptr},
-    WorksheetFamily{"S3p4", 0, Only<Build_S3p4>, Only<Calc_S3p4>, nullptr, nullptr},
+    WorksheetFamily{"Sp2", 11, Only<Build_Sp2>, Only<Calc_Sp2>, nullptr, &kViewSp2},
+    WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, &kEditS2, &kViewS2},
+    WorksheetFamily{"S21", 0, Only<Build_S21>, Only<Calc_S21>, &kEditS21, &kViewS21},
+    WorksheetFamily{"S3p1", 0, Only<Build_S3p1>, Only<Calc_S3p1>, &kEditS3p1, &kViewS3p1},
+    WorksheetFamily{"S3p2", 0, Only<Build_S3p2>, Only<Calc_S3p2>, &kEditS3p2, &kViewS3p2},
+    WorksheetFamily{"S3p3", 0, Only<Build_S3p3>, Only<Calc_S3p3>, &kEditS3p3, &kViewS3p3},
+    WorksheetFamily{"S3p4", 0, Only<Build_S3p4>, Only<Calc_S3p4>, &kEditS3p4, &kViewS3p4},
 };
 
 }  // namespace

@@ -31,6 +31,8 @@ inline constexpr BoxText kTooSpecific{
     "Too Specific Numeric Entry",
     "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
     "<places> digits to the right of the decimal point.  Your entry or modification is being rounded."};
+inline constexpr BoxText kInvalidCostCenter{"Error: Invalid Entry",
+                                            "Invalid Cost Center, entries must be a valid Cost Center Number."};
 inline constexpr BoxText kTooLarge{
     "Number Too Large",
     "You're attempting to enter invalid data ['<text>'].  The number is larger than the cell can hold.  Your entry or "
@@ -61,12 +63,15 @@ CellResult Validate_Cell(const GridColumn& column, std::string_view text);
 // The single-value form, of forms whose cells are of several kinds.
 CellResult Validate_Number(std::string_view text, int places);
 
-// The name of a cost center of the chart; nothing where the number is not in it. `text` is the number as typed.
 struct CostCenterEntry {
     Currency number;
     std::string name;
 };
+// The cost center of the chart that a typed number names; nothing where there is none.
 std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text);
+// A cost center number, which fills its name into `nameField`. A blank empties both.
+CellResult Validate_Cost_Center(std::string_view text, std::string_view nameField,
+                                const BoxText& invalid = kInvalidCostCenter);
 
 bool Is_Blank_Text(std::string_view text);
 

@@ -14,7 +14,8 @@ namespace tallmar {
 // questions have been shown by then.
 struct CellOutcome {
     bool stored = true;
-    std::string title, text;  // of the stop box that refused it
+    std::string title, text;  // of the box that refused it
+    bool shown = false;       // the box was a question, and has been answered
 };
 
 // Beeps and shows the stop box of a cell that was refused.

@@ -47,9 +47,10 @@ struct GridColumn {
     std::string tag;      // B-1: "ACCUM. COST", "[Source CC]", "[from CC_<n>]"
 };
 
-// A stop box: the cell keeps what it held.
+// The cell keeps what it held. A stop box says so, or a question that was asked already.
 struct Refusal {
     std::string title, text;
+    bool shown = false;
 };
 
 // What a check makes of a typed text: the value for the cell, and for further cells of the row that it fills (the name
@@ -117,6 +118,7 @@ struct FormDescription {
     // Columns that hang on the report, behind the others.
     std::vector<GridColumn> (*moreColumns)(const Item&) = nullptr;
     bool (*hidden)(std::string_view field) = nullptr;
+    bool readOnly = false;  // a view form
 
     // A Null cell is a shaded one and takes nothing.
     bool nullIsShaded = false;

@@ -1,0 +1,186 @@
+#include "screens/answer_cells.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/dates.h"
+#include "common/format.h"
+#include "common/numbers.h"
+#include "common/platform.h"
+#include "screens/cell_check.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kTitle = "Entry Error";
+
+constexpr BoxText kNumericOnly{kTitle, "This field accepts numeric data only."};
+constexpr BoxText kRounded{
+    kTitle,
+    "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
+    "zero digits to the right of the decimal point.  Your entry or modification is being rounded."};
+constexpr BoxText kControlRange{kTitle, "Valid types of controls are one(1) through thirteen(13)."};
+constexpr BoxText kOptionRange{kTitle, "Valid types of controls are zero(0), one(1) or two(2)."};
+constexpr BoxText kTooEarly{kTitle, "Certification Dates must be on or after 7/1/1966."};
+constexpr BoxText kNoDate{kTitle, "Invalid date"};
+constexpr BoxText kNoValidDate{kTitle, "Enter a valid date."};
+constexpr BoxText kStateLength{kTitle, "Please only use the two character state code."};
+constexpr BoxText kZipForm{kTitle, "Zip code must be formated XXXXX or XXXXX-XXXXX"};
+constexpr BoxText kYesOrNo{kTitle, "Please enter Y or N."};
+constexpr BoxText kLowOrNo{kTitle, "Please enter L or N."};
+constexpr BoxText kVoluntaryOrNot{kTitle, "Please enter V or I."};
+constexpr BoxText kStatementKind{kTitle, "Please enter A, C or R."};
+
+constexpr Date kFirstCertification{24289};  // 7/1/1966
+constexpr int kControlTypes = 13;
+constexpr int kOptions = 2;
+
+constexpr std::array kYesNo{
+    PopupEntry{"mnuY", "Yes", "Y", "Yes"},
+    PopupEntry{"mnuN", "No", "N", "No"},
+};
+constexpr std::array kLowNo{
+    PopupEntry{"mnu9_1", "Low", "L", "Low"},
+    PopupEntry{"mnu9_2", "No", "N", "No"},
+};
+constexpr std::array kVoluntary{
+    PopupEntry{"mnuV", "Voluntary", "V", "Voluntary"},
+    PopupEntry{"mnuI", "Involuntary", "I", "Involuntary"},
+};
+constexpr std::array kStatements{
+    PopupEntry{"mnuOptionA", "Audited", "A", "Audited"},
+    PopupEntry{"mnuOptionC", "Compiled", "C", "Compiled"},
+    PopupEntry{"mnuOptionR", "Reviewed", "R", "Reviewed"},
+};
+// The first character of a caption would not tell 10 to 13 from 1.
+constexpr std::array kControls{
+    PopupEntry{"mnu8_1", "1 Voluntary Nonprofit - Church", "1", "1"},
+    PopupEntry{"mnu8_2", "2 Voluntary Nonprofit - Other", "2", "2"},
+    PopupEntry{"mnu8_3", "3 Proprietary - Sole Proprietor", "3", "3"},
+    PopupEntry{"mnu8_4", "4 Proprietary - Partnership", "4", "4"},
+    PopupEntry{"mnu8_5", "5 Proprietary - Corporation", "5", "5"},
+    PopupEntry{"mnu8_6", "6 Private Nonprofit", "6", "6"},
+    PopupEntry{"mnu8_7", "7 Governmental And Private Combination", "7", "7"},
+    PopupEntry{"mnu8_8", "8 Governmental - Federal", "8", "8"},
+    PopupEntry{"mnu8_9", "9 Governmental - State", "9", "9"},
+    PopupEntry{"mnu8_10", "10 Governmental - City", "10", "10"},
+    PopupEntry{"mnu8_11", "11 Governmental - City-County", "11", "11"},
+    PopupEntry{"mnu8_12", "12 Governmental - County", "12", "12"},
+    PopupEntry{"mnu8_13", "13 Governmental - Health District", "13", "13"},
+};
+constexpr std::array kAGOptions{
+    PopupEntry{"mnuOption0", "0 Not Componentized", "0", "0"},
+    PopupEntry{"mnuOption1", "1 Option One", "1", "1"},
+    PopupEntry{"mnuOption2", "2 Option Two", "2", "2"},
+};
+
+// The kinds that have a list, and the box of those that take nothing else.
+struct AnswerList {
+    AnswerKind kind;
+    PopupList popup;
+    const BoxText* refused;  // null: the list only helps
+};
+constexpr std::array kLists{
+    AnswerList{AnswerKind::YesNo, {"ButtonListYN", kYesNo}, &kYesOrNo},
+    AnswerList{AnswerKind::LowNo, {"ButtonList9", kLowNo}, &kLowOrNo},
+    AnswerList{AnswerKind::VoluntaryInvoluntary, {"ButtonList2", kVoluntary}, &kVoluntaryOrNot},
+    AnswerList{AnswerKind::Statement, {"ButtonList4", kStatements}, &kStatementKind},
+    AnswerList{AnswerKind::ControlType, {"ButtonList8", kControls}, nullptr},
+    AnswerList{AnswerKind::SplitOption, {"ButtonList26", kAGOptions}, nullptr},
+};
+
+// The letter or the whole word.
+CellResult Check_List(const AnswerList& list, std::string_view text) {
+    for (const PopupEntry& entry : list.popup.entries) {
+        if (Same_Text(text, entry.value) || Same_Text(text, entry.caption)) return Accept(entry.value);
+    }
+    return Refuse(*list.refused);
+}
+
+CellResult Check_Whole(std::string_view text, double low, double high, const BoxText* range) {
+    const std::optional<double> number = Parse_Amount(text);
+    if (!number) return Refuse(kNumericOnly);
+    const double whole = Round_Half(*number, 0);
+    if (range != nullptr && (whole < low || whole > high)) return Refuse(*range);
+    CellResult result = Validate_Numeric(text, 0, kNumericOnly, kRounded);
+    result.value = Number_Text(whole == 0 ? 0.0 : result.value.To_Double());
+    return result;
+}
+
+CellResult Check_Date(std::string_view text, const BoxText& noDate) {
+    const std::optional<Date> date = Parse_Date(text);
+    if (!date) return Refuse(noDate);
+    return Accept(Format(*date, "mm/dd/yyyy"));
+}
+
+CellResult Check_Certification(std::string_view text) {
+    const std::optional<Date> date = Parse_Date(text);
+    if (date && *date < kFirstCertification) return Refuse(kTooEarly);
+    return Check_Date(text, kNoDate);
+}
+
+bool All_Digits(std::string_view text) {
+    return text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// The code must stand as the electronic report writes it: five digits, or five and four behind a hyphen.
+bool Is_Zip(std::string_view text) {
+    if (text == "00000-0000") return false;
+    if (text.size() == 5) return All_Digits(text);
+    return text.size() == 10 && text[5] == '-' && All_Digits(text.substr(0, 5)) && All_Digits(text.substr(6));
+}
+
+const AnswerList* Find_List(AnswerKind kind) {
+    const auto found = std::ranges::find(kLists, kind, &AnswerList::kind);
+    return found == kLists.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+const AnswerCell* Find_Answer(std::span<const AnswerCell> cells, Currency line, std::string_view field) {
+    const auto found = std::ranges::find_if(cells, [&](const AnswerCell& cell) {
+        return line >= cell.from && line <= cell.to && field.size() == 5 && field.back() - '0' == cell.column;
+    });
+    return found == cells.end() ? nullptr : &*found;
+}
+
+CellResult Check_Answer(AnswerKind kind, std::string_view text, int length) {
+    const std::string_view trimmed = Trim(text);
+    if (Is_Blank_Text(trimmed)) return Accept(Null);
+    switch (kind) {
+        case AnswerKind::Text:
+            return Validate_Text(trimmed, length);
+        case AnswerKind::WholeNumber:
+            return Check_Whole(trimmed, 0, 0, nullptr);
+        case AnswerKind::ControlType:
+            return Check_Whole(trimmed, 1, kControlTypes, &kControlRange);
+        case AnswerKind::SplitOption:
+            return Check_Whole(trimmed, 0, kOptions, &kOptionRange);
+        case AnswerKind::Date:
+            return Check_Date(trimmed, kNoDate);
+        case AnswerKind::Certification:
+            return Check_Certification(trimmed);
+        case AnswerKind::PastDate:
+            if (!Is_Valid_Date(trimmed, The_Platform().Now())) return Refuse(kNoValidDate);
+            return Check_Date(trimmed, kNoValidDate);
+        case AnswerKind::State:
+            return Length(trimmed) == 2 ? Accept(trimmed) : Refuse(kStateLength);
+        case AnswerKind::Zip:
+            return Is_Zip(trimmed) ? Accept(trimmed) : Refuse(kZipForm);
+        default:
+            return Check_List(*Find_List(kind), trimmed);
+    }
+}
+
+const PopupList* Popup_Of(AnswerKind kind) {
+    const AnswerList* list = Find_List(kind);
+    return list == nullptr ? nullptr : &list->popup;
+}
+
+bool Is_Yes(const Value& answer) {
+    const std::string text = answer.To_Text();
+    return !text.empty() && (text[0] == 'Y' || text[0] == 'y');
+}
+
+}  // namespace tallmar

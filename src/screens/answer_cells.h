@@ -1,0 +1,48 @@
+// The cells of the questionnaires: what kind of answer each line takes in each column, and its check.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "screens/form_description.h"
+
+namespace tallmar {
+
+// Answers are text. A blank empties the cell; an answer out of a list is kept as its first letter, a date as
+// mm/dd/yyyy, a number as plain digits.
+enum class AnswerKind : std::uint8_t {
+    Text,
+    YesNo,
+    LowNo,
+    VoluntaryInvoluntary,
+    Statement,  // audited, compiled, reviewed
+    WholeNumber,
+    ControlType,  // 1 to 13
+    SplitOption,  // 0 to 2
+    Date,
+    Certification,  // a date from 7/1/1966 on
+    PastDate,       // a date not later than today
+    State,
+    Zip,
+};
+
+// Lines `from` to `to` of column Col_<column>.
+struct AnswerCell {
+    Currency from, to;
+    int column;
+    AnswerKind kind;
+};
+
+// The first that fits; null for a cell that the line has not.
+const AnswerCell* Find_Answer(std::span<const AnswerCell> cells, Currency line, std::string_view field);
+
+// `length`: of a text.
+CellResult Check_Answer(AnswerKind kind, std::string_view text, int length = 1);
+// The list that opens over a cell of this kind; null where there is none.
+const PopupList* Popup_Of(AnswerKind kind);
+
+// True where the answer begins with Y.
+bool Is_Yes(const Value& answer);
+
+}  // namespace tallmar

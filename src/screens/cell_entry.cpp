@@ -1,0 +1,273 @@
+#include "screens/cell_entry.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <optional>
+#include <tuple>
+#include <utility>
+
+#include "common/db/convert.h"
+#include "common/db/sql_text.h"
+#include "common/platform.h"
+#include "common/worksheets.h"
+#include "report/open_report.h"
+#include "screens/cell_check.h"
+
+namespace tallmar {
+
+namespace {
+
+// What the forms themselves never say: their grids shut such cells, or do not show them at all.
+constexpr BoxText kLockedCell{"Locked Cell", "Worksheet <text> is shaded or computed on the form and takes no entry."};
+constexpr BoxText kUnknownLine{"Unknown Line", "Worksheet <text> does not exist and cannot be added."};
+constexpr BoxText kInvalidLine{"Invalid Line", "'<text>' is no line number."};
+constexpr BoxText kUnknownColumn{"Unknown Column", "Worksheet <text> does not exist."};
+constexpr BoxText kUnknownWorksheet{"Unknown Worksheet", "The report has no worksheet '<text>'."};
+constexpr BoxText kNoEditForm{"No Edit Form", "Worksheet <text> has no edit form."};
+constexpr BoxText kNotStored{"Entry Not Stored", "<text>"};
+
+CellOutcome Refused(Refusal refusal) {
+    return {false, std::move(refusal.title), std::move(refusal.text), refusal.shown};
+}
+CellOutcome Refused(const BoxText& box, std::string_view text) {
+    return Refused(Fill_Box(box, {.text = text}));
+}
+
+std::string Where_Line(const FormDescription& form, Currency line) {
+    return form.order.empty() ? std::string() : Sql(" WHERE LineNum = ", line);
+}
+
+}  // namespace
+
+std::string Form_Query(const FormDescription& form, const Item& item) {
+    std::string query = Sql("SELECT * FROM ", item.Name());
+    if (!form.where.empty()) query += Sql(" WHERE ", form.where);
+    if (!form.order.empty()) query += Sql(" ORDER BY ", form.order);
+    return query + ";";
+}
+
+void Show_Refusal(const CellOutcome& outcome) {
+    if (outcome.stored || outcome.shown) return;
+    The_Platform().Beep();
+    The_Platform().Message_Box(outcome.text, kStop, outcome.title);
+}
+
+OpenForm::OpenForm(const FormDescription& form, Item item) : form_(form), item_(std::move(item)) {
+    std::vector<GridColumn> described;
+    for (const FormColumn& column : form.columns) {
+        described.push_back({.field = std::string(column.field),
+                             .number = std::string(column.number),
+                             .label = std::string(column.label),
+                             .format = std::string(column.format),
+                             .kind = column.kind,
+                             .limit = column.limit,
+                             .tag = {}});
+    }
+    if (form.moreColumns != nullptr) std::ranges::move(form.moreColumns(item_), std::back_inserter(described));
+
+    const TableDef table = db.TableDefs().Item(item_.Name());
+    for (const FieldDef& field : table.Shape().fields) {
+        GridColumn column{.field = field.name, .number = {}, .label = {}, .format = {}, .hidden = true, .tag = {}};
+        const auto found =
+            std::ranges::find_if(described, [&](const GridColumn& c) { return Same_Text(c.field, field.name); });
+        if (found != described.end()) {
+            column = std::move(*found);
+            column.hidden = form.hidden != nullptr && form.hidden(field.name);
+        }
+        column.type = field.type;
+        column.size = field.size;
+        columns_.push_back(std::move(column));
+    }
+}
+
+const GridColumn* OpenForm::Find_Column(std::string_view column) const {
+    column = Trim(column);
+    const bool isNumber = !column.empty() && column.find_first_not_of("0123456789") == std::string_view::npos;
+    const std::string field = isNumber ? Sql("Col_", column) : std::string(column);
+    const auto found = std::ranges::find_if(columns_, [&](const GridColumn& c) { return Same_Text(c.field, field); });
+    return found == columns_.end() ? nullptr : &*found;
+}
+
+bool OpenForm::Go_To(Currency line) {
+    std::string query = Sql("SELECT * FROM ", item_.Name(), Where_Line(form_, line));
+    if (!form_.where.empty()) query += Sql(form_.order.empty() ? " WHERE (" : " AND (", form_.where, ")");
+    Row row = db.Read_Row(query + ";");
+    if (!row && (form_.canMake == nullptr || !form_.canMake(line))) return false;
+    row_ = RowUnderEdit(line, std::move(row));
+    return true;
+}
+
+bool OpenForm::Is_Locked(const GridColumn& column) const {
+    if (form_.readOnly || column.kind == CellKind::Shown || column.hidden) return true;
+    if (form_.nullIsShaded && column.kind != CellKind::Text && row_.Stored(column.field).Is_Null()) return true;
+    return form_.locked != nullptr && form_.locked({item_, column, row_});
+}
+
+CellOutcome OpenForm::Enter(const GridColumn& column, std::string_view text) {
+    if (Is_Locked(column)) {
+        std::string place = item_.Name();
+        if (!form_.order.empty()) place += Sql(", line ", row_.Line());
+        return Refused(kLockedCell, Sql(place, ", column ", column.field));
+    }
+    CellResult result =
+        column.kind == CellKind::Own ? form_.check({item_, column, row_}, text) : Validate_Cell(column, text);
+    if (result.refusal) return Refused(std::move(*result.refusal));
+    try {
+        result.value =
+            Convert_For_Field(result.value, {.name = column.field, .type = column.type, .size = column.size});
+    } catch (const DbError& error) {
+        if (error.Code() == DbErrorCode::Overflow) return Refused(kTooLarge, text);
+        return Refused(kNotStored, error.Description());
+    }
+    row_.Set(column.field, std::move(result.value));
+    for (auto& [field, value] : result.filled) row_.Set(field, std::move(value));
+    return {};
+}
+
+CellOutcome OpenForm::Leave_Row() {
+    if (row_.Entered().empty()) return {};
+    if (form_.leaveRow != nullptr) {
+        if (std::optional<Refusal> refusal = form_.leaveRow(item_, row_)) return Refused(std::move(*refusal));
+    }
+    std::string update = Sql("UPDATE ", item_.Name(), " SET ");
+    std::string_view separator;
+    for (const auto& [field, value] : row_.Entered()) {
+        update += Sql(separator, field, "=", value);
+        separator = ", ";
+    }
+    try {
+        if (!row_.Exists()) {
+            const std::string_view comma = form_.newRow.fields.empty() ? "" : ", ";
+            db.Execute(Sql("INSERT INTO ", item_.Name(), " (LineNum", comma, form_.newRow.fields, ") VALUES (",
+                           row_.Line(), comma, form_.newRow.values, ");"));
+        }
+        db.Execute(Sql(update, Where_Line(form_, row_.Line()), ";"));
+    } catch (const DbError& error) {
+        return Refused(kNotStored, error.Description());
+    }
+    const RowUnderEdit stored = std::exchange(row_, {});
+    if (form_.rowStored != nullptr) form_.rowStored(item_, stored, columns_);
+    return {};
+}
+
+void OpenForm::Cancel_Row() {
+    row_ = {};
+}
+
+void OpenForm::Close() {
+    if (form_.closing != nullptr) form_.closing(item_);
+}
+
+namespace {
+
+// Worksheets whose answers shape others come first: S-2 line 26 splits line 5, the codes of S-3 Part III make C Part
+// II.
+constexpr std::array<std::string_view, 2> kShapingFirst{"S2", "S3p3"};
+
+std::size_t Rank(std::string_view item) {
+    return static_cast<std::size_t>(std::ranges::find(kShapingFirst, item) - kShapingFirst.begin());
+}
+
+struct ResolvedLine {
+    std::size_t rank = 0;
+    std::optional<Currency> line;
+};
+
+// Enters the cells of one worksheet, `order` their places in the list, lines ascending.
+class Batch {
+  public:
+    Batch(std::span<const CellText> cells, std::vector<CellOutcome>& outcomes) : cells_(cells), outcomes_(outcomes) {}
+
+    void Enter_Worksheet(std::span<const std::size_t> order, std::span<const ResolvedLine> lines);
+
+  private:
+    void Refuse_All(std::span<const std::size_t> order, const BoxText& box, std::string_view text) {
+        for (const std::size_t at : order) outcomes_[at] = Refused(box, text);
+    }
+    void Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t> order);
+
+    std::span<const CellText> cells_;
+    std::vector<CellOutcome>& outcomes_;
+};
+
+void Batch::Enter_Worksheet(std::span<const std::size_t> order, std::span<const ResolvedLine> lines) {
+    const Item item(cells_[order.front()].item);
+    const WorksheetFamily* family = Find_Family(item);
+    if (family == nullptr || !db.TableDefs().Has(item.Name())) return Refuse_All(order, kUnknownWorksheet, item.Name());
+    if (family->edit == nullptr) return Refuse_All(order, kNoEditForm, item.Name());
+    OpenForm form(*family->edit, item);
+    const bool hasLines = !family->edit->order.empty();
+    for (std::size_t from = 0; from < order.size();) {
+        const std::optional<Currency> line = hasLines ? lines[order[from]].line : Currency();
+        std::size_t to = from + 1;
+        while (to < order.size() && (!hasLines || lines[order[to]].line == line)) ++to;
+        const std::span<const std::size_t> row = order.subspan(from, to - from);
+        if (line) {
+            Enter_Row(form, *line, row);
+        } else {
+            for (const std::size_t at : row) outcomes_[at] = Refused(kInvalidLine, cells_[at].line);
+        }
+        from = to;
+    }
+    form.Close();
+}
+
+void Batch::Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t> order) {
+    const std::string place = Sql(form.Worksheet().Name(), ", line ", line);
+    if (!form.Go_To(line)) {
+        const Row row =
+            db.Read_Row(Sql("SELECT * FROM ", form.Worksheet().Name(), Where_Line(form.Description(), line)));
+        return Refuse_All(order, row ? kLockedCell : kUnknownLine, place);
+    }
+    std::vector<std::pair<const GridColumn*, std::size_t>> row;
+    for (const std::size_t at : order) {
+        if (const GridColumn* column = form.Find_Column(cells_[at].column)) {
+            row.emplace_back(column, at);
+        } else {
+            outcomes_[at] = Refused(kUnknownColumn, Sql(place, ", column '", cells_[at].column, "'"));
+        }
+    }
+    // The columns stand in one vector: their order in it is that of their addresses.
+    std::ranges::stable_sort(row, {}, [](const auto& cell) { return cell.first; });
+    for (const auto& [column, at] : row) outcomes_[at] = form.Enter(*column, cells_[at].value);
+    const CellOutcome left = form.Leave_Row();
+    if (left.stored) return;
+    form.Cancel_Row();
+    for (const auto& [column, at] : row) {
+        if (outcomes_[at].stored) outcomes_[at] = left;
+    }
+}
+
+}  // namespace
+
+std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells) {
+    std::vector<CellOutcome> outcomes(cells.size());
+    std::vector<ResolvedLine> lines(cells.size());
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        lines[i] = {Rank(cells[i].item), Currency::From_Text(Trim(cells[i].line))};
+    }
+    std::vector<std::size_t> order(cells.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
+        return std::tie(lines[a].rank, cells[a].item, lines[a].line) <
+               std::tie(lines[b].rank, cells[b].item, lines[b].line);
+    });
+
+    Job job(db);
+    Batch batch(cells, outcomes);
+    for (std::size_t from = 0; from < order.size();) {
+        std::size_t to = from + 1;
+        while (to < order.size() && cells[order[to]].item == cells[order[from]].item) ++to;
+        batch.Enter_Worksheet(std::span(order).subspan(from, to - from), lines);
+        from = to;
+    }
+    job.Commit();
+    return outcomes;
+}
+
+CellOutcome Enter_Cell(const CellText& cell) {
+    return Enter_Cells({&cell, 1}).front();
+}
+
+}  // namespace tallmar

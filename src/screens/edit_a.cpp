@@ -1,0 +1,87 @@
+// frmEditA, frmEditA1 to frmEditA3 and their views: amounts in whole dollars by cost center.
+#include <array>
+
+#include "calc/worksheet.h"
+#include "screens/forms.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
+constexpr int kNameLength = 36;
+
+constexpr std::array kColumnsA{
+    FormColumn{"LineNum", "", "Line #"},
+    FormColumn{"CCGroup", "", "CC Group", CellKind::Shown, 0, "000#"},
+    FormColumn{"CCName", "", "Cost Center", CellKind::Text, kNameLength},
+    FormColumn{"Col_1", "1", "Salaries", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_2", "2", "Employee Benefits", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_3", "3", "Transportation", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_4", "4", "Contracted Purchased Services", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_5", "5", "Other Costs", CellKind::Number, 0, kAmount},
+};
+
+constexpr std::array kViewColumnsA{
+    FormColumn{"LineNum", "", "Line #"},
+    FormColumn{"CCGroup", "", "Group", CellKind::Shown, 0, "000#"},
+    FormColumn{"CCName", "", "Cost Center"},
+    FormColumn{"Col_1", "1", "Salaries", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_2", "2", "Employee Benefits", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_3", "3", "Transportation", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_4", "4", "Contracted Purchased Services", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_5", "5", "Other Costs", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_6", "6", "Total", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_7", "7", "Reclassifications", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_8", "8", "Reclassified Trial Balance", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_9", "9", "Adjustments", CellKind::Shown, 0, kAmount},
+    FormColumn{"Col_10", "10", "Net Expenses For Cost Allocation", CellKind::Shown, 0, kAmount},
+};
+
+// Consultants carry no salary and no payroll benefit: on A-1 and A-2 the cells of column 3 are shaded.
+constexpr std::array kCompensation{
+    FormColumn{"LineNum", "", "Line #"},
+    FormColumn{"CCName", "", "Cost Center", CellKind::Text, kNameLength},
+    FormColumn{"Col_1", "1", "Administrators", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_2", "2", "Directors", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_3", "3", "Consultants", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_4", "4", "Supervisors", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_5", "5", "Nurses", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_6", "6", "Therapists", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_7", "7", "Aides", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_8", "8", "All Other", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_9", "9", "Total", CellKind::Shown, 0, kAmount},
+};
+
+// Before 10/1/2000 these come from A-1, A-2 and A-3.
+bool Hidden_A(std::string_view field) {
+    return Is_Cost_Limit_Period() && (field == "Col_1" || field == "Col_2" || field == "Col_4");
+}
+
+// The capital lines take no salaries, benefits or contracted services.
+bool Locked_A(const CellPlace& place) {
+    const std::string& field = place.column.field;
+    return place.row.Line() < 3_cur && (field == "Col_1" || field == "Col_2" || field == "Col_4");
+}
+
+constexpr FormDescription Edit_Compensation(std::string_view name) {
+    return {.name = name, .where = "LineNum < 29", .columns = kCompensation, .nullIsShaded = true};
+}
+constexpr FormDescription View_Compensation(std::string_view name) {
+    return {.name = name, .columns = kCompensation, .readOnly = true};
+}
+
+}  // namespace
+
+constinit const FormDescription kEditA{
+    .name = "frmEditA", .where = "LineNum < 29", .columns = kColumnsA, .hidden = Hidden_A, .locked = Locked_A};
+constinit const FormDescription kEditA1 = Edit_Compensation("frmEditA1");
+constinit const FormDescription kEditA2 = Edit_Compensation("frmEditA2");
+constinit const FormDescription kEditA3 = Edit_Compensation("frmEditA3");
+
+constinit const FormDescription kViewA{.name = "frmViewA", .columns = kViewColumnsA, .readOnly = true};
+constinit const FormDescription kViewA1 = View_Compensation("frmViewA1");
+constinit const FormDescription kViewA2 = View_Compensation("frmViewA2");
+constinit const FormDescription kViewA3 = View_Compensation("frmViewA3");
+
+}  // namespace tallmar

@@ -1,0 +1,117 @@
+// frmEditA6pA, frmEditA6pB, frmEditA6pC: costs from related organizations.
+#include <array>
+
+#include "calc/w_a6.h"
+#include "calc/worksheet.h"
+#include "common/db/sql_text.h"
+#include "screens/answer_cells.h"
+#include "screens/cell_check.h"
+#include "screens/forms.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
+constexpr std::string_view kPercent = "##0.00";
+
+constexpr std::array kColumnsA{
+    FormColumn{"Question", "", "Question"},
+    FormColumn{"Answer", "", "Answer", CellKind::Own},
+};
+constexpr std::array kColumnsB{
+    FormColumn{"LineNum", "", "Line #"},
+    FormColumn{"Col_1", "1", "Line No.", CellKind::Own},
+    FormColumn{"Col_2", "2", "Cost Center", CellKind::Text, 128},
+    FormColumn{"Col_3", "3", "Expense Items", CellKind::Text, 128},
+    FormColumn{"Col_4", "4", "Amount Allowable In Cost", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_5", "5", "Amount Included In Worksheet A", CellKind::Number, 0, kAmount},
+    FormColumn{"Col_6", "6", "Net Adjustments", CellKind::Shown, 0, kAmount},
+};
+constexpr std::array kColumnsC{
+    FormColumn{"LineNum", "", "Line #"},
+    FormColumn{"Description", "", "Description", CellKind::Text, 36},
+    FormColumn{"Col_1", "1", "Symbol", CellKind::Own},
+    FormColumn{"Col_2", "2", "Name", CellKind::Text, 128},
+    FormColumn{"Col_3", "3", "Address", CellKind::Text, 128},
+    FormColumn{"Col_4", "4", "Percent Owned By Provider", CellKind::Own, 2, kPercent},
+    FormColumn{"Col_5", "5", "Percent Ownership Of Provider", CellKind::Own, 2, kPercent},
+    FormColumn{"Col_6", "6", "Type Of Business", CellKind::Text, 128},
+};
+
+constexpr BoxText kNegativePercentage{"Error: Invalid Negative 'Percentage_1' Entry",
+                                      "Valid Percentage entries may not be negative numbers.  Select OK to continue."};
+constexpr BoxText kInvalidSymbol{"Error: Invalid Symbol Entry",
+                                 "Valid Symbol entries are 'A' through 'G' only.  Select OK to continue."};
+
+CellResult Check_A(const CellPlace&, std::string_view text) {
+    return Check_Answer(AnswerKind::YesNo, text);
+}
+const PopupList* Popup_A(const CellPlace& place) {
+    return place.column.field == "Answer" ? Popup_Of(AnswerKind::YesNo) : nullptr;
+}
+
+CellResult Check_B(const CellPlace&, std::string_view text) {
+    return Validate_Cost_Center(text, "Col_2");
+}
+
+bool Can_Make_B(Currency line) {
+    return line >= 1_cur && line < 4_cur && (line * 100_cur).Is_Whole();
+}
+
+// Lines 1 to 3 as the form has them, what goes beyond in hundredths behind the last.
+Currency Add_B(const Item&, Currency) {
+    const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM A6pB WHERE LineNum < 4;");
+    const Currency line = last < 3_cur ? last.Int() + 1_cur : last + 0.01_cur;
+    db.Execute(Sql("INSERT INTO A6pB (LineNum) VALUES (", line, ");"));
+    return line;
+}
+void Remove_B(const Item&, Currency line) {
+    if (line < 4_cur) db.Execute(Sql("DELETE FROM A6pB WHERE LineNum = ", line, ";"));
+}
+
+CellResult Check_C(const CellPlace& place, std::string_view text) {
+    if (place.column.field != "Col_1") {
+        if (Parse_Amount(text).value_or(0) < 0) return Refuse(kNegativePercentage);
+        return Validate_Number(text, place.column.limit);
+    }
+    const std::string symbol = To_Upper(Trim(text));
+    if (symbol.size() != 1 || symbol[0] < 'A' || symbol[0] > 'G') return Refuse(kInvalidSymbol);
+    return Accept(symbol);
+}
+
+// Above 999 the form moves its rows.
+bool Can_Make_C(Currency line) {
+    return line.Is_Whole() && line >= 1_cur && line <= 999_cur;
+}
+Currency Add_C(const Item&, Currency current) {
+    return Add_A6pC_Row(current);
+}
+void Remove_C(const Item&, Currency line) {
+    Delete_A6pC_Row(line);
+}
+
+}  // namespace
+
+constinit const FormDescription kEditA6pA{
+    .name = "frmEditA6pA", .order = "", .columns = kColumnsA, .check = Check_A, .popup = Popup_A};
+constinit const FormDescription kEditA6pB{.name = "frmEditA6pB",
+                                          .where = "LineNum < 4",
+                                          .columns = kColumnsB,
+                                          .check = Check_B,
+                                          .canMake = Can_Make_B,
+                                          .add = Add_B,
+                                          .remove = Remove_B};
+constinit const FormDescription kEditA6pC{.name = "frmEditA6pC",
+                                          .columns = kColumnsC,
+                                          .check = Check_C,
+                                          .canMake = Can_Make_C,
+                                          .newRow = {"Col_4, Col_5", "0, 0"},
+                                          .add = Add_C,
+                                          .remove = Remove_C};
+
+constinit const FormDescription kViewA6pA{.name = "frmViewA6pA", .order = "", .columns = kColumnsA, .readOnly = true};
+constinit const FormDescription kViewA6pB{.name = "frmViewA6pB", .columns = kColumnsB, .readOnly = true};
+constinit const FormDescription kViewA6pC{.name = "frmViewA6pC", .columns = kColumnsC, .readOnly = true};
+
+}  // namespace tallmar
