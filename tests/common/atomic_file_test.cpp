@@ -1,0 +1,203 @@
+#include "common/atomic_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "support/temp_folder.h"
+
+namespace tallmar {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Content(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void Put(const std::string& path, std::string_view bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::size_t Entries(const TempFolder& folder) {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder.Path()), {}));
+}
+
+template <class Action>
+int Error_Number_Of(Action action) {
+    try {
+        action();
+    } catch (const std::system_error& error) {
+        return error.code().value();
+    }
+    return 0;
+}
+
+TEST(AtomicFile, WritesANewFileAndNothingBesideIt) {
+    TempFolder folder;
+    Write_File_Atomically(folder.File("new.txt"), "hello");
+    EXPECT_EQ(Content(folder.File("new.txt")), "hello");
+    EXPECT_EQ(Entries(folder), 1u);
+}
+
+TEST(AtomicFile, ReplacesAFileAndKeepsItsRights) {
+    TempFolder folder;
+    const std::string path = folder.File("old.txt");
+    Put(path, "a long old content");
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+    Write_File_Atomically(path, "new");
+    EXPECT_EQ(Content(path), "new");
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(Entries(folder), 1u);
+}
+
+TEST(AtomicFile, BytesThatAreNoTextArriveAsTheyAre) {
+    TempFolder folder;
+    std::string bytes;
+    for (int i = 0; i < 300'000; ++i) bytes += static_cast<char>(i * 7 % 256);
+    Write_File_Atomically(folder.File("bytes"), bytes);
+    EXPECT_EQ(Content(folder.File("bytes")), bytes);
+}
+
+TEST(AtomicFile, ContentThatFailsHalfWayLeavesTheOldFile) {
+    TempFolder folder;
+    const std::string path = folder.File("kept.txt");
+    Put(path, "old");
+    EXPECT_THROW(Write_File_Atomically(path,
+                                       [](const FilePiece& put) {
+                                           put("half");
+                                           throw std::runtime_error("no more");
+                                       }),
+                 std::runtime_error);
+    EXPECT_EQ(Content(path), "old");
+    EXPECT_EQ(Entries(folder), 1u);
+}
+
+TEST(AtomicFile, AReadOnlyFileIsNotReplaced) {
+    TempFolder folder;
+    const std::string path = folder.File("locked.txt");
+    Put(path, "old");
+    fs::permissions(path, fs::perms::owner_read);
+    EXPECT_EQ(Error_Number_Of([&] { Write_File_Atomically(path, "new"); }), EACCES);
+    EXPECT_EQ(Content(path), "old");
+}
+
+TEST(AtomicFile, AMissingFolderIsNamed) {
+    TempFolder folder;
+    const std::string path = folder.File("none/x.txt");
+    EXPECT_EQ(Error_Number_Of([&] { Write_File_Atomically(path, "x"); }), ENOENT);
+    try {
+        Write_File_Atomically(path, "x");
+        FAIL();
+    } catch (const std::system_error& error) {
+        EXPECT_EQ(std::string(error.what()), path + ": No such file or directory");
+    }
+}
+
+TEST(AtomicFile, AFolderIsNoFile) {
+    TempFolder folder;
+    EXPECT_EQ(Error_Number_Of([&] { Write_File_Atomically(folder.Path(), "x"); }), EISDIR);
+}
+
+TEST(AtomicFile, ALinkStaysALink) {
+    TempFolder folder;
+    Put(folder.File("real.txt"), "old");
+    fs::create_symlink(folder.File("real.txt"), folder.File("link.txt"));
+    Write_File_Atomically(folder.File("link.txt"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.File("link.txt")));
+    EXPECT_EQ(Content(folder.File("real.txt")), "new");
+}
+
+TEST(AtomicFile, CopiesOverAnotherFileAndOntoItself) {
+    TempFolder folder;
+    Put(folder.File("from"), "content");
+    Put(folder.File("to"), "something longer than that");
+    Copy_File_Atomically(folder.File("from"), folder.File("to"));
+    EXPECT_EQ(Content(folder.File("to")), "content");
+    Copy_File_Atomically(folder.File("from"), folder.File("from"));
+    EXPECT_EQ(Content(folder.File("from")), "content");
+    EXPECT_EQ(Error_Number_Of([&] { Copy_File_Atomically(folder.File("none"), folder.File("to")); }), ENOENT);
+    EXPECT_EQ(Content(folder.File("to")), "content");
+}
+
+TEST(AtomicFile, AStaleTemporaryIsRemovedUnlessItIsInUse) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    Put(path + ".tmp", "left by a kill");
+    const int user = ::open((path + ".tmp").c_str(), O_RDONLY);
+    ASSERT_EQ(::flock(user, LOCK_EX), 0);
+    Remove_Stale_Temporary(path);
+    EXPECT_TRUE(fs::exists(path + ".tmp"));
+    ::close(user);
+    Remove_Stale_Temporary(path);
+    EXPECT_FALSE(fs::exists(path + ".tmp"));
+}
+
+TEST(AtomicFile, AStaleTemporaryDoesNotHinderAReplacement) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    Put(path, "old");
+    Put(path + ".tmp", "left by a kill");
+    Write_File_Atomically(path, "new");
+    EXPECT_EQ(Content(path), "new");
+    EXPECT_EQ(Entries(folder), 1u);
+}
+
+// A full disk, as a limit on what a process may write shows it. In a child: the limit is the process's.
+TEST(AtomicFile, ADiskThatIsFullLeavesTheOldFile) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    Put(path, "old");
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit most{1000, 1000};
+        ::setrlimit(RLIMIT_FSIZE, &most);
+        const std::string large(100'000, 'x');
+        ::_exit(Error_Number_Of([&] { Write_File_Atomically(path, large); }) == EFBIG ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Content(path), "old");
+    EXPECT_EQ(Entries(folder), 1u);
+}
+
+// Killed at any moment, a writer leaves the one content or the other, whole, and what else it leaves can be removed.
+TEST(AtomicFile, AKilledWriterLeavesAWholeFile) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    const std::string first(200'000, 'a'), second(300'000, 'b');
+    Write_File_Atomically(path, first);
+    for (int round = 0; round < 20; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            while (true) {
+                Write_File_Atomically(path, second);
+                Write_File_Atomically(path, first);
+            }
+        }
+        ::usleep(static_cast<useconds_t>(2000 + round * 700));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const std::string content = Content(path);
+        EXPECT_TRUE(content == first || content == second) << content.size();
+        Remove_Stale_Temporary(path);
+        EXPECT_EQ(Entries(folder), 1u);
+    }
+}
+
+}  // namespace
+}  // namespace tallmar
