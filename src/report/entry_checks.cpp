@@ -98,13 +98,13 @@ EntryField Check_Dates(NewReportEntries& entries, const char* dateFormat, Fiscal
     const std::optional<Date> start = Day_Of(entries.fyStart);
     if (!start) {
         Show(kStartDate);
-        return EntryField::FYStart;
+        return EntryField::Start;
     }
     entries.fyStart = Shown(*start, dateFormat);
     std::optional<Date> end = Day_Of(entries.fyEnd);
     if (!end && !entries.fyEnd.empty()) {
         Show(kEndDate);
-        return EntryField::FYEnd;
+        return EntryField::End;
     }
     if (!end) end = Year_End(*start);
     entries.fyEnd = Shown(*end, dateFormat);
@@ -112,9 +112,9 @@ EntryField Check_Dates(NewReportEntries& entries, const char* dateFormat, Fiscal
     const double days = end->serial - start->serial;
     if (days <= 0) {
         Show(kSequence);
-        return EntryField::FYEnd;
+        return EntryField::End;
     }
-    if (days > kLongestYear && Show(kLongYear) != Answer::Yes) return EntryField::FYEnd;
+    if (days > kLongestYear && Show(kLongYear) != Answer::Yes) return EntryField::End;
     year = {*start, *end};
     return EntryField::None;
 }
@@ -122,12 +122,12 @@ EntryField Check_Dates(NewReportEntries& entries, const char* dateFormat, Fiscal
 }  // namespace
 
 EntryField Check_Entries(NewReportEntries& entries, const char* dateFormat, FiscalYear& year) {
-    if (!Check_Provider_Number(entries.providerNumber)) return EntryField::ProviderNumber;
+    if (!Check_Provider_Number(entries.providerNumber)) return EntryField::Provider;
     if (const EntryField field = Check_Dates(entries, dateFormat, year); field != EntryField::None) return field;
     const std::size_t length = Length(entries.facilityName);
     if (length >= kShortestName && length <= kLongestName) return EntryField::None;
     Show(length < kShortestName ? kFacilityName : kLongFacilityName);
-    return EntryField::FacilityName;
+    return EntryField::Name;
 }
 
 void Leave_FYStart(NewReportEntries& entries, const char* dateFormat) {

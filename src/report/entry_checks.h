@@ -15,7 +15,7 @@ struct NewReportEntries {
     std::string facilityName;
 };
 // The entry that the focus returns to.
-enum class EntryField { None, ProviderNumber, FYStart, FYEnd, FacilityName };
+enum class EntryField { None, Provider, Start, End, Name };
 // The dates behind the entries, which may show two digits of the year only.
 struct FiscalYear {
     Date start, end;

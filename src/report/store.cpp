@@ -1,0 +1,216 @@
+#include "report/store.h"
+
+#include <filesystem>
+
+#include "common/atomic_file.h"
+#include "common/db/sql_text.h"
+#include "common/platform.h"
+#include "report/ag_option.h"
+#include "report/backup.h"
+#include "report/close_file.h"
+#include "report/code_lists.h"
+#include "report/master.h"
+#include "report/paths.h"
+#include "report/upgrade.h"
+#include "report/window.h"
+
+namespace tallmar {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kFormNum = "1728";
+constexpr std::string_view kLocale = ";LANGID=0x0409;CP=1252;COUNTRY=0";
+constexpr const char* kFilter = "Cost Report Files (*.CRF)|*.CRF";
+constexpr const char* kExtension = ".CRF";
+
+constexpr std::string_view kInvalidTitle = "Error: Attempting to Open Invalid CRF file";
+constexpr std::string_view kSaveFailedTitle = "Error: Save As Request Failed";
+constexpr std::string_view kSaveFailedText =
+    "PROBLEM Encountered: Your Save As request failed and was not able to be accomplished.  Your original CRF file has "
+    "not been altered.  Hit OK to continue running Tallmar.";
+
+bool Refuse(const std::string& text) {
+    The_Platform().Message_Box(text, kStop, kInvalidTitle);
+    Forget_Report();
+    The_Platform().Hourglass(false);
+    return false;
+}
+
+std::string Cannot_Open(std::string_view trouble) {
+    return Sql("The file ", CRFPath, " cannot be opened as a Cost Report File.  ", trouble);
+}
+
+std::string Foreign_Form() {
+    return Sql("You are presently running ", kProgramTitle,
+               ".  This program is for use only in producing CMS 1728 Cost Reports.  You have just attempted to open a "
+               "CRF file (",
+               CRFTitle, ") containing data for a CMS ", FormNum,
+               " Cost Report.  Your request is being aborted.  Select OK to proceed.");
+}
+
+// What stands in the file is mirrored in the process-wide values.
+void Load_Values() {
+    Load_HeaderLines();
+    Load_MSA();
+    Load_AGOption();
+}
+
+bool System_Error(const std::exception& error) {
+    The_Platform().Message_Box(error.what(), kStop, "System Error");
+    return false;
+}
+
+void Reopen() {
+    try {
+        db = DBEngine::OpenDatabase(Native_Path(CRFPath));
+    } catch (const DbError& error) {
+        The_Platform().Message_Box(Cannot_Open(error.what()), kStop, kInvalidTitle);
+        Forget_Report();
+    }
+}
+
+bool Copy_Report(const std::string& from, const std::string& to) {
+    try {
+        std::error_code ignored;
+        if (!fs::equivalent(from, to, ignored)) Copy_File_Atomically(from, to);
+        return fs::exists(to);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+bool Report_Is_Open() {
+    return db.Is_Open();
+}
+
+void Forget_Report() {
+    db.Close();
+    Forget_Backup();
+    MsgLogPrefix.clear();
+    CRFPath.clear();
+    Show_No_Report();
+}
+
+void Take_Path(const std::string& path) {
+    CRFTitle = File_Title_Of(path);
+    CRFPath = path;
+    CRFDir = Folder_Of(path);
+}
+
+bool Report_Open(const std::string& path) {
+    Platform& window = The_Platform();
+    if (Report_Is_Open()) {
+        if (window.Close_All_Forms()) return false;
+        db.Close();
+    }
+    window.Set_Visible("fraWelcome", false);
+    window.Hourglass(true);
+    window.Do_Events();
+    Take_Path(path);
+    if (Is_Remembered_Folder(CRFDir)) window.Save_Setting(kProgramTitle, "Startup", "CRFLoc", CRFDir);
+    Show_Caption();
+    try {
+        db = DBEngine::OpenDatabase(Native_Path(CRFPath));
+        if (!Load_Master()) return Refuse(Cannot_Open("It has no Master record."));
+        if (FormNum != kFormNum) {
+            window.Beep();
+            return Refuse(Foreign_Form());
+        }
+        Expect_Backup();
+        Upgrade_CRF();
+    } catch (const std::exception& error) {
+        return Refuse(Cannot_Open(error.what()));
+    }
+    Show_Report();
+    Load_Values();
+    window.Refresh_Menus();
+    window.Hourglass(false);
+    return true;
+}
+
+bool Report_Open_Dialog() {
+    if (Report_Is_Open() && The_Platform().Close_All_Forms()) return false;
+    const std::string folder = Dialog_Folder();
+    const auto path =
+        The_Platform().Open_File({folder, folder + "\\*.CRF", "Open An Existing CRF", kExtension, kFilter});
+    return path && Report_Open(*path);
+}
+
+bool Report_Save_As(const std::string& path) {
+    if (path.empty() || !Report_Is_Open()) return false;
+    Platform& window = The_Platform();
+    db.Close();
+    const bool copied = Copy_Report(Native_Path(CRFPath), Native_Path(path));
+    if (copied) {
+        CRFTitle = File_Title_Of(path);
+        CRFPath = path;
+        Show_Caption();
+    } else {
+        window.Beep();
+        window.Message_Box(kSaveFailedText, kStop, kSaveFailedTitle);
+    }
+    Reopen();
+    if (copied && Report_Is_Open()) Expect_Backup();
+    window.Refresh_Menus();
+    return copied && Report_Is_Open();
+}
+
+bool Report_Save_As_Dialog() {
+    const std::string folder = Dialog_Folder();
+    const auto path =
+        The_Platform().Save_File({folder, folder + "\\*.CRF", "Save Cost Report File As ...", kExtension, kFilter});
+    return path && Report_Save_As(*path);
+}
+
+bool Report_Close() {
+    Platform& window = The_Platform();
+    window.Hourglass(true);
+    window.Set_Enabled("frmMain", false);
+    window.Do_Events();
+    const bool cancelled = window.Close_All_Forms();
+    if (!cancelled) {
+        window.Do_Events();
+        Close_File();
+        window.Do_Events();
+        Forget_Report();
+    }
+    window.Hourglass(false);
+    window.Set_Enabled("frmMain", true);
+    return !cancelled;
+}
+
+void Report_Release() {
+    if (!Report_Is_Open()) return;
+    db.Close();
+    Drop_Temporary_File();
+    Forget_Report();
+}
+
+bool CreateCRF() {
+    db.Close();
+    Forget_Backup();
+    The_Platform().Do_Events();
+    try {
+        db = DBEngine::CreateDatabase(Native_Path(CRFPath), kLocale);
+    } catch (const std::exception& error) {
+        return System_Error(error);
+    }
+    Load_HeaderLines();
+    return true;
+}
+
+bool Finish_CRF() {
+    try {
+        DBEngine::Finish_Creation(db);
+        db = DBEngine::OpenDatabase(Native_Path(CRFPath));
+        return true;
+    } catch (const std::exception& error) {
+        return System_Error(error);
+    }
+}
+
+}  // namespace tallmar
