@@ -98,13 +98,6 @@ bool Telemedicine_Is_Missing() {
            Count("SELECT Count(*) as Cnt From DeletedCCs WHERE LineNum = 23.2;") == 0;
 }
 
-bool Sublines_Are_Forbidden() {
-    return FYStart < kCostLimitsEnd && FYEnd >= kCostLimitsEnd &&
-           Count(
-               "Select Count(*) as Cnt From CostCenters Where LineNum >= 12 and LineNum < 15 and LineNum <> "
-               "Int(LineNum);") > 0;
-}
-
 bool Vaccine_Line_Is_Missing() {
     return FYEnd >= kVaccineLineFrom && Count("SELECT Count(LineNum) AS Cnt From CostCenters WHERE LineNum=13.2;") == 0;
 }
@@ -168,13 +161,20 @@ void Store_CC_Counts() {
 }
 
 bool Chart_Needs_Upgrade() {
-    return Telemedicine_Is_Missing() || Sublines_Are_Forbidden() || Vaccine_Line_Is_Missing();
+    return Telemedicine_Is_Missing() || Vaccine_Line_Is_Missing();
 }
 
 void Upgrade_Chart() {
     if (Telemedicine_Is_Missing()) db.Execute(Sql(kDeletedHead, kTelemedicineRow));
-    if (Sublines_Are_Forbidden()) Report_Msg(kSublinesMessage, kOkOnly, "CMS Requirement");
     if (Vaccine_Line_Is_Missing()) Add_Vaccine_Line();
+}
+
+void Tell_Forbidden_Sublines() {
+    if (FYStart >= kCostLimitsEnd || FYEnd < kCostLimitsEnd) return;
+    if (Count("Select Count(*) as Cnt From CostCenters Where LineNum >= 12 and LineNum < 15 and LineNum <> "
+              "Int(LineNum);") > 0) {
+        Report_Msg(kSublinesMessage, kOkOnly, "CMS Requirement");
+    }
 }
 
 }  // namespace tallmar

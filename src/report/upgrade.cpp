@@ -4,7 +4,6 @@
 
 #include "common/atomic_file.h"
 #include "common/dates.h"
-#include "common/db/layout.h"
 #include "common/db/sql_text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"
@@ -92,7 +91,6 @@ std::vector<std::string> Misnamed_Worksheets() {
 }
 
 bool Registry_Is_Due() {
-    if (!TableExists("Worksheets", false)) return false;
     for (const RegistryRepair& repair : kRegistryRepairs) {
         if (Any_Row(repair.wrong)) return true;
     }
@@ -112,7 +110,7 @@ void Repair_Registry() {
 }
 
 constexpr UpgradeStep kFirstSteps[] = {
-    {"CostCenters", Chart_Is_Due, Upgrade_Chart},
+    {"CostCenters", Chart_Needs_Upgrade, Upgrade_Chart},
     {"A1", Old_Worksheets_Are_Due, Remove_Old_Worksheets},
 };
 constexpr UpgradeStep kLastSteps[] = {
@@ -128,8 +126,17 @@ void For_Each_Step(Visitor visit) {
     }
 }
 
-// A file of an older layout stays beside the report as it was.
-void Keep_Old_Layout() {
+// A step that cannot be judged, for want of a table, has nothing to bring up to date.
+bool Is_Needed(const UpgradeStep& step) {
+    try {
+        return step.needed();
+    } catch (const DbError&) {
+        return false;
+    }
+}
+
+// The older file stays beside the report as it was.
+void Keep_Old_File() {
     std::filesystem::path kept = Native_Path(CRFPath);
     kept.replace_extension(".before-upgrade.CRF");
     Copy_File_Atomically(Native_Path(CRFPath), kept.string());
@@ -142,24 +149,26 @@ void Install_Upgrade_Steps(std::span<const UpgradeStep> steps) {
 }
 
 bool CRF_Needs_Upgrade() {
-    bool needed = Layout_Of(db) < kCrfLayout;
-    For_Each_Step([&](const UpgradeStep& step) { needed = needed || step.needed(); });
+    bool needed = false;
+    For_Each_Step([&](const UpgradeStep& step) { needed = needed || Is_Needed(step); });
     return needed;
 }
 
 void Upgrade_CRF() {
-    if (db.Is_Read_Only() || !CRF_Needs_Upgrade()) return;
-    const bool olderLayout = Layout_Of(db) < kCrfLayout;
-    if (olderLayout) Keep_Old_Layout();
+    if (db.Is_Read_Only() || !CRF_Needs_Upgrade()) {
+        Tell_Forbidden_Sublines();
+        return;
+    }
+    Keep_Old_File();
     Keep_Backup();
     Job job(db);
     Start_Msg_Log(kLogPrefix);
+    Tell_Forbidden_Sublines();
     For_Each_Step([](const UpgradeStep& step) {
         Run_Step(step.name, [&] {
-            if (step.needed()) step.run();
+            if (Is_Needed(step)) step.run();
         });
     });
-    if (olderLayout) Stamp_Layout(db);
     job.Commit();
     End_Msg_Log(kLogPrefix);
 }

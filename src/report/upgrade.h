@@ -17,7 +17,8 @@ struct UpgradeStep {
 void Install_Upgrade_Steps(std::span<const UpgradeStep> steps);
 // True where a step would change the open report.
 bool CRF_Needs_Upgrade();
-// Runs what is needed, as one job, under the message log "Junk". A report that needs nothing is not written to.
+// Runs what is needed, as one job, under the message log "Junk", after a copy of the file as it was has been put beside
+// it as "<name>.before-upgrade.CRF". A report that needs nothing is not written to. Throws where the copy fails.
 void Upgrade_CRF();
 
 }  // namespace tallmar
