@@ -28,10 +28,6 @@ bool Any_Row(std::string_view select) {
     return static_cast<bool>(db.Read_Row(select));
 }
 
-bool Chart_Is_Due() {
-    return TableExists("CostCenters", false) && Chart_Needs_Upgrade();
-}
-
 // Worksheets of the periods before 10/1/2000.
 constexpr std::string_view kOldWorksheets =
     "SELECT Item FROM Worksheets WHERE Item In (\"A1\", \"A2\", \"A3\") Or Item Like \"A83*\";";
