@@ -1,0 +1,353 @@
+#include "common/db/generator.h"
+
+#include <algorithm>
+
+#include "common/db/sql_writer.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kLineField = "LineNum";
+
+using Values = std::vector<const Bound*>;
+
+Values Outputs_Of(const BoundSelect& select) {
+    Values values;
+    for (const BoundOutput& output : select.outputs) values.push_back(output.value.get());
+    return values;
+}
+
+Values Values_Of(const BoundStatement& statement) {
+    Values values;
+    for (const BoundValue& each : statement.values) values.push_back(each.value.get());
+    return values;
+}
+
+int Table_Count(const BoundSelect& select) {
+    return static_cast<int>(select.tables.size());
+}
+
+// Writes commas and the like between the parts of a list.
+class Between {
+  public:
+    Between(SqlWriter& sql, std::string_view first, std::string_view next) : sql_(sql), mark_(first), next_(next) {}
+    SqlWriter& operator()() {
+        sql_ << mark_;
+        mark_ = next_;
+        return sql_;
+    }
+    bool Any() const { return mark_ == next_; }
+
+  private:
+    SqlWriter& sql_;
+    std::string_view mark_, next_;
+};
+
+void Write_List(SqlWriter& sql, std::string_view lead, const Values& values) {
+    Between comma(sql, lead, ",");
+    for (const Bound* value : values) comma().Value(*value);
+}
+
+void Write_Keys(SqlWriter& sql, std::string_view lead, const BoundSelect& select) {
+    Between comma(sql, lead, ",");
+    for (int i = 0; i < Table_Count(select); ++i) comma().Rowid(i);
+}
+
+void Write_Where(SqlWriter& sql, const Bound* where) {
+    if (where == nullptr) return;
+    sql << " WHERE ";
+    sql.Value(*where);
+}
+
+// In GROUP BY and ORDER BY a constant would be taken for the number of a column.
+bool Is_Constant(const Bound& bound) {
+    return bound.kind == BoundKind::NullWord || bound.kind == BoundKind::True || bound.kind == BoundKind::False;
+}
+
+// The key of a row as one value, the first of a group by MIN.
+void Write_Row_Key(SqlWriter& sql, const BoundSelect& select) {
+    if (select.tables.size() == 1) return sql.Rowid(0);
+    Write_Keys(sql, "t_key(", select);
+    sql << ")";
+}
+
+void Write_Limit(SqlWriter& sql, const BoundSelect& select) {
+    if (select.top >= 0) sql << " LIMIT " << std::to_string(select.top);
+}
+
+void Write_Order_Terms(Between& comma, const BoundSelect& select) {
+    for (const BoundOrder& order : select.orderBy) {
+        if (Is_Constant(*order.value)) continue;
+        SqlWriter& sql = comma();
+        sql.Term(*order.value);
+        if (order.descending) sql << " DESC";
+    }
+}
+
+// Ties under TOP go by line number, all others by insertion.
+void Write_Order(SqlWriter& sql, const BoundSelect& select) {
+    Between comma(sql, " ORDER BY ", ",");
+    Write_Order_Terms(comma, select);
+    if (select.top >= 0 && !select.orderBy.empty()) {
+        for (int i = 0; i < Table_Count(select); ++i) {
+            const FieldDef* line = select.tables[static_cast<std::size_t>(i)].shape->Find_Field(kLineField);
+            if (line == nullptr) continue;
+            comma() << "t" << std::to_string(i) << ".";
+            sql.Name(line->name);
+            break;
+        }
+    }
+    for (int i = 0; i < Table_Count(select); ++i) comma().Rowid(i);
+    Write_Limit(sql, select);
+}
+
+// Groups come in the order of their first rows unless they are ordered.
+void Write_Groups(SqlWriter& sql, const BoundSelect& select, const Values& groups) {
+    Between comma(sql, " GROUP BY ", ",");
+    for (const Bound* group : groups) {
+        if (!Is_Constant(*group)) comma().Term(*group);
+    }
+    if (!comma.Any()) sql << " GROUP BY NULL";
+    Between order(sql, " ORDER BY ", ",");
+    Write_Order_Terms(order, select);
+    order() << "MIN(";
+    Write_Row_Key(sql, select);
+    sql << ")";
+    Write_Limit(sql, select);
+}
+
+void Write_Select(SqlWriter& sql, const BoundSelect& select, const Values& values) {
+    const bool grouped = !select.groupBy.empty();
+    sql << "SELECT ";
+    if (select.distinct && (grouped || select.aggregates)) sql << "DISTINCT ";
+    Write_List(sql, "", values);
+    sql.From(select);
+    Write_Where(sql, select.where.get());
+    if (select.distinct && !grouped && !select.aggregates) return Write_Groups(sql, select, values);
+    if (!grouped && !select.aggregates) return Write_Order(sql, select);
+    if (!grouped) return Write_Limit(sql, select);
+    Values groups;
+    for (const BoundPtr& group : select.groupBy) groups.push_back(group.get());
+    if (!select.distinct) return Write_Groups(sql, select, groups);
+    Between comma(sql, " GROUP BY ", ",");
+    for (const Bound* group : groups) {
+        if (!Is_Constant(*group)) comma().Term(*group);
+    }
+    Between order(sql, " ORDER BY ", ",");
+    Write_Order_Terms(order, select);
+    Write_Limit(sql, select);
+}
+
+bool Has_Outer_Join(const BoundJoin& join) {
+    if (join.kind == TableTree::Kind::Table) return false;
+    return join.kind != TableTree::Kind::Inner || Has_Outer_Join(*join.left) || Has_Outer_Join(*join.right);
+}
+
+bool Has_Outer_Join(const BoundSelect& select) {
+    return std::any_of(select.from.begin(), select.from.end(),
+                       [](const BoundJoinPtr& join) { return Has_Outer_Join(*join); });
+}
+
+// `values` of the row with given keys; no row where one of its rows is gone. An outer join may have Null for a key.
+SqliteText Row_By_Keys(const BoundSelect& select, const Values& values) {
+    SqlWriter sql;
+    Write_List(sql, "SELECT ", values);
+    const bool outer = Has_Outer_Join(select);
+    Between table(sql, outer ? " FROM (SELECT 1) LEFT JOIN " : " FROM ", outer ? " LEFT JOIN " : " JOIN ");
+    const auto key = [&](int i) { sql.Parameter({Param::From::Key, i, Rep::Integer}); };
+    for (int i = 0; i < Table_Count(select); ++i) {
+        table().Table(select.tables[static_cast<std::size_t>(i)], i);
+        if (!outer) continue;
+        sql << " ON ";
+        sql.Rowid(i);
+        sql << "=";
+        key(i);
+    }
+    Between also(sql, " WHERE ", " AND ");
+    for (int i = 0; i < Table_Count(select); ++i) {
+        also();
+        if (outer) {
+            sql << "(";
+            key(i);
+            sql << " IS NULL OR ";
+            sql.Rowid(i);
+            sql << " IS NOT NULL)";
+        } else {
+            sql.Rowid(i);
+            sql << "=";
+            key(i);
+        }
+    }
+    return sql.Take();
+}
+
+SelectPlan Select_Plan(BoundSelect& select) {
+    SelectPlan plan;
+    for (const BoundTable& table : select.tables) plan.tables.push_back(table.shape->name);
+    const Values values = Outputs_Of(select);
+    SqlWriter rows;
+    Write_Select(rows, select, values);
+    plan.rows = rows.Take();
+    if (select.Has_Keys()) {
+        SqlWriter keys;
+        Write_Keys(keys, "SELECT ", select);
+        keys.From(select);
+        Write_Where(keys, select.where.get());
+        Write_Order(keys, select);
+        plan.keys = keys.Take();
+        plan.row = Row_By_Keys(select, values);
+    }
+    for (BoundOutput& output : select.outputs) plan.columns.push_back(std::move(output.column));
+    return plan;
+}
+
+SqliteText Insert_Text(const BoundStatement& statement, bool fromSelect) {
+    SqlWriter sql;
+    sql << "INSERT INTO ";
+    sql.Name(statement.table);
+    Between comma(sql, "(", ",");
+    for (const BoundValue& value : statement.values) comma().Name(value.field);
+    sql << ") ";
+    if (fromSelect) {
+        Write_Select(sql, statement.select, Values_Of(statement));
+    } else {
+        Write_List(sql, "VALUES(", Values_Of(statement));
+        sql << ")";
+    }
+    return sql.Take();
+}
+
+SqliteText Update_Text(const BoundStatement& statement) {
+    SqlWriter sql;
+    sql << "UPDATE ";
+    sql.Table(statement.select.tables[0], 0);
+    Between comma(sql, " SET ", ",");
+    for (const BoundValue& value : statement.values) {
+        comma().Name(value.field);
+        sql << "=";
+        sql.Value(*value.value);
+    }
+    Write_Where(sql, statement.select.where.get());
+    return sql.Take();
+}
+
+SqliteText Delete_Text(const BoundStatement& statement) {
+    SqlWriter sql;
+    sql << "DELETE FROM ";
+    sql.Table(statement.select.tables[0], 0);
+    Write_Where(sql, statement.select.where.get());
+    return sql.Take();
+}
+
+// Matches in the order of the other tables' rows, then the target's.
+SqliteText Match_Text(const BoundStatement& statement) {
+    const BoundSelect& select = statement.select;
+    SqlWriter sql;
+    Write_Keys(sql, "SELECT ", select);
+    Write_List(sql, ",", Values_Of(statement));
+    sql.From(select);
+    Between also(sql, " WHERE ", " AND ");
+    if (select.where) also().Value(*select.where);
+    if (Has_Outer_Join(select)) {
+        also().Rowid(statement.target);
+        sql << " IS NOT NULL";
+    }
+    Between comma(sql, " ORDER BY ", ",");
+    Write_Order_Terms(comma, select);
+    for (int i = 0; i < Table_Count(select); ++i) {
+        if (i != statement.target) comma().Rowid(i);
+    }
+    comma().Rowid(statement.target);
+    return sql.Take();
+}
+
+SqliteText Apply_Text(const BoundStatement& statement) {
+    SqlWriter sql;
+    sql << "UPDATE ";
+    sql.Name(statement.table);
+    Between comma(sql, " SET ", ",");
+    int column = 0;
+    for (const BoundValue& value : statement.values) {
+        comma().Name(value.field);
+        sql << "=";
+        sql.Parameter({Param::From::Column, column++, Rep::None});
+    }
+    sql << " WHERE rowid=";
+    sql.Parameter({Param::From::Key, statement.target, Rep::Integer});
+    return sql.Take();
+}
+
+RowUpdatePlan Row_Update_Plan(const BoundStatement& statement) {
+    const BoundSelect& select = statement.select;
+    RowUpdatePlan plan;
+    plan.table = statement.table;
+    plan.target = statement.target;
+    plan.tableCount = Table_Count(select);
+    plan.match = Match_Text(statement);
+    plan.apply = Apply_Text(statement);
+    plan.again = Row_By_Keys(select, Values_Of(statement));
+    const TableShape* target = select.tables[static_cast<std::size_t>(statement.target)].shape;
+    plan.selfReference = std::count_if(select.tables.begin(), select.tables.end(),
+                                       [&](const BoundTable& table) { return table.shape == target; }) > 1;
+    return plan;
+}
+
+}  // namespace
+
+Plan Generate(BoundStatement& statement) {
+    Plan plan;
+    plan.kind = statement.kind;
+    plan.create = std::move(statement.create);
+    switch (statement.kind) {
+        case Plan::Kind::Select:
+            plan.select = Select_Plan(statement.select);
+            break;
+        case Plan::Kind::SelectInto:
+            plan.sql = Insert_Text(statement, true);
+            break;
+        case Plan::Kind::Insert:
+            plan.sql = Insert_Text(statement, statement.fromSelect);
+            break;
+        case Plan::Kind::Update:
+            plan.sql = Update_Text(statement);
+            break;
+        case Plan::Kind::Delete:
+            plan.sql = Delete_Text(statement);
+            break;
+        case Plan::Kind::RowUpdate:
+            plan.rowUpdate = Row_Update_Plan(statement);
+            break;
+        case Plan::Kind::DropTable:
+        case Plan::Kind::CreateTable:
+        case Plan::Kind::CreateIndex:
+            break;
+    }
+    return plan;
+}
+
+SqliteText Generate_Find(const BoundFind& find) {
+    const BoundSelect& select = find.select;
+    SqlWriter sql;
+    Write_Keys(sql, "SELECT ", select);
+    sql.From(select);
+    sql << " WHERE ";
+    sql.Value(*find.criterion);
+    if (select.top >= 0) {
+        sql << " AND ";
+        Write_Row_Key(sql, select);
+        sql << " IN (SELECT ";
+        Write_Row_Key(sql, select);
+        sql.From(select);
+        Write_Where(sql, select.where.get());
+        Write_Order(sql, select);
+        sql << ")";
+    } else if (select.where) {
+        sql << " AND ";
+        sql.Value(*select.where);
+    }
+    Write_Order(sql, select);
+    return sql.Take();
+}
+
+}  // namespace tallmar
