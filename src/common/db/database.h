@@ -18,6 +18,7 @@ namespace tallmar {
 
 namespace db_detail {
 class Connection;
+struct Access;
 struct RecordsetState;
 }  // namespace db_detail
 
@@ -37,7 +38,8 @@ class Field {
 
   private:
     friend class Recordset;
-    Field(std::shared_ptr<db_detail::RecordsetState> state, int position) : state_(std::move(state)), position_(position) {}
+    Field(std::shared_ptr<db_detail::RecordsetState> state, int position)
+        : state_(std::move(state)), position_(position) {}
     std::shared_ptr<db_detail::RecordsetState> state_;
     int position_;
 };
@@ -145,7 +147,8 @@ class TableDefs {
 class Row {
   public:
     Row() = default;
-    Row(std::vector<std::string> names, std::vector<Value> values) : names_(std::move(names)), values_(std::move(values)) {}
+    Row(std::vector<std::string> names, std::vector<Value> values)
+        : names_(std::move(names)), values_(std::move(values)) {}
     // False where the statement gave no row; every value then reads as Null.
     explicit operator bool() const { return !values_.empty(); }
     // Without regard to case. Throws ItemNotFound for a name that the statement has not.
@@ -179,6 +182,7 @@ class Database {
 
   private:
     friend struct DBEngine;
+    friend struct db_detail::Access;
     friend class Job;
     std::shared_ptr<db_detail::Connection> connection_;
 };

@@ -42,6 +42,8 @@ constexpr DbErrorText kDbErrors[] = {
     {DbErrorCode::DatabaseClosed, "The database is closed", "The database '{}' is closed"},
     {DbErrorCode::NotADatabase, "The file is no report file, or is damaged",
      "The file '{}' is no report file, or is damaged"},
+    {DbErrorCode::NewerLayout, "The file was written by a newer version of this program",
+     "The file '{}' was written by a newer version of this program"},
     {DbErrorCode::CannotOpen, "The file cannot be opened", "The file '{}' cannot be opened"},
     {DbErrorCode::ReadOnly, "The file is read only", "The file '{}' is read only"},
     {DbErrorCode::Locked, "The file is in use", "The file '{}' is in use"},

@@ -36,6 +36,7 @@ enum class DbErrorCode : int {
     InvalidOperation = 3219,
     DatabaseClosed = 3420,
     NotADatabase = 3343,  // no report file, or damaged
+    NewerLayout = 3344,   // written by a newer version of the program
     CannotOpen = 3024,
     ReadOnly = 3073,
     Locked = 3045,

@@ -1,0 +1,189 @@
+#include "common/db/connection.h"
+
+#include "common/db/collation.h"
+#include "common/db/functions.h"
+#include "common/db/schema_reader.h"
+#include "common/db/sqlite_error.h"
+
+namespace tallmar::db_detail {
+
+namespace {
+constexpr int kPrimaryCode = 0xff;
+
+// What leaves a transaction in doubt: nothing of it may be kept.
+bool Ends_Job(int result) {
+    switch (result & kPrimaryCode) {
+        case SQLITE_FULL:
+        case SQLITE_IOERR:
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+        case SQLITE_NOMEM:
+            return true;
+        default:
+            return false;
+    }
+}
+}  // namespace
+
+Connection::Connection(sqlite3* handle, std::string path, bool readOnly)
+    : handle_(handle), path_(std::move(path)), readOnly_(readOnly) {
+    Register_Functions(handle_);
+    Register_Collation(handle_);
+}
+
+Connection::~Connection() {
+    Close();
+}
+
+sqlite3* Connection::Handle() const {
+    if (handle_ == nullptr) throw DbError(DbErrorCode::DatabaseClosed);
+    return handle_;
+}
+
+// Recordsets may still hold statements: these are ended here, and their owners see that the connection has closed.
+void Connection::Close() {
+    if (handle_ == nullptr) return;
+    if (jobDepth_ > 0 && !jobLost_) Run_Quietly("COMMIT");
+    for (sqlite3_stmt* statement : statements_) sqlite3_finalize(statement);
+    statements_.clear();
+    sqlite3_close(handle_);
+    handle_ = nullptr;
+    jobDepth_ = 0;
+    own_.clear();
+    plans_.Clear();
+    shapes_.reset();
+}
+
+const Schema& Connection::Shapes() {
+    if (!shapes_) shapes_ = Read_Schema(Handle(), path_);
+    return *shapes_;
+}
+
+void Connection::Table_Changed(TableShape shape) {
+    plans_.Forget(shape.name);
+    if (shapes_) shapes_->Put(std::move(shape));
+}
+
+void Connection::Table_Removed(std::string_view name) {
+    plans_.Forget(name);
+    if (shapes_) shapes_->Remove(name);
+}
+
+void Connection::Forget_Shapes() {
+    plans_.Clear();
+    shapes_.reset();
+}
+
+std::shared_ptr<CachedPlan> Connection::Plan_Of(std::string_view statement, LiftedStatement& lifted) {
+    Handle();
+    lifted = Lift(statement);
+    if (auto known = plans_.Find(lifted.shape)) return known;
+    auto made = std::make_shared<CachedPlan>();
+    made->plan = Compile(statement, Shapes());
+    plans_.Put(lifted.shape, made);
+    return made;
+}
+
+void Connection::End_Statement(sqlite3_stmt* statement) {
+    if (statements_.erase(statement) > 0) sqlite3_finalize(statement);
+}
+
+Statement& Connection::Ready(Statement& statement, const std::string& sql) {
+    if (!statement) statement = Statement(*this, sql);
+    return statement;
+}
+
+void Connection::Run(std::string_view sql) {
+    for (auto& [text, statement] : own_) {
+        if (text != sql) continue;
+        const Running running(statement);
+        statement.Step();
+        return;
+    }
+    own_.emplace_back(sql, Statement(*this, sql));
+    Run(sql);
+}
+
+void Connection::Run_Once(std::string_view sql) {
+    Statement statement(*this, sql);
+    const Running running(statement);
+    statement.Step();
+}
+
+void Connection::Run_Quietly(const char* sql) noexcept {
+    if (handle_ == nullptr) return;
+    if (log_) log_(sql, {});
+    sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
+}
+
+DbError Connection::Failure(int result) {
+    DbError error = Error_Of(handle_, result, path_);
+    if (jobDepth_ > 0 && !jobLost_ && (Ends_Job(result) || sqlite3_get_autocommit(handle_) != 0)) Lose_Job(error);
+    return error;
+}
+
+void Connection::Require_Whole_Job() const {
+    Handle();
+    if (jobLost_) throw *jobLost_;
+}
+
+void Connection::Begin_Job() {
+    Handle();
+    if (jobDepth_ == 0) Run("BEGIN IMMEDIATE");
+    ++jobDepth_;
+}
+
+void Connection::End_Job() {
+    if (!Is_Open() || jobDepth_ == 0 || --jobDepth_ > 0) return;
+    if (jobLost_) {
+        const DbError reason = *jobLost_;
+        jobLost_.reset();
+        throw reason;
+    }
+    try {
+        Run("COMMIT");
+    } catch (const DbError&) {
+        if (sqlite3_get_autocommit(handle_) == 0) Run_Quietly("ROLLBACK");
+        Forget_Shapes();
+        throw;
+    }
+}
+
+void Connection::Roll_Back_Job() {
+    if (!Is_Open() || jobDepth_ == 0) return;
+    if (!jobLost_) Lose_Job(DbError(DbErrorCode::InvalidOperation, "the job was given up"));
+    if (--jobDepth_ == 0) jobLost_.reset();
+}
+
+void Connection::Lose_Job(const DbError& reason) {
+    jobLost_ = reason;
+    if (sqlite3_get_autocommit(handle_) == 0) Run_Quietly("ROLLBACK");
+    Forget_Shapes();
+}
+
+AllOrNothing::AllOrNothing(Connection& connection)
+    : connection_(connection), ownTransaction_(sqlite3_get_autocommit(connection.Handle()) != 0) {
+    connection_.Run(ownTransaction_ ? "BEGIN IMMEDIATE" : "SAVEPOINT steps");
+}
+
+// A failure of the disk has taken the whole transaction back already.
+AllOrNothing::~AllOrNothing() {
+    if (!open_ || !connection_.Is_Open()) return;
+    if (sqlite3_get_autocommit(connection_.Handle()) == 0) {
+        connection_.Run_Quietly(ownTransaction_ ? "ROLLBACK" : "ROLLBACK TO steps");
+        if (!ownTransaction_) connection_.Run_Quietly("RELEASE steps");
+    }
+    connection_.Forget_Shapes();
+}
+
+void AllOrNothing::Keep() {
+    connection_.Run(ownTransaction_ ? "COMMIT" : "RELEASE steps");
+    open_ = false;
+}
+
+Connection& Access::Of(const Database& database) {
+    if (!database.connection_) throw DbError(DbErrorCode::DatabaseClosed);
+    return *database.connection_;
+}
+
+}  // namespace tallmar::db_detail

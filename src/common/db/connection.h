@@ -1,0 +1,110 @@
+// An open report file behind its handles: the SQLite connection, the shapes of the tables, the compiled statements,
+// the job under way. Closed, it stays as an object whose operations throw DatabaseClosed.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "common/db/database.h"
+#include "common/db/plan.h"
+#include "common/db/plan_cache.h"
+#include "common/db/schema.h"
+#include "common/db/statement_log.h"
+
+namespace tallmar::db_detail {
+
+class Connection {
+  public:
+    // Takes over `handle`, on which the dialect's functions and collation are registered here.
+    Connection(sqlite3* handle, std::string path, bool readOnly);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    bool Is_Open() const { return handle_ != nullptr; }
+    // Throws DatabaseClosed.
+    sqlite3* Handle() const;
+    const std::string& Path() const { return path_; }
+    bool Is_Read_Only() const { return readOnly_; }
+    // Commits a job under way.
+    void Close();
+
+    // The shapes of the tables, read from the file when they are first asked for.
+    const Schema& Shapes();
+    // A table that a statement of ours has just made, changed or removed.
+    void Table_Changed(TableShape shape);
+    void Table_Removed(std::string_view name);
+    // Everything known of the file is read anew: after a roll-back.
+    void Forget_Shapes();
+
+    // The plan of a statement; `lifted` receives its literals.
+    std::shared_ptr<CachedPlan> Plan_Of(std::string_view statement, LiftedStatement& lifted);
+    // `statement`, prepared from `sql` when it is first needed.
+    Statement& Ready(Statement& statement, const std::string& sql);
+    // Prepared statements that are to end with the connection.
+    void Note_Statement(sqlite3_stmt* statement) { statements_.insert(statement); }
+    void End_Statement(sqlite3_stmt* statement);
+    // Statements of the engine's own, without parameters and rows: one that comes often, and one that does not.
+    void Run(std::string_view sql);
+    void Run_Once(std::string_view sql);
+    // As Run_Once, its failure passed over: for ways out that must not throw.
+    void Run_Quietly(const char* sql) noexcept;
+    PlanCache& Plans() { return plans_; }
+
+    // The error that a failing call stands for. Inside a job a failure of the disk ends the job.
+    DbError Failure(int result);
+    // Before anything is written. Throws what ended the transaction of the job under way: what the job still does
+    // must not reach the file in pieces.
+    void Require_Whole_Job() const;
+
+    void Begin_Job();
+    // The outermost job commits; throws what stands in its way, with nothing changed.
+    void End_Job();
+    void Roll_Back_Job();
+
+    void Set_Log(StatementLog log) { log_ = std::move(log); }
+    const StatementLog& Log() const { return log_; }
+
+  private:
+    void Lose_Job(const DbError& reason);
+
+    sqlite3* handle_;
+    std::string path_;
+    bool readOnly_;
+    std::optional<Schema> shapes_;
+    std::unordered_set<sqlite3_stmt*> statements_;
+    PlanCache plans_;
+    std::vector<std::pair<std::string, Statement>> own_;
+    int jobDepth_ = 0;
+    std::optional<DbError> jobLost_;  // why the transaction of the job is gone
+    StatementLog log_;
+};
+
+// Several statements that take effect together or not at all.
+class AllOrNothing {
+  public:
+    explicit AllOrNothing(Connection& connection);
+    ~AllOrNothing();
+    AllOrNothing(const AllOrNothing&) = delete;
+    AllOrNothing& operator=(const AllOrNothing&) = delete;
+    void Keep();
+
+  private:
+    Connection& connection_;
+    bool ownTransaction_;
+    bool open_ = true;
+};
+
+// The connection behind a handle, for the parts of the engine that stand outside the classes.
+struct Access {
+    static Connection& Of(const Database& database);
+};
+
+}  // namespace tallmar::db_detail

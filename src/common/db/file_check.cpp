@@ -1,0 +1,93 @@
+#include "common/db/file_check.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <fstream>
+#include <string_view>
+
+#include "common/db/database.h"
+
+namespace tallmar::db_detail {
+
+namespace {
+
+using Header = std::array<unsigned char, 100>;
+
+// Places in the header of an SQLite file.
+constexpr std::string_view kMagic{"SQLite format 3\0", 16};
+constexpr std::size_t kPageSizeAt = 16;
+constexpr std::size_t kWriteVersionAt = 18, kReadVersionAt = 19;
+constexpr unsigned char kRollbackJournal = 1;
+constexpr std::size_t kChangeCounterAt = 24, kPageCountAt = 28, kUserVersionAt = 60, kApplicationIdAt = 68,
+                      kValidForAt = 92;
+constexpr std::array<unsigned char, 8> kJournalMagic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
+constexpr mode_t kAnyWrite = 0222;
+
+std::uint32_t Number_At(const Header& header, std::size_t place) {
+    return std::uint32_t{header[place]} << 24 | std::uint32_t{header[place + 1]} << 16 |
+           std::uint32_t{header[place + 2]} << 8 | std::uint32_t{header[place + 3]};
+}
+
+std::uint64_t Page_Size(const Header& header) {
+    const unsigned size = unsigned{header[kPageSizeAt]} << 8 | header[kPageSizeAt + 1];
+    return size == 1 ? 65536 : size;
+}
+
+bool Has_Hot_Journal(const std::string& path) {
+    std::ifstream journal(Journal_Path(path), std::ios::binary);
+    std::array<char, kJournalMagic.size()> start{};
+    return journal.read(start.data(), start.size()) &&
+           std::memcmp(start.data(), kJournalMagic.data(), start.size()) == 0;
+}
+
+bool Is_Rollback_File(const Header& header) {
+    const std::uint64_t pageSize = Page_Size(header);
+    return header[kWriteVersionAt] == kRollbackJournal && header[kReadVersionAt] == kRollbackJournal &&
+           pageSize >= 512 && (pageSize & (pageSize - 1)) == 0;
+}
+
+bool Is_Whole(const Header& header, std::uint64_t size) {
+    const std::uint64_t pageSize = Page_Size(header);
+    const std::uint64_t pages = Number_At(header, kPageCountAt);
+    const bool counted = pages > 0 && Number_At(header, kChangeCounterAt) == Number_At(header, kValidForAt);
+    return size % pageSize == 0 && (!counted || size >= pages * pageSize);
+}
+
+}  // namespace
+
+std::string Journal_Path(const std::string& path) {
+    return path + "-journal";
+}
+
+FileCheck Check_File(const std::string& path) {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || ::access(path.c_str(), R_OK) != 0) {
+        throw DbError(DbErrorCode::CannotOpen, path);
+    }
+    FileCheck check;
+    check.readOnly = (info.st_mode & kAnyWrite) == 0 || ::access(path.c_str(), W_OK) != 0;
+    check.hotJournal = Has_Hot_Journal(path);
+
+    Header header{};
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw DbError(DbErrorCode::CannotOpen, path);
+    const bool complete = !!file.read(reinterpret_cast<char*>(header.data()), header.size());
+    if (!complete || std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) {
+        throw DbError(DbErrorCode::NotADatabase, path);
+    }
+    if (check.hotJournal) return check;
+    if (!Is_Rollback_File(header) || !Is_Whole(header, static_cast<std::uint64_t>(info.st_size)) ||
+        Number_At(header, kApplicationIdAt) != kCrfApplicationId) {
+        throw DbError(DbErrorCode::NotADatabase, path);
+    }
+    const auto layout = static_cast<std::int32_t>(Number_At(header, kUserVersionAt));
+    if (layout < 1) throw DbError(DbErrorCode::NotADatabase, path);
+    if (layout > kCrfLayout) throw DbError(DbErrorCode::NewerLayout, path);
+    return check;
+}
+
+}  // namespace tallmar::db_detail

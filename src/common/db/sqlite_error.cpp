@@ -1,0 +1,46 @@
+#include "common/db/sqlite_error.h"
+
+#include <string>
+
+#include "common/db/functions.h"
+
+namespace tallmar::db_detail {
+
+namespace {
+
+struct Translation {
+    int result;
+    DbErrorCode code;
+};
+// By the primary result code; every other failure is the engine's own.
+constexpr Translation kTranslations[] = {
+    {SQLITE_BUSY, DbErrorCode::Locked},         {SQLITE_LOCKED, DbErrorCode::Locked},
+    {SQLITE_FULL, DbErrorCode::DiskFull},       {SQLITE_READONLY, DbErrorCode::ReadOnly},
+    {SQLITE_IOERR, DbErrorCode::DiskError},     {SQLITE_CORRUPT, DbErrorCode::NotADatabase},
+    {SQLITE_NOTADB, DbErrorCode::NotADatabase}, {SQLITE_CANTOPEN, DbErrorCode::CannotOpen},
+    {SQLITE_PERM, DbErrorCode::CannotOpen},     {SQLITE_AUTH, DbErrorCode::InvalidOperation},
+};
+constexpr int kPrimaryCode = 0xff;
+
+// "UNIQUE constraint failed: A.LineNum, A.Item" names the table A.
+std::string Table_Of_Constraint(std::string_view message) {
+    const std::size_t colon = message.find(": ");
+    if (colon == std::string_view::npos) return std::string(message);
+    message.remove_prefix(colon + 2);
+    return std::string(message.substr(0, message.find('.')));
+}
+
+}  // namespace
+
+DbError Error_Of(sqlite3* handle, int result, std::string_view path) {
+    const std::string_view message = handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(result);
+    if (const auto callback = Decode_Error(message)) return DbError(callback->code, callback->argument);
+    const int primary = result & kPrimaryCode;
+    if (primary == SQLITE_CONSTRAINT) return DbError(DbErrorCode::DuplicateKey, Table_Of_Constraint(message));
+    for (const Translation& row : kTranslations) {
+        if (row.result == primary) return DbError(row.code, path);
+    }
+    return DbError(DbErrorCode::Engine, message);
+}
+
+}  // namespace tallmar::db_detail

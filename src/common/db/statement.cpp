@@ -1,0 +1,198 @@
+#include "common/db/statement.h"
+
+#include <cmath>
+#include <utility>
+
+#include "common/db/connection.h"
+
+namespace tallmar::db_detail {
+
+Statement::Statement(Connection& connection, std::string_view sql) : connection_(&connection) {
+    const int result = sqlite3_prepare_v3(connection.Handle(), sql.data(), static_cast<int>(sql.size()),
+                                          SQLITE_PREPARE_PERSISTENT, &handle_, nullptr);
+    if (result != SQLITE_OK) throw connection.Failure(result);
+    connection.Note_Statement(handle_);
+}
+
+// A connection that has closed has ended its statements itself.
+Statement::~Statement() {
+    if (handle_ != nullptr) connection_->End_Statement(handle_);
+}
+
+Statement::Statement(Statement&& other) noexcept {
+    *this = std::move(other);
+}
+
+Statement& Statement::operator=(Statement&& other) noexcept {
+    std::swap(connection_, other.connection_);
+    std::swap(handle_, other.handle_);
+    std::swap(running_, other.running_);
+    std::swap(logged_, other.logged_);
+    return *this;
+}
+
+void Statement::Bind(int index, NullValue) {
+    if (connection_->Log()) Record(index, Null);
+    Check(sqlite3_bind_null(handle_, index));
+}
+
+void Statement::Bind(int index, std::int64_t value) {
+    if (connection_->Log()) Record(index, value);
+    Check(sqlite3_bind_int64(handle_, index, value));
+}
+
+void Statement::Bind(int index, double value) {
+    if (connection_->Log()) Record(index, value);
+    Check(sqlite3_bind_double(handle_, index, value));
+}
+
+void Statement::Bind(int index, std::string_view value) {
+    if (connection_->Log()) Record(index, std::string(value));
+    // An empty view may have no address, and SQLite takes that for Null.
+    const char* text = value.data() != nullptr ? value.data() : "";
+    Check(sqlite3_bind_text64(handle_, index, text, value.size(), SQLITE_STATIC, SQLITE_UTF8));
+}
+
+void Statement::Bind(int index, const StoredValue& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) return Bind(index, std::string_view(*text));
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) return Bind(index, *whole);
+    if (const auto* real = std::get_if<double>(&value)) return Bind(index, *real);
+    Bind(index, Null);
+}
+
+void Statement::Bind(int index, const Value& value) {
+    if (const auto* text = std::get_if<std::string>(&value.Get())) {
+        Bind(index, std::string_view(*text));
+    } else {
+        Bind(index, To_Stored(value));
+    }
+}
+
+void Statement::Bind(const std::vector<Param>& params, const ParamSource& source) {
+    for (std::size_t i = 0; i < params.size(); ++i) {
+        const int index = static_cast<int>(i) + 1;
+        const auto from = static_cast<std::size_t>(params[i].index);
+        switch (params[i].from) {
+            case Param::From::Literal:
+                Bind_Literal(index, source.literals[from], params[i].rep);
+                break;
+            case Param::From::Key:
+                if (source.keys[from] == kNoKey) {
+                    Bind(index, Null);
+                } else {
+                    Bind(index, source.keys[from]);
+                }
+                break;
+            case Param::From::Column:
+                Bind(index, source.columns[from]);
+                break;
+        }
+    }
+}
+
+// Number literals know three forms; what a statement asks for beside them goes by the value.
+void Statement::Bind_Literal(int index, const Literal& literal, Rep rep) {
+    const bool number = literal.kind == Literal::Kind::Integer || literal.kind == Literal::Kind::Decimal ||
+                        literal.kind == Literal::Kind::Double;
+    switch (rep) {
+        case Rep::None:
+            return Bind(index, Null);
+        case Rep::Boolean:
+            return Bind(index, std::int64_t{literal.number != 0 ? -1 : 0});
+        case Rep::Integer:
+            if (number) return Bind(index, static_cast<std::int64_t>(std::nearbyint(literal.number)));
+            return Bind(index, std::int64_t{literal.value.To_Long()});
+        case Rep::Currency: {
+            if (literal.kind == Literal::Kind::Integer) {
+                return Bind(index, static_cast<std::int64_t>(literal.number) * Currency::kScale);
+            }
+            return Bind(index, literal.value.To_Currency().Scaled());
+        }
+        case Rep::Double:
+            return Bind(index, number ? literal.number : literal.value.To_Double());
+        case Rep::Date:
+            if (const auto* date = std::get_if<Date>(&literal.value.Get())) return Bind(index, date->serial);
+            return Bind(index, number ? literal.number : literal.value.To_Date().serial);
+        case Rep::Text:
+            if (const auto* text = std::get_if<std::string>(&literal.value.Get())) {
+                return Bind(index, std::string_view(*text));
+            }
+            Check(sqlite3_bind_text(handle_, index, literal.value.To_Text().c_str(), -1, SQLITE_TRANSIENT));
+            if (connection_->Log()) Record(index, literal.value.To_Text());
+    }
+}
+
+bool Statement::Step() {
+    if (!running_) {
+        running_ = true;
+        if (connection_->Log()) Report();
+    }
+    const int result = sqlite3_step(handle_);
+    if (result == SQLITE_ROW) return true;
+    if (result == SQLITE_DONE) return false;
+    const DbError error = connection_->Failure(result);
+    Reset();
+    throw error;
+}
+
+void Statement::Reset() {
+    running_ = false;
+    if (handle_ != nullptr && connection_->Is_Open()) sqlite3_reset(handle_);
+}
+
+std::string_view Statement::Text(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
+    if (text == nullptr) return {};
+    return {text, static_cast<std::size_t>(sqlite3_column_bytes(handle_, column))};
+}
+
+StoredValue Statement::Stored(int column) const {
+    switch (sqlite3_column_type(handle_, column)) {
+        case SQLITE_NULL:
+            return Null;
+        case SQLITE_INTEGER:
+            return sqlite3_column_int64(handle_, column);
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(handle_, column);
+        default:
+            return std::string(Text(column));
+    }
+}
+
+Value Statement::Read(int column, FieldType type) const {
+    if (Is_Null(column)) return Null;
+    switch (type) {
+        case FieldType::Boolean:
+            return Int(column) != 0;
+        case FieldType::Byte:
+        case FieldType::Integer:
+        case FieldType::Long:
+            return static_cast<std::int32_t>(Int(column));
+        case FieldType::Currency:
+            return Currency::From_Scaled(Int(column));
+        case FieldType::Single:
+        case FieldType::Double:
+            return sqlite3_column_double(handle_, column);
+        case FieldType::Date:
+            return Date{sqlite3_column_double(handle_, column)};
+        default:
+            return Text(column);
+    }
+}
+
+void Statement::Check(int result) {
+    if (result != SQLITE_OK) throw connection_->Failure(result);
+}
+
+void Statement::Record(int index, StoredValue value) {
+    const auto place = static_cast<std::size_t>(index);
+    if (logged_.size() < place) logged_.resize(place);
+    logged_[place - 1] = std::move(value);
+}
+
+void Statement::Report() {
+    logged_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(handle_)));
+    connection_->Log()(sqlite3_sql(handle_), logged_);
+}
+
+}  // namespace tallmar::db_detail

@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "common/db/database.h"
+#include "common/db/db_fixture.h"
+
+namespace tallmar {
+namespace {
+
+class JobTest : public DbTest {
+  protected:
+    void SetUp() override {
+        Make_Table(db, "A", {{"x", FieldType::Long}});
+        Run("INSERT INTO A (x) VALUES (1)");
+    }
+    std::string Content() { return Rows(db, "A"); }
+    // What another program sees in the file.
+    std::string In_The_File() {
+        Database other = DBEngine::OpenDatabase(path);
+        return Rows(other, "A");
+    }
+};
+
+TEST_F(JobTest, AJobReachesTheFileWhenItEnds) {
+    {
+        Job job(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        EXPECT_EQ(Content(), "1;2;");
+        EXPECT_EQ(In_The_File(), "1;");
+    }
+    EXPECT_EQ(In_The_File(), "1;2;");
+}
+
+TEST_F(JobTest, AJobThatAnExceptionEndsIsCommitted) {
+    try {
+        Job job(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        Run("UPDATE Nowhere SET x = 1");
+        FAIL();
+    } catch (const DbError&) {
+    }
+    EXPECT_EQ(In_The_File(), "1;2;");
+}
+
+TEST_F(JobTest, AJobWithinAJobJoinsIt) {
+    Job outer(db);
+    {
+        Job inner(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        inner.Commit();
+    }
+    EXPECT_EQ(In_The_File(), "1;");
+    outer.Commit();
+    EXPECT_EQ(In_The_File(), "1;2;");
+}
+
+TEST_F(JobTest, AJobRolledBackLeavesNothing) {
+    {
+        Job job(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        Make_Table(db, "B", {{"x", FieldType::Long}});
+        job.Roll_Back();
+        EXPECT_EQ(Content(), "1;");
+    }
+    EXPECT_FALSE(db.TableDefs().Has("B"));
+    EXPECT_EQ(In_The_File(), "1;");
+    Run("INSERT INTO A (x) VALUES (3)");
+    EXPECT_EQ(In_The_File(), "1;3;");
+}
+
+TEST_F(JobTest, AnInnerJobRolledBackGivesTheWholeJobUp) {
+    {
+        Job outer(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        {
+            Job inner(db);
+            Run("INSERT INTO A (x) VALUES (3)");
+            inner.Roll_Back();
+        }
+        EXPECT_EQ(Content(), "1;");
+        EXPECT_EQ(Code_Of([&] { Run("INSERT INTO A (x) VALUES (4)"); }), DbErrorCode::InvalidOperation);
+        EXPECT_EQ(Code_Of([&] { outer.Commit(); }), DbErrorCode::InvalidOperation);
+    }
+    EXPECT_EQ(In_The_File(), "1;");
+    Job next(db);
+    Run("INSERT INTO A (x) VALUES (5)");
+    next.Commit();
+    EXPECT_EQ(In_The_File(), "1;5;");
+}
+
+TEST_F(JobTest, ATableMadeInAJobIsKnownToItsNextStatement) {
+    Job job(db);
+    Run("SELECT * INTO Copy FROM A");
+    Run("INSERT INTO Copy (x) VALUES (7)");
+    EXPECT_EQ(Rows(db, "Copy"), "1;7;");
+    Run("DROP TABLE Copy");
+    EXPECT_FALSE(db.TableDefs().Has("Copy"));
+}
+
+TEST_F(JobTest, AStatementThatFailsWithinAJobChangesNothing) {
+    Run("CREATE UNIQUE INDEX ndx ON A (x)");
+    Job job(db);
+    Run("INSERT INTO A (x) VALUES (2)");
+    EXPECT_EQ(Code_Of([&] { Run("UPDATE A SET x = 9"); }), DbErrorCode::DuplicateKey);
+    EXPECT_EQ(Content(), "1;2;");
+    job.Commit();
+    EXPECT_EQ(In_The_File(), "1;2;");
+}
+
+TEST_F(JobTest, AFileClosedWithinAJobKeepsWhatTheJobDid) {
+    {
+        Job job(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        db.Close();
+    }
+    EXPECT_EQ(In_The_File(), "1;2;");
+}
+
+TEST_F(JobTest, AClosedFileHasNoJobs) {
+    db.Close();
+    EXPECT_EQ(Code_Of([&] { Job job(db); }), DbErrorCode::DatabaseClosed);
+    Database never;
+    EXPECT_EQ(Code_Of([&] { Job job(never); }), DbErrorCode::DatabaseClosed);
+}
+
+TEST_F(JobTest, AFileInUseIsSaidToBe) {
+    Job job(db);
+    Run("INSERT INTO A (x) VALUES (2)");
+    Database other = DBEngine::OpenDatabase(path);
+    EXPECT_EQ(Code_Of([&] { Job second(other); }), DbErrorCode::Locked);
+    EXPECT_EQ(Code_Of([&] { other.Execute("INSERT INTO A (x) VALUES (3)"); }), DbErrorCode::Locked);
+}
+
+// A kill in the middle of a job takes the file back, whatever of the job has reached the disk.
+TEST_F(JobTest, AKilledJobLeavesTheFileAsItWas) {
+    db.Close();
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        try {
+            Database mine = DBEngine::OpenDatabase(path);
+            Job job(mine);
+            mine.Execute("UPDATE A SET x = 100");
+            Make_Table(mine, "Big", {{"t", FieldType::Memo}});
+            // More than the pages kept in memory: some are written to the file early.
+            const std::string line(20'000, 'x');
+            for (int i = 0; i < 2'000; ++i) mine.Execute("INSERT INTO Big (t) VALUES ('" + line + "')");
+            ::kill(::getpid(), SIGKILL);
+        } catch (...) {
+        }
+        ::_exit(1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_TRUE(std::filesystem::exists(path + "-journal"));
+    db = DBEngine::OpenDatabase(path);
+    EXPECT_EQ(Content(), "1;");
+    EXPECT_FALSE(db.TableDefs().Has("Big"));
+    db.Close();
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+}  // namespace
+}  // namespace tallmar
