@@ -87,7 +87,7 @@ void Close_File() {
     const std::string report = Native_Path(CRFPath);
     window.Progress(Sql(" Repairing ", CRFPath));
     const bool readOnly = db.Is_Open() && db.Is_Read_Only();
-    db.Close();
+    if (db.Is_Open()) db.Close();
     if (Opens_Well(report)) Drop_Temporary_File();
     try {
         DBEngine::RepairDatabase(report);

@@ -88,7 +88,7 @@ bool Report_Is_Open() {
 }
 
 void Forget_Report() {
-    db.Close();
+    if (Report_Is_Open()) db.Close();
     Forget_Backup();
     MsgLogPrefix.clear();
     CRFPath.clear();
@@ -191,7 +191,7 @@ void Report_Release() {
 }
 
 bool CreateCRF() {
-    db.Close();
+    if (Report_Is_Open()) db.Close();
     Forget_Backup();
     The_Platform().Do_Events();
     try {

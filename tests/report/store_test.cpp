@@ -1,0 +1,415 @@
+#include "report/store.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "support/report_test.h"
+
+namespace tallmar {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kInvalid = "Error: Attempting to Open Invalid CRF file";
+
+class StoreTest : public ReportTest {
+  protected:
+    std::string report = folder.File("Agency.CRF");
+
+    void Closed_Report() {
+        New_Report();
+        Report_Release();
+    }
+    void Expect_Refusal(const std::string& path, const std::string& before) {
+        platform.Expect_Box_Starting(kInvalid, "The file " + path, Answer::Ok, kStop);
+        EXPECT_FALSE(Report_Open(path));
+        EXPECT_FALSE(Report_Is_Open());
+        EXPECT_EQ(CRFPath, "");
+        EXPECT_FALSE(platform.hourglass);
+        EXPECT_TRUE(platform.visible.at("fraWelcome"));
+        if (!before.empty()) {
+            EXPECT_EQ(Bytes(path), before);
+        }
+    }
+};
+
+}  // namespace
+
+TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
+    Closed_Report();
+    ProviderName = ProviderNumber = FormNum = "";
+    FYStart = FYEnd = Date{};
+    HeaderLine1 = "old";
+    AGOption = 2;
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(FormNum, "1728");
+    EXPECT_EQ(ProviderNumber, "14-7100");
+    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(FYEnd, Date_Of(2016, 9, 30));
+    EXPECT_EQ(HeaderLine1, "");
+    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(CRFTitle, "Agency.CRF");
+    EXPECT_EQ(CRFDir, folder.Path());
+}
+
+TEST_F(StoreTest, OpenSetsTheWindow) {
+    Closed_Report();
+    platform.menuRefreshes = 0;
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- Agency.CRF");
+    EXPECT_EQ(platform.texts.at("lblCRFName"), report);
+    EXPECT_EQ(platform.texts.at("tmrMain.Tag"), "");
+    EXPECT_FALSE(platform.enabled.at("mnuReportSubmit"));
+    EXPECT_FALSE(platform.visible.at("fraWelcome"));
+    EXPECT_EQ(platform.menuRefreshes, 1);
+    EXPECT_FALSE(platform.hourglass);
+}
+
+TEST_F(StoreTest, OpeningAndReleasingLeavesTheFileAsItWas) {
+    Closed_Report();
+    const std::string before = Bytes(report);
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(Column("SELECT ProviderName FROM Master;"), "Harbor Home Health");
+    Report_Release();
+    EXPECT_EQ(Bytes(report), before);
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    EXPECT_EQ(CRFPath, "");
+}
+
+TEST_F(StoreTest, OpenRemembersTheFolder) {
+    Closed_Report();
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(platform.Get_Setting("Tallmar 1728", "Startup", "CRFLoc", "None"), folder.Path());
+}
+
+TEST_F(StoreTest, FloppyIsNotRemembered) {
+    platform.Save_Setting("Tallmar 1728", "Startup", "CRFLoc", "C:\\Reports");
+    for (const char* path : {"A:\\Agency.CRF", "b:\\Agency.CRF"}) {
+        platform.Expect_Box_Starting(kInvalid, "");
+        EXPECT_FALSE(Report_Open(path));
+        EXPECT_EQ(platform.Get_Setting("Tallmar 1728", "Startup", "CRFLoc", "None"), "C:\\Reports");
+    }
+    platform.Expect_Box_Starting(kInvalid, "");
+    EXPECT_FALSE(Report_Open("d:\\Agency.CRF"));
+    EXPECT_EQ(platform.Get_Setting("Tallmar 1728", "Startup", "CRFLoc", "None"), "d:");
+}
+
+TEST_F(StoreTest, PathWithoutASeparatorHasTheRootOfC) {
+    Take_Path("Agency.CRF");
+    EXPECT_EQ(CRFDir, "C:\\");
+    EXPECT_EQ(CRFTitle, "Agency.CRF");
+}
+
+TEST_F(StoreTest, BackslashesNameTheSameFile) {
+    Closed_Report();
+    std::string path = report;
+    std::ranges::replace(path, '/', '\\');
+    ASSERT_TRUE(Report_Open(path));
+    EXPECT_EQ(CRFTitle, "Agency.CRF");
+    EXPECT_EQ(CRFPath, path);
+    EXPECT_TRUE(Report_Close());
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+}
+
+TEST_F(StoreTest, DialogOpensTheChosenReport) {
+    Closed_Report();
+    platform.Reply_Open(report);
+    EXPECT_TRUE(Report_Open_Dialog());
+    ASSERT_EQ(platform.openDialogs.size(), 1u);
+    EXPECT_EQ(platform.openDialogs[0].title, "Open An Existing CRF");
+    EXPECT_EQ(platform.openDialogs[0].fileName, "no-program-folder\\*.CRF");
+    EXPECT_EQ(platform.openDialogs[0].defaultExtension, ".CRF");
+    EXPECT_EQ(platform.openDialogs[0].filter, "Cost Report Files (*.CRF)|*.CRF");
+}
+
+TEST_F(StoreTest, CancelledDialogIsNoError) {
+    platform.Reply_Open(std::nullopt);
+    EXPECT_FALSE(Report_Open_Dialog());
+    EXPECT_TRUE(platform.boxes.empty());
+}
+
+TEST_F(StoreTest, FormsThatStayOpenKeepTheReport) {
+    New_Report();
+    platform.closeFormsCancelled = true;
+    EXPECT_FALSE(Report_Open(folder.File("Other.CRF")));
+    EXPECT_FALSE(Report_Open_Dialog());
+    EXPECT_TRUE(platform.openDialogs.empty());
+    EXPECT_FALSE(Report_Close());
+    EXPECT_TRUE(Report_Is_Open());
+    EXPECT_EQ(CRFPath, report);
+    EXPECT_TRUE(platform.enabled.at("frmMain"));
+    EXPECT_FALSE(platform.hourglass);
+}
+
+TEST_F(StoreTest, ForeignFileIsRefusedAndUntouched) {
+    Write(report, "no report at all");
+    Expect_Refusal(report, "no report at all");
+}
+
+TEST_F(StoreTest, DamagedFileIsRefusedAndUntouched) {
+    Closed_Report();
+    std::string bytes = Bytes(report);
+    ASSERT_GT(bytes.size(), 8192u);
+    std::fill(bytes.begin() + 4096, bytes.begin() + 8192, '\xff');
+    Write(report, bytes);
+    Expect_Refusal(report, bytes);
+}
+
+TEST_F(StoreTest, CutFileIsRefusedAndUntouched) {
+    Closed_Report();
+    const std::string bytes = Bytes(report).substr(0, 5000);
+    Write(report, bytes);
+    Expect_Refusal(report, bytes);
+}
+
+TEST_F(StoreTest, MissingFileAndFolderAreRefused) {
+    Expect_Refusal(report, "");
+    EXPECT_TRUE(Files().empty());
+    Expect_Refusal(folder.Path(), "");
+}
+
+TEST_F(StoreTest, FileWithoutMasterIsRefused) {
+    New_Report();
+    db.Execute("DELETE * FROM Master;");
+    Report_Release();
+    Expect_Refusal(report, Bytes(report));
+    EXPECT_EQ(platform.boxes.back().text,
+              "The file " + report + " cannot be opened as a Cost Report File.  It has no Master record.");
+}
+
+TEST_F(StoreTest, OtherFormIsRefusedWithItsName) {
+    New_Report();
+    db.Execute("UPDATE Master SET FormNum=\"2552\";");
+    Report_Release();
+    const std::string before = Bytes(report);
+    platform.beeps = 0;
+    platform.Expect_Box(kInvalid,
+                        "You are presently running Tallmar 1728.  This program is for use only in producing CMS 1728 "
+                        "Cost Reports.  You have just attempted to open a CRF file (Agency.CRF) containing data for a "
+                        "CMS 2552 Cost Report.  Your request is being aborted.  Select OK to proceed.",
+                        Answer::Ok, kStop);
+    EXPECT_FALSE(Report_Open(report));
+    EXPECT_EQ(platform.beeps, 1);
+    EXPECT_EQ(Bytes(report), before);
+    EXPECT_FALSE(Report_Is_Open());
+}
+
+TEST_F(StoreTest, RefusedOpenLeavesNoReportOpen) {
+    New_Report();
+    Expect_Refusal(folder.File("Missing.CRF"), "");
+}
+
+TEST_F(StoreTest, SaveAsGoesOnWithTheCopy) {
+    New_Report();
+    fs::create_directory(folder.File("other"));
+    const std::string copy = folder.File("other/Copy.CRF");
+    ASSERT_TRUE(Report_Save_As(copy));
+    EXPECT_EQ(CRFPath, copy);
+    EXPECT_EQ(CRFTitle, "Copy.CRF");
+    EXPECT_EQ(CRFDir, folder.Path());
+    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- Copy.CRF");
+    db.Execute("UPDATE Master SET ProviderName=\"Changed\";");
+    Report_Release();
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    Report_Release();
+    ASSERT_TRUE(Report_Open(copy));
+    EXPECT_EQ(ProviderName, "Changed");
+}
+
+TEST_F(StoreTest, SaveAsOverAnotherReportReplacesIt) {
+    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "Other.CRF");
+    db.Execute("UPDATE Master SET ProviderName=\"Other\";");
+    Report_Release();
+    New_Report();
+    ASSERT_TRUE(Report_Save_As(folder.File("Other.CRF")));
+    EXPECT_EQ(Column("SELECT ProviderName FROM Master;"), "Harbor Home Health");
+}
+
+TEST_F(StoreTest, SaveAsToItsOwnNameSucceeds) {
+    New_Report();
+    const std::string before = Bytes(report);
+    EXPECT_TRUE(Report_Save_As(report));
+    EXPECT_EQ(CRFPath, report);
+    EXPECT_TRUE(Report_Is_Open());
+    EXPECT_EQ(Bytes(report), before);
+}
+
+TEST_F(StoreTest, FailedSaveAsKeepsTheFirstFileOpen) {
+    New_Report();
+    platform.Expect_Box("Error: Save As Request Failed",
+                        "PROBLEM Encountered: Your Save As request failed and was not able to be accomplished.  Your "
+                        "original CRF file has not been altered.  Hit OK to continue running Tallmar.",
+                        Answer::Ok, kStop);
+    EXPECT_FALSE(Report_Save_As(folder.File("nowhere/Copy.CRF")));
+    EXPECT_EQ(CRFPath, report);
+    EXPECT_EQ(CRFTitle, "Agency.CRF");
+    EXPECT_TRUE(Report_Is_Open());
+    EXPECT_EQ(Column("SELECT ProviderName FROM Master;"), "Harbor Home Health");
+}
+
+TEST_F(StoreTest, SaveAsOverAReadOnlyFileFailsAndLeavesIt) {
+    New_Report();
+    const std::string target = folder.File("Target.CRF");
+    Write(target, "precious");
+    fs::permissions(target, fs::perms::owner_read);
+    platform.Expect_Box_Starting("Error: Save As Request Failed", "");
+    EXPECT_FALSE(Report_Save_As(target));
+    EXPECT_EQ(Bytes(target), "precious");
+    EXPECT_EQ(CRFPath, report);
+}
+
+TEST_F(StoreTest, SaveAsDialogMayBeCancelled) {
+    New_Report();
+    platform.Reply_Save(std::nullopt);
+    EXPECT_FALSE(Report_Save_As_Dialog());
+    EXPECT_EQ(platform.saveDialogs[0].title, "Save Cost Report File As ...");
+    EXPECT_EQ(CRFPath, report);
+}
+
+TEST_F(StoreTest, CloseRepairsCompactsAndClearsTheWindow) {
+    New_Report();
+    db.Execute("CREATE TABLE Big (t Memo);");
+    db.Execute(Sql("INSERT INTO Big (t) VALUES (\"", std::string(200'000, 'x'), "\");"));
+    db.Execute("DROP TABLE Big;");
+    const auto before = fs::file_size(report);
+    platform.progress.clear();
+    EXPECT_TRUE(Report_Close());
+    EXPECT_LT(fs::file_size(report), before);
+    EXPECT_EQ(platform.progress, (std::vector<std::string>{" Repairing " + report, " Compacting " + report, ""}));
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    EXPECT_EQ(CRFPath, "");
+    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0)");
+    EXPECT_EQ(platform.texts.at("lblCRFName"), "");
+    EXPECT_EQ(platform.texts.at("tmrMain.Tag"), "Stopped");
+    EXPECT_TRUE(platform.visible.at("fraWelcome"));
+    EXPECT_FALSE(platform.visible.at("lblHelp"));
+    EXPECT_FALSE(platform.visible.at("lblCRFName"));
+    EXPECT_FALSE(platform.enabled.at("mnuReportSubmit"));
+    EXPECT_TRUE(platform.enabled.at("frmMain"));
+    EXPECT_FALSE(platform.hourglass);
+    EXPECT_THROW(db.TableDefs().Refresh(), DbError);
+}
+
+TEST_F(StoreTest, ScratchTablesSurviveTheClose) {
+    New_Report();
+    EXPECT_TRUE(Report_Close());
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_TRUE(TableExists("Log", true));
+    EXPECT_TRUE(TableExists("NewCRFErrLog", false));
+}
+
+TEST_F(StoreTest, StaleTemporaryFileIsDeletedAtTheNextClose) {
+    New_Report();
+    Write(folder.File("QVRTemp.CRF"), "left by a crash");
+    EXPECT_TRUE(Report_Close());
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    EXPECT_TRUE(Report_Open(report));
+}
+
+TEST_F(StoreTest, StaleTemporaryFileIsDeletedAtTheNextRelease) {
+    Closed_Report();
+    fs::create_hard_link(report, folder.File("QVRTemp.CRF"));
+    ASSERT_TRUE(Report_Open(report));
+    Report_Release();
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+}
+
+TEST_F(StoreTest, TemporaryFileStaysWhileTheReportDoesNotOpen) {
+    Write(report, "damaged");
+    Write(folder.File("QVRTemp.CRF"), "perhaps the only good copy");
+    Expect_Refusal(report, "damaged");
+    Report_Release();
+    EXPECT_EQ(Bytes(folder.File("QVRTemp.CRF")), "perhaps the only good copy");
+}
+
+TEST_F(StoreTest, TemporaryFileStandsInTheOldFolderAfterSaveAs) {
+    New_Report();
+    fs::create_directory(folder.File("other"));
+    ASSERT_TRUE(Report_Save_As(folder.File("other/Copy.CRF")));
+    Write(folder.File("QVRTemp.CRF"), "stale");
+    Write(folder.File("other/QVRTemp.CRF"), "not ours");
+    EXPECT_TRUE(Report_Close());
+    EXPECT_FALSE(fs::exists(folder.File("QVRTemp.CRF")));
+    EXPECT_EQ(Bytes(folder.File("other/QVRTemp.CRF")), "not ours");
+    EXPECT_TRUE(Report_Open(folder.File("other/Copy.CRF")));
+}
+
+TEST_F(StoreTest, CloseWithoutItsFolderLeavesTheFileUncompacted) {
+    fs::create_directory(folder.File("gone"));
+    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "gone/Agency.CRF");
+    ASSERT_TRUE(Report_Save_As(report));
+    fs::remove_all(folder.File("gone"));
+    const std::string before = Bytes(report);
+    EXPECT_TRUE(Report_Close());
+    EXPECT_EQ(Bytes(report), before);
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+}
+
+TEST_F(StoreTest, CloseOfAVanishedReportSaysNothing) {
+    fs::create_directory(folder.File("gone"));
+    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "gone/Agency.CRF");
+    fs::remove_all(folder.File("gone"));
+    EXPECT_TRUE(Report_Close());
+    EXPECT_TRUE(platform.boxes.empty());
+    EXPECT_TRUE(Files().empty());
+}
+
+TEST_F(StoreTest, ReadOnlyFileIsOpenedAndClosedUnchanged) {
+    Closed_Report();
+    fs::permissions(report, fs::perms::owner_read);
+    const std::string before = Bytes(report);
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_TRUE(Report_Close());
+    EXPECT_EQ(Bytes(report), before);
+    EXPECT_TRUE(platform.boxes.empty());
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    EXPECT_EQ(fs::status(report).permissions(), fs::perms::owner_read);
+}
+
+TEST_F(StoreTest, ReportNamedAsTheTemporaryFileSurvivesItsClose) {
+    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "QVRTemp.CRF");
+    EXPECT_TRUE(Report_Close());
+    ASSERT_TRUE(Report_Open(folder.File("QVRTemp.CRF")));
+    Report_Release();
+    EXPECT_EQ(Files(), std::vector<std::string>{"QVRTemp.CRF"});
+}
+
+TEST_F(StoreTest, ReleaseWithoutAReportDoesNothing) {
+    Report_Release();
+    EXPECT_TRUE(platform.texts.empty());
+}
+
+// The child is killed at its n-th step of the close, for every n until it comes through.
+TEST_F(StoreTest, KilledCloseLeavesAGoodReportAndNothingBesideItAfterTheNext) {
+    New_Report();
+    Report_Release();
+    bool killed = true;
+    for (int n = 1; killed; ++n) {
+        ASSERT_LT(n, 100);
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            int step = 0;
+            if (!Report_Open(report)) _exit(2);
+            platform.onEvents = [&] {
+                if (++step == n) kill(getpid(), SIGKILL);
+            };
+            _exit(Report_Close() ? 0 : 3);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        killed = WIFSIGNALED(status);
+        ASSERT_TRUE(killed || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) << n;
+        ASSERT_TRUE(Report_Open(report)) << n;
+        EXPECT_EQ(ProviderName, "Harbor Home Health");
+        Report_Release();
+        EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"}) << n;
+    }
+}
+
+}  // namespace tallmar

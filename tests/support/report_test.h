@@ -1,0 +1,81 @@
+// What the tests of the report floor share: a platform, a folder, and reports to open and close.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "common/dates.h"
+#include "common/db/sql_text.h"
+#include "common/worksheets.h"
+#include "report/new_report.h"
+#include "report/open_report.h"
+#include "report/registry.h"
+#include "report/store.h"
+#include "report/upgrade.h"
+#include "support/fake_platform.h"
+#include "support/temp_folder.h"
+
+namespace tallmar {
+
+class ReportTest : public ::testing::Test {
+  protected:
+    ~ReportTest() override {
+        if (db.Is_Open()) db.Close();
+        CRFPath.clear();
+        MsgLogPrefix.clear();
+        AGOption = 0;
+        Install_Catalogue({});
+        Install_Upgrade_Steps({});
+    }
+
+    // An empty database in `db`, in memory.
+    void Empty_Database() {
+        Take_Path(folder.File("Empty.CRF"));
+        ASSERT_TRUE(CreateCRF());
+    }
+    // A whole report of the fiscal year, open, with the worksheets of the catalogue installed.
+    void New_Report(Date start = Date_Of(2015, 10, 1), Date end = Date_Of(2016, 9, 30),
+                    std::string_view name = "Agency.CRF") {
+        NewReportEntries entries;
+        entries.providerNumber = "14-7100";
+        entries.facilityName = "Harbor Home Health";
+        ASSERT_TRUE(Create_CRF(folder.File(name), entries, {start, end}));
+    }
+
+    static Value Read(std::string_view select) { return db.Read_Row(select)[0]; }
+    static std::int32_t Count(std::string_view table) {
+        return Read(Sql("SELECT Count(*) FROM ", table, ";")).To_Long();
+    }
+    // One column of a SELECT, joined by blanks.
+    static std::string Column(std::string_view select) {
+        std::string joined;
+        Recordset rows = db.OpenRecordset(select, RecordsetType::Snapshot);
+        for (; !rows.Eof(); rows.MoveNext()) joined += (joined.empty() ? "" : " ") + rows.Fields(0).Value().To_Text();
+        return joined;
+    }
+    static std::string Bytes(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    static void Write(const std::string& path, std::string_view text) { std::ofstream(path, std::ios::binary) << text; }
+    // The names in the folder, in order.
+    std::vector<std::string> Files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+            names.push_back(entry.path().filename().string());
+        }
+        std::ranges::sort(names);
+        return names;
+    }
+
+    FakePlatform platform;
+    TempFolder folder;
+};
+
+}  // namespace tallmar
