@@ -3,51 +3,21 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <initializer_list>
 #include <string>
 
 #include "catalogue.h"
 #include "common/dates.h"
 #include "common/db/sql_text.h"
-#include "common/platform.h"
 #include "common/worksheets.h"
 #include "report/chart.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "report/run_log.h"
+#include "support/fake_platform.h"
+#include "support/temp_folder.h"
 
 namespace tallmar {
-
-// A message box fails the test; the clock stands still.
-class QuietPlatform : public Platform {
-  public:
-    Answer Message_Box(std::string_view prompt, int, std::string_view title) override {
-        ADD_FAILURE() << "unexpected box " << title << ": " << prompt;
-        return Answer::Ok;
-    }
-    void Beep() override {}
-    std::optional<std::string> Open_File(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> Save_File(const FileDialog&) override { return std::nullopt; }
-    void Show_Batch_Messages(std::string_view, const std::vector<BatchMessage>& rows) override {
-        for (const BatchMessage& row : rows) ADD_FAILURE() << row.level << ' ' << row.form << ' ' << row.message;
-    }
-    void Hourglass(bool) override {}
-    void Progress(std::string_view) override {}
-    void Do_Events() override {}
-    Date Now() override { return Date{44197}; }
-    std::string Get_Setting(std::string_view, std::string_view, std::string_view, std::string_view otherwise) override {
-        return std::string(otherwise);
-    }
-    void Save_Setting(std::string_view, std::string_view, std::string_view, std::string_view) override {}
-    std::string Program_Folder() override { return {}; }
-    void Set_Enabled(std::string_view, bool) override {}
-    void Set_Visible(std::string_view, bool) override {}
-    void Set_Text(std::string_view, std::string_view) override {}
-    bool Close_All_Forms() override { return false; }
-    void Refresh_Menus() override {}
-    [[noreturn]] void End_Program() override { throw std::logic_error("End_Program"); }
-};
 
 struct FiscalYearDates {
     const char* start;
@@ -59,7 +29,7 @@ inline constexpr FiscalYearDates kFySplit{"7/1/2000", "6/30/2001"};
 
 class WorksheetTest : public testing::Test {
   protected:
-    // The report with its registry, log and chart. `setUp` may change the chart before the worksheets are built.
+    // The report with its registry, log and chart. A test may change the chart before it builds worksheets.
     void Begin(FiscalYearDates year) {
         FYStart = *Parse_Date(year.start);
         FYEnd = *Parse_Date(year.end);
@@ -68,9 +38,8 @@ class WorksheetTest : public testing::Test {
         MsgLogPrefix.clear();
         LogType = "C";
         AGOption = 0;
-        Install_Platform(&platform_);
         Install_Catalogue(All_Families());
-        db = DBEngine::CreateDatabase(path_, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+        db = DBEngine::CreateDatabase(folder_.File("worksheets.CRF"), ";LANGID=0x0409;CP=1252;COUNTRY=0");
         Build_Worksheets();
         Build_Log();
         Build_CC();
@@ -79,10 +48,7 @@ class WorksheetTest : public testing::Test {
         Begin(year);
         for (const char* item : items) Build(item);
     }
-    void TearDown() override {
-        db.Close();
-        std::filesystem::remove(path_);
-    }
+    void TearDown() override { db.Close(); }
 
     static void Build(const Item& item) { Find_Family(item)->build(item); }
     static void Calc(const Item& item) { Find_Family(item)->calc(item); }
@@ -119,11 +85,8 @@ class WorksheetTest : public testing::Test {
     }
 
   private:
-    QuietPlatform platform_;
-    std::string path_ = (std::filesystem::temp_directory_path() /
-                         ("tallmar-" + std::to_string(::getpid()) + "-" +
-                          testing::UnitTest::GetInstance()->current_test_info()->name() + ".CRF"))
-                            .string();
+    FakePlatform platform_;
+    TempFolder folder_;
 };
 
 // A cell that holds this amount or number, whatever its kind; a shaded one that holds nothing.

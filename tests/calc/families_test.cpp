@@ -1,0 +1,35 @@
+// Every worksheet of the older and of the newer forms: what its build leaves in the registry.
+#include "calc/worksheets_fixture.h"
+
+namespace tallmar {
+namespace {
+
+class WorksheetFamilies : public WorksheetTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(WorksheetFamilies, BuildStampsTheRegistryWithTheLevelOfTheCatalogue) {
+    Begin(kFy1999, {GetParam()});
+    const Row row = db.Read_Row(Sql("SELECT * FROM Worksheets WHERE Item = ", Quoted(GetParam()), ";"));
+    ASSERT_TRUE(row);
+    EXPECT_EQ(row["Calc_Lvl"], Value(Find_Family(GetParam())->calcLevel));
+    EXPECT_EQ(row["ItemName"], Value(WorksheetName(GetParam())));
+}
+
+TEST_P(WorksheetFamilies, LineNumbersAreUnique) {
+    Begin(kFy1999, {GetParam()});
+    const TableShape shape = db.TableDefs().Item(GetParam()).Shape();
+    if (shape.Find_Field("LineNum") == nullptr) {
+        EXPECT_STREQ(GetParam(), "A6pA");
+        return;
+    }
+    ASSERT_EQ(shape.indexes.size(), 1U);
+    EXPECT_TRUE(shape.indexes[0].unique);
+    EXPECT_EQ(shape.indexes[0].fields, std::vector<std::string>{"LineNum"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Built, WorksheetFamilies,
+                         testing::Values("A", "A1", "A2", "A3", "A4", "A5", "A6pA", "A6pB", "A6pC", "A7", "Sp2", "S2",
+                                         "S21", "S3p1", "S3p2", "S3p3", "S3p4"),
+                         [](const auto& test) { return std::string(test.param); });
+
+}  // namespace
+}  // namespace tallmar
