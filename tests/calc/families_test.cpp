@@ -7,7 +7,7 @@ namespace {
 class WorksheetFamilies : public WorksheetTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(WorksheetFamilies, BuildStampsTheRegistryWithTheLevelOfTheCatalogue) {
-    Begin(kFy1999, {GetParam()});
+    Begin(fy1999, {GetParam()});
     const Row row = db.Read_Row(Sql("SELECT * FROM Worksheets WHERE Item = ", Quoted(GetParam()), ";"));
     ASSERT_TRUE(row);
     EXPECT_EQ(row["Calc_Lvl"], Value(Find_Family(GetParam())->calcLevel));
@@ -15,7 +15,7 @@ TEST_P(WorksheetFamilies, BuildStampsTheRegistryWithTheLevelOfTheCatalogue) {
 }
 
 TEST_P(WorksheetFamilies, LineNumbersAreUnique) {
-    Begin(kFy1999, {GetParam()});
+    Begin(fy1999, {GetParam()});
     const TableShape shape = db.TableDefs().Item(GetParam()).Shape();
     if (shape.Find_Field("LineNum") == nullptr) {
         EXPECT_STREQ(GetParam(), "A6pA");

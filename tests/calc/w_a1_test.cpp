@@ -7,7 +7,7 @@ namespace {
 
 class Compensation : public WorksheetTest {
   protected:
-    void SetUp() override { Begin(kFy1999, {"A1", "A2", "A3"}); }
+    void SetUp() override { Begin(fy1999, {"A1", "A2", "A3"}); }
 };
 
 TEST_F(Compensation, EachAnalysisShadesItsOwnCells) {

@@ -7,7 +7,7 @@ namespace {
 
 class WorksheetA4 : public WorksheetTest {
   protected:
-    void SetUp() override { Begin(kFy2016, {"A4"}); }
+    void SetUp() override { Begin(fy2016, {"A4"}); }
     static void Add_Entry(Currency line, const char* code, const char* up = "6", const char* down = "Null") {
         Add_Row("A4", "LineNum, Col_1, Col_3, Col_4, Col_6, Col_7",
                 Sql(line, ", '", code, "', ", up, ", 100, ", down, ", 100"));

@@ -8,7 +8,7 @@ namespace {
 
 class WorksheetA6 : public WorksheetTest {
   protected:
-    void SetUp() override { Begin(kFy2016, {"A6pA", "A6pB", "A6pC"}); }
+    void SetUp() override { Begin(fy2016, {"A6pA", "A6pB", "A6pC"}); }
     static void Add_Relation(int line, const char* symbol) {
         Add_Row("A6pC", "LineNum, Col_1", Sql(line, ", '", symbol, "'"));
     }
@@ -71,7 +71,7 @@ TEST_F(WorksheetA6, PartCClosesTheGapWhateverTheOrderOfEntry) {
 
 class WorksheetA7 : public WorksheetTest {
   protected:
-    void SetUp() override { Begin(kFy2016, {"A7"}); }
+    void SetUp() override { Begin(fy2016, {"A7"}); }
 };
 
 TEST_F(WorksheetA7, DonationsCountInTheBalancesAndHaveNoTotal) {

@@ -14,7 +14,7 @@ namespace {
 
 class WorksheetA : public WorksheetTest {
   protected:
-    void Begin_A(FiscalYearDates year) {
+    void Begin_A(const FiscalYear& year) {
         Begin(year, {"A", "A4", "A5", "A6pA", "A6pB"});
         if (FYStart < kCostLimitsEnd) {
             for (const char* item : {"A1", "A2", "A3"}) Build(item);
@@ -27,7 +27,7 @@ class WorksheetA : public WorksheetTest {
 };
 
 TEST_F(WorksheetA, RowsAreTheChartAndLine29) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     EXPECT_EQ(Lines("A"), "1 2 3 4 5 6 7 8 9 10 11 12 13 13.2 14 15 16 17 18 19 20 21 22 23 23.2 29");
     EXPECT_CELL("A", 5_cur, "CCName", "Administrative & General");
     EXPECT_CELL("A", 23.2_cur, "CCGroup", 2320);
@@ -37,7 +37,7 @@ TEST_F(WorksheetA, RowsAreTheChartAndLine29) {
 }
 
 TEST_F(WorksheetA, CapitalLinesTakeNoSalariesBenefitsAndContracts) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     for (const char* shaded : {"Col_1", "Col_2", "Col_4"}) {
         EXPECT_SHADED("A", 1_cur, shaded);
         EXPECT_SHADED("A", 2_cur, shaded);
@@ -50,7 +50,7 @@ TEST_F(WorksheetA, CapitalLinesTakeNoSalariesBenefitsAndContracts) {
 }
 
 TEST_F(WorksheetA, FromOctober2000OnTypedSalariesStay) {
-    Begin_A({"10/1/2000", "9/30/2001"});
+    Begin_A(Year("10/1/2000", "9/30/2001"));
     Build("A1");
     Put("A1", 6_cur, "Col_9", 777);
     Put("A", 6_cur, "Col_1", 1000);
@@ -60,7 +60,7 @@ TEST_F(WorksheetA, FromOctober2000OnTypedSalariesStay) {
 }
 
 TEST_F(WorksheetA, BeforeOctober2000CompensationGivesThreeColumns) {
-    Begin_A({"9/30/2000", "9/29/2001"});
+    Begin_A(Year("9/30/2000", "9/29/2001"));
     Put("A", 6_cur, "Col_1", 1);
     Put("A1", 6_cur, "Col_9", 300);
     Put("A2", 6_cur, "Col_9", 40);
@@ -74,7 +74,7 @@ TEST_F(WorksheetA, BeforeOctober2000CompensationGivesThreeColumns) {
 }
 
 TEST_F(WorksheetA, CapitalLinesStillAddUpWhereCompensationIsShaded) {
-    Begin_A(kFy1999);
+    Begin_A(fy1999);
     Put("A", 1_cur, "Col_1", 9);
     Put("A", 1_cur, "Col_5", 250);
     Calc_A();
@@ -85,14 +85,14 @@ TEST_F(WorksheetA, CapitalLinesStillAddUpWhereCompensationIsShaded) {
 }
 
 TEST_F(WorksheetA, ReclassificationOntoItsOwnLineNetsToZero) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Reclassify(1, "6", "6", 500);
     Calc_A();
     EXPECT_CELL("A", 6_cur, "Col_7", 0);
 }
 
 TEST_F(WorksheetA, AllReclassificationsOfALineAddUp) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Reclassify(1, "6", "5", 500);
     Reclassify(2, "6", "7", 30);
     Reclassify(3, "5", "6", 4);
@@ -104,7 +104,7 @@ TEST_F(WorksheetA, AllReclassificationsOfALineAddUp) {
 }
 
 TEST_F(WorksheetA, IncreaseWithoutOtherSidePostsTheIncreaseOnly) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Add_Row("A4", "LineNum, Col_1, Col_3, Col_4, Col_7", "1, 'A', 6, 500, 900");
     Calc_A();
     EXPECT_EQ(Lines("A", "Col_7 <> 0"), "6 29");
@@ -112,7 +112,7 @@ TEST_F(WorksheetA, IncreaseWithoutOtherSidePostsTheIncreaseOnly) {
 }
 
 TEST_F(WorksheetA, ReclassificationsBehindLine29Post) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Add_Row("A4", "LineNum, Col_1, Col_3, Col_4", "29.01, 'A', 6, 500");
     Put("A4", 30_cur, "Col_3", 6);
     Put("A4", 30_cur, "Col_4", 10000);
@@ -121,14 +121,14 @@ TEST_F(WorksheetA, ReclassificationsBehindLine29Post) {
 }
 
 TEST_F(WorksheetA, ReferenceToALineThatIsNotThereIsSilent) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Reclassify(1, "6.01", "99", 500);
     Calc_A();
     EXPECT_EQ(Lines("A", "Col_7 <> 0"), "");
 }
 
 TEST_F(WorksheetA, LineFiveOfA5NeverReachesA) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Put("A5", 5_cur, "Col_2", 500);
     Put("A5", 5_cur, "Col_4", 6);
     Put("A5", 1_cur, "Col_2", -20);
@@ -138,7 +138,7 @@ TEST_F(WorksheetA, LineFiveOfA5NeverReachesA) {
 }
 
 TEST_F(WorksheetA, UserLinesOfA5PostAndItsTotalDoesNot) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Add_Row("A5", "LineNum, Col_2, Col_4", "20.99, 70, 6");
     Put("A5", 21_cur, "Col_2", 70);
     Put("A5", 21_cur, "Col_4", 6);
@@ -147,7 +147,7 @@ TEST_F(WorksheetA, UserLinesOfA5PostAndItsTotalDoesNot) {
 }
 
 TEST_F(WorksheetA, RelatedOrganizationAmountReachesAOnce) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Add_Row("A6pB", "LineNum, Col_1, Col_4, Col_5", "1, 6, 1000, 850");
     Calc_A6pB();
     Calc_A5();
@@ -158,7 +158,7 @@ TEST_F(WorksheetA, RelatedOrganizationAmountReachesAOnce) {
 }
 
 TEST_F(WorksheetA, TherapyAdjustmentsPostToTheirCostCenters) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Put("A5", 10_cur, "Col_2", -1);
     Put("A5", 10.1_cur, "Col_2", -2);
     Put("A5", 10.2_cur, "Col_2", -3);
@@ -167,7 +167,7 @@ TEST_F(WorksheetA, TherapyAdjustmentsPostToTheirCostCenters) {
 }
 
 TEST_F(WorksheetA, NegativeTotalsStay) {
-    Begin_A(kFy2016);
+    Begin_A(fy2016);
     Put("A", 6_cur, "Col_5", -100);
     Calc_A();
     EXPECT_CELL("A", 6_cur, "Col_10", -100);
@@ -175,7 +175,7 @@ TEST_F(WorksheetA, NegativeTotalsStay) {
 }
 
 TEST_F(WorksheetA, SublinesCountInTheTotal) {
-    Begin(kFy2016);
+    Begin(fy2016);
     Add_Cost_Center(5.01_cur, "Billing");
     for (const char* item : {"A", "A4", "A5", "A6pB"}) Build(item);
     Put("A", 5.01_cur, "Col_5", 10);
@@ -244,7 +244,7 @@ class RandomWorksheetA : public WorksheetA, public testing::WithParamInterface<u
 };
 
 TEST_P(RandomWorksheetA, AgreesWithPlainArithmetic) {
-    Begin(kFy2016);
+    Begin(fy2016);
     Add_Cost_Center(5.01_cur, "Billing");
     for (const char* item : {"A", "A4", "A5", "A6pB"}) Build(item);
 

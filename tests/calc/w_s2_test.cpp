@@ -10,7 +10,7 @@ namespace {
 class WorksheetS2 : public WorksheetTest {};
 
 TEST_F(WorksheetS2, TakesItsIdentityFromTheReport) {
-    Begin(kFy2016, {"S2"});
+    Begin(fy2016, {"S2"});
     EXPECT_CELL("S2", 2_cur, "Col_1", "Tallmar Home Health");
     EXPECT_CELL("S2", 2_cur, "Col_2", "14-7100");
     EXPECT_CELL("S2", 7_cur, "Col_1", "10/1/2015");
@@ -18,14 +18,14 @@ TEST_F(WorksheetS2, TakesItsIdentityFromTheReport) {
 }
 
 TEST_F(WorksheetS2, QuotesInTheNameAreKept) {
-    Begin(kFy2016);
+    Begin(fy2016);
     ProviderName = R"("Good" Neighbor's Care)";
     Build_S2();
     EXPECT_CELL("S2", 2_cur, "Col_1", R"("Good" Neighbor's Care)");
 }
 
 TEST_F(WorksheetS2, FixedLinesAndTheirDefaults) {
-    Begin(kFy2016, {"S2"});
+    Begin(fy2016, {"S2"});
     EXPECT_EQ(
         Lines("S2"),
         "1 1.01 2 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 22.01 22.02 23 26 27 27.01 27.02 27.03 28 29 29.01 "
@@ -40,7 +40,7 @@ TEST_F(WorksheetS2, FixedLinesAndTheirDefaults) {
 }
 
 TEST_F(WorksheetS2, SpecialPurposeLinesOfTheChartStandAtTheTop) {
-    Begin(kFy2016);
+    Begin(fy2016);
     Add_Cost_Center(24_cur, "CORF");
     Add_Cost_Center(24.01_cur, "CORF II");
     Add_Cost_Center(25_cur, "Hospice");
@@ -59,13 +59,13 @@ TEST_F(WorksheetS2, SpecialPurposeLinesOfTheChartStandAtTheTop) {
 }
 
 TEST_F(WorksheetS2, DepreciationOfANewReportIsZero) {
-    Begin(kFy2016, {"S2"});
+    Begin(fy2016, {"S2"});
     Calc_S2();
     EXPECT_CELL("S2", 13_cur, "Col_1", "0");
 }
 
 TEST_F(WorksheetS2, DepreciationAddsWholeDollars) {
-    Begin(kFy2016, {"S2"});
+    Begin(fy2016, {"S2"});
     Put("S2", 10_cur, "Col_1", "1000.75");
     Put("S2", 11_cur, "Col_1", "20");
     Calc_S2();
@@ -73,7 +73,7 @@ TEST_F(WorksheetS2, DepreciationAddsWholeDollars) {
 }
 
 TEST_F(WorksheetS2, DepreciationThatIsNoNumberFails) {
-    Begin(kFy2016, {"S2"});
+    Begin(fy2016, {"S2"});
     Put("S2", 13_cur, "Col_1", "7");
     Put("S2", 10_cur, "Col_1", "none");
     EXPECT_THROW(Calc_S2(), DbError);
@@ -82,7 +82,7 @@ TEST_F(WorksheetS2, DepreciationThatIsNoNumberFails) {
 
 class WorksheetS21 : public WorksheetTest {
   protected:
-    void SetUp() override { Begin(kFy2016, {"S21"}); }
+    void SetUp() override { Begin(fy2016, {"S21"}); }
     static void Answer_All_Yes() { db.Execute("UPDATE S21 SET Col_1 = 'Yes';"); }
 };
 
@@ -144,7 +144,7 @@ TEST_F(WorksheetS21, LabelOfLine13FallsBackWithoutNineAndTen) {
 
 class WorksheetSp2 : public WorksheetTest {
   protected:
-    void SetUp() override { Begin(kFy2016, {"Sp2"}); }
+    void SetUp() override { Begin(fy2016, {"Sp2"}); }
     static void Add_Settlement(const char* values) {
         TableDef table = db.CreateTableDef("Dp2");
         for (const char* field : {"LineNum", "Col_1", "Col_2"}) {

@@ -27,7 +27,7 @@ class WorksheetS3 : public WorksheetTest {
 };
 
 TEST_F(WorksheetS3, PartOneShadesByLine) {
-    Begin(kFy2016, {"S3p1"});
+    Begin(fy2016, {"S3p1"});
     EXPECT_EQ(Lines("S3p1"), "0 1 2 3 4 5 6 7 8 9 10 10.01 10.02");
     EXPECT_EQ(Lines("S3p1", "Col_1 Is Null"), "0 7 10 10.01 10.02");
     EXPECT_EQ(Lines("S3p1", "Col_2 Is Null"), "0 7 8 9");
@@ -37,7 +37,7 @@ TEST_F(WorksheetS3, PartOneShadesByLine) {
 }
 
 TEST_F(WorksheetS3, PartOneTotalsVisitsOfLinesOneToSeven) {
-    Begin(kFy2016, {"S3p1"});
+    Begin(fy2016, {"S3p1"});
     Put("S3p1", 0_cur, "Col_1", 1000);
     Put("S3p1", 1_cur, "Col_1", 10);
     Put("S3p1", 6_cur, "Col_1", 5);
@@ -52,14 +52,14 @@ TEST_F(WorksheetS3, PartOneTotalsVisitsOfLinesOneToSeven) {
 }
 
 TEST_F(WorksheetS3, CensusOfSplitLinesIsClearedFromOctober2000On) {
-    Begin({"10/1/2000", "9/30/2001"}, {"S3p1"});
+    Begin(Year("10/1/2000", "9/30/2001"), {"S3p1"});
     for (const Currency line : {10_cur, 10.01_cur, 10.02_cur}) Put("S3p1", line, "Col_2", 8);
     Calc_S3p1();
     EXPECT_EQ(List("S3p1", "Col_2", "LineNum >= 10"), "8 0 0");
 }
 
 TEST_F(WorksheetS3, SplitPeriodKeepsTheCensusAsTyped) {
-    Begin(kFySplit, {"S3p1"});
+    Begin(fySplit, {"S3p1"});
     for (const Currency line : {10.01_cur, 10.02_cur}) {
         Put("S3p1", line, "Col_2", 8);
         Put("S3p1", line, "Col_6", 1);
@@ -70,7 +70,7 @@ TEST_F(WorksheetS3, SplitPeriodKeepsTheCensusAsTyped) {
 }
 
 TEST_F(WorksheetS3, PartTwoAddsStaffAndContract) {
-    Begin(kFy2016, {"S3p2"});
+    Begin(fy2016, {"S3p2"});
     Put("S3p2", 0_cur, "Col_1", 40);
     Put("S3p2", 11_cur, "Col_1", 1.5);
     Put("S3p2", 11_cur, "Col_2", 0.25);
@@ -84,7 +84,7 @@ TEST_F(WorksheetS3, PartTwoAddsStaffAndContract) {
 }
 
 TEST_F(WorksheetS3, PartThreeCountsCodesAsTyped) {
-    Begin(kFy2016, {"S3p3"});
+    Begin(fy2016, {"S3p3"});
     EXPECT_CELL("S3p3", 28_cur, "Col_1", "0");
     Add_Codes(29_cur, "'1234'", "'12345'");
     Add_Codes(29.01_cur, "'123'", "'54321'");
@@ -95,7 +95,7 @@ TEST_F(WorksheetS3, PartThreeCountsCodesAsTyped) {
 }
 
 TEST_F(WorksheetS3, CodeListsArePaddedAndKeepTheirOrder) {
-    Begin(kFy2016, {"S3p3"});
+    Begin(fy2016, {"S3p3"});
     Add_Codes(29.01_cur, "'123'", "'54321'");
     Add_Codes(29_cur, "'1234'", "'345'");
     Load_MSA();
@@ -104,35 +104,35 @@ TEST_F(WorksheetS3, CodeListsArePaddedAndKeepTheirOrder) {
 }
 
 TEST_F(WorksheetS3, DrugCostRoundsHalvesToEven) {
-    Begin(kFy2016, {"S3p3"});
+    Begin(fy2016, {"S3p3"});
     Add_Drug_Lines("0.5", 5);
     Calc_S3p3();
     EXPECT_EQ(List("Cp3", "Col_9"), "-1 2 -1");
 }
 
 TEST_F(WorksheetS3, DrugLineBeginsWithPeriodsThatEndInJuly2006) {
-    Begin({"8/1/2005", "7/30/2006"}, {"S3p3"});
+    Begin(Year("8/1/2005", "7/30/2006"), {"S3p3"});
     Add_Drug_Lines("0.5", 7);
     Calc_S3p3();
     EXPECT_EQ(List("Cp3", "Col_9"), "-1 -1 -1");
 }
 
 TEST_F(WorksheetS3, VaccineLineIsCostedInPeriodsThatBeginByJuly2006) {
-    Begin({"7/1/2006", "6/30/2007"}, {"S3p3"});
+    Begin(Year("7/1/2006", "6/30/2007"), {"S3p3"});
     Add_Drug_Lines("0.5", 7);
     Calc_S3p3();
     EXPECT_EQ(List("Cp3", "Col_9"), "-1 4 4");
 }
 
 TEST_F(WorksheetS3, VaccineLineIsLeftInPeriodsThatBeginLater) {
-    Begin({"7/2/2006", "6/30/2007"}, {"S3p3"});
+    Begin(Year("7/2/2006", "6/30/2007"), {"S3p3"});
     Add_Drug_Lines("Null", 7);
     Calc_S3p3();
     EXPECT_EQ(List("Cp3", "Col_9"), "-1 0 -1");
 }
 
 TEST_F(WorksheetS3, PartFourTotalsVisitsAndCharges) {
-    Begin(kFy2016, {"S3p4"});
+    Begin(fy2016, {"S3p4"});
     for (int line = 30; line <= 43; ++line) {
         if (line != 42) Put("S3p4", Currency(line), "Col_2", line);
     }
@@ -146,7 +146,7 @@ TEST_F(WorksheetS3, PartFourTotalsVisitsAndCharges) {
 }
 
 TEST_F(WorksheetS3, PartFourHasNoRowTotalOverANullInAnUnguardedColumn) {
-    Begin(kFy2016, {"S3p4"});
+    Begin(fy2016, {"S3p4"});
     Put("S3p4", 30_cur, "Col_1", Null);
     Put("S3p4", 30_cur, "Col_4", 6);
     Put("S3p4", 31_cur, "Col_2", Null);
@@ -157,7 +157,7 @@ TEST_F(WorksheetS3, PartFourHasNoRowTotalOverANullInAnUnguardedColumn) {
 }
 
 TEST_F(WorksheetS3, PartFourKeepsANullTotalNull) {
-    Begin(kFy2016, {"S3p4"});
+    Begin(fy2016, {"S3p4"});
     db.Execute("UPDATE S3p4 SET Col_3 = Null;");
     Calc_S3p4();
     EXPECT_SHADED("S3p4", 42_cur, "Col_3");

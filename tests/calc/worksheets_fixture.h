@@ -1,4 +1,4 @@
-// A report for worksheet tests: the chart and the worksheets that a test names, and cells by line and column.
+// A report of the chart and only those worksheets that a test names, so that a neighbour can be put in by hand.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,25 +14,21 @@
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "report/run_log.h"
-#include "support/fake_platform.h"
-#include "support/temp_folder.h"
+#include "support/report_fixture.h"
 
 namespace tallmar {
 
-struct FiscalYearDates {
-    const char* start;
-    const char* end;
-};
-inline constexpr FiscalYearDates kFy2016{"10/1/2015", "9/30/2016"};
-inline constexpr FiscalYearDates kFy1999{"10/1/1998", "9/30/1999"};
-inline constexpr FiscalYearDates kFySplit{"7/1/2000", "6/30/2001"};
+inline FiscalYear Year(const char* start, const char* end) {
+    return {*Parse_Date(start), *Parse_Date(end)};
+}
+inline const FiscalYear fySplit = Year("7/1/2000", "6/30/2001");
 
 class WorksheetTest : public testing::Test {
   protected:
     // The report with its registry, log and chart. A test may change the chart before it builds worksheets.
-    void Begin(FiscalYearDates year) {
-        FYStart = *Parse_Date(year.start);
-        FYEnd = *Parse_Date(year.end);
+    void Begin(const FiscalYear& year) {
+        FYStart = year.start;
+        FYEnd = year.end;
         ProviderNumber = "14-7100";
         ProviderName = "Tallmar Home Health";
         MsgLogPrefix.clear();
@@ -44,7 +40,7 @@ class WorksheetTest : public testing::Test {
         Build_Log();
         Build_CC();
     }
-    void Begin(FiscalYearDates year, std::initializer_list<const char*> items) {
+    void Begin(const FiscalYear& year, std::initializer_list<const char*> items) {
         Begin(year);
         for (const char* item : items) Build(item);
     }
@@ -55,10 +51,11 @@ class WorksheetTest : public testing::Test {
 
     static void Add_Cost_Center(Currency line, const char* name) {
         db.Execute(Sql("INSERT INTO CostCenters (LineNum,LineType,CCNum,CCGroup,CCType,MaxLines,CCName) VALUES (", line,
-                       ",'S',", line, ",", line.To_Double() * 100, ",'A',9,", Quoted(name), ");"));
+                       ",'S',", line, ",", static_cast<int>(line.Scaled() / 100), ",'A',9,", Quoted(name), ");"));
     }
     static void Put(const char* item, Currency line, const char* field, const Value& value) {
-        db.Execute(Sql("UPDATE ", item, " SET ", field, "=", value, " WHERE LineNum = ", line, ";"));
+        const auto rows = db.Execute(Sql("UPDATE ", item, " SET ", field, "=", value, " WHERE LineNum = ", line, ";"));
+        EXPECT_EQ(rows, 1) << item << " line " << line.To_Text();
     }
     // A new row: Add_Row("A4", "LineNum, Col_3, Col_4", "1, 5, 100").
     static void Add_Row(const char* item, const char* fields, const std::string& values) {
@@ -89,11 +86,7 @@ class WorksheetTest : public testing::Test {
     TempFolder folder_;
 };
 
-// A cell that holds this amount or number, whatever its kind; a shaded one that holds nothing.
-#define EXPECT_CELL(item, line, field, expected)                           \
-    EXPECT_EQ(Get(item, line, field).To_Text(), Value(expected).To_Text()) \
-        << item << " " << (line).To_Text() << " " << field
-#define EXPECT_SHADED(item, line, field) \
-    EXPECT_TRUE(Get(item, line, field).Is_Null()) << item << " " << (line).To_Text() << " " << field
+// A cell that the form shades.
+#define EXPECT_SHADED(item, line, field) EXPECT_CELL(item, line, field, Null)
 
 }  // namespace tallmar
