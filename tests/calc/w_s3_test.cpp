@@ -83,6 +83,11 @@ TEST_F(WorksheetS3, PartTwoAddsStaffAndContract) {
     EXPECT_SHADED("S3p2", 26_cur, "Description");
 }
 
+TEST_F(WorksheetS3, LongestStaffLabelIsWhole) {
+    Begin(fy2016, {"S3p2"});
+    EXPECT_CELL("S3p2", 11_cur, "Description", "Administrator & Assistant Administrator(s)");
+}
+
 TEST_F(WorksheetS3, PartThreeCountsCodesAsTyped) {
     Begin(fy2016, {"S3p3"});
     EXPECT_CELL("S3p3", 28_cur, "Col_1", "0");
