@@ -115,6 +115,10 @@ void Check_Long(Call& call) {
     call.Give(As_Long(call.Int(0)));
 }
 
+void Check_Real(Call& call) {
+    call.Give(call.Real(0));
+}
+
 void Check_Range(Call& call) {
     call.Give(In_Range(call.Int(0), call.Int(1), call.Int(2)));
 }
@@ -353,6 +357,7 @@ constexpr auto kSeen = NullRule::Seen;
 constexpr CallbackRow kCallbacks[] = {
     {"t_amount", 1, kPropagates, Check_Amount},
     {"t_long", 1, kPropagates, Check_Long},
+    {"t_real", 1, kPropagates, Check_Real},
     {"t_range", 3, kPropagates, Check_Range},
     {"t_notnull", 2, kSeen, Check_Not_Null},
     {"t_sized", 3, kPropagates, Check_Size},

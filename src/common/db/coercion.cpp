@@ -45,8 +45,8 @@ constexpr Cell kNull = {N, N, N, Form::Plain};
 constexpr Cell kLong = {W, N, N, Form::Long};
 constexpr Cell kAmount = {C, C, C, Form::Amount};
 constexpr Cell kProduct = {C, C, C, Form::Product};
-constexpr Cell kReal = {F, F, F, Form::Plain};
-constexpr Cell kSerial = {S, F, F, Form::Plain};
+constexpr Cell kReal = {F, F, F, Form::Real};
+constexpr Cell kSerial = {S, F, F, Form::Real};
 constexpr Cell kJoin = {T, T, T, Form::Joined};
 constexpr Cell kJoinAll = {T, T, T, Form::JoinedAll};
 constexpr Cell kQuotient = {F, F, F, Form::Quotient};
@@ -166,7 +166,7 @@ constexpr Type kArguments[][kTypeCount] = {
     /* Condition */ {Q, Q, Q, Q, Q, Q, Q, Q, N},
 };
 
-constexpr std::string_view kReal32 = "CAST($ AS REAL)";
+constexpr std::string_view kAsReal = "CAST($ AS REAL)";
 constexpr std::string_view kAmountReal = "(CAST($ AS REAL)/10000.0)";
 constexpr std::string_view kWords = "CAST($ AS TEXT)";
 constexpr std::string_view kNotZero = "($<>0)";
@@ -177,8 +177,8 @@ constexpr std::string_view kSame = "$";
 // by SQL: its literals are bound as what is wanted.
 constexpr std::string_view kCasts[kTypeCount][kTypeCount] = {
     /* Null      */ {kSame, kSame, kSame, kSame, kSame, kSame, kSame, kSame, kSame},
-    /* Boolean   */ {"", kSame, kSame, "($*10000)", "", kReal32, kReal32, kWords, kNotZero},
-    /* Whole     */ {"", kFlag, kSame, "($*10000)", "", kReal32, "t_serial($)", kWords, kNotZero},
+    /* Boolean   */ {"", kSame, kSame, "($*10000)", "", kAsReal, kAsReal, kWords, kNotZero},
+    /* Whole     */ {"", kFlag, kSame, "($*10000)", "", kAsReal, "t_serial($)", kWords, kNotZero},
     /* Currency  */
     {"", kFlag, "t_whole_c($)", kSame, "", kAmountReal, "t_serial(CAST($ AS REAL)/10000.0)", "t_text_c($)", kNotZero},
     /* Decimal   */ {"", "", "", "", kSame, "", "", "", ""},

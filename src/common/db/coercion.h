@@ -33,6 +33,7 @@ enum class Form : std::uint8_t {
     Plain,    // SQLite's own operator
     Amount,   // the same over Currency; the end of a chain checks that it did not overflow
     Long,     // the same, checked to stay within 32 bits
+    Real,     // the same over Double; the end of a chain checks that it is finite
     Product,  // Currency x Currency, four places, halves to even
     Quotient,
     WholeQuotient,

@@ -25,16 +25,15 @@ BoundPtr Node(BoundKind kind, Type type, Place place, Args... args) {
 
 // Casts
 
-// Literals that are bound as another type than their own. What may fail beyond "no number" or "no date" is left to SQL.
+// Literals that are bound as another type than their own: none of these can fail. What can is left to SQL, since it
+// must fail only where the value is asked for.
 struct LiteralCast {
     Type from, to;
 };
 constexpr LiteralCast kLiteralCasts[] = {
-    {Type::Whole, Type::Currency},  {Type::Whole, Type::Double},     {Type::Whole, Type::Text},
-    {Type::Whole, Type::Boolean},   {Type::Decimal, Type::Currency}, {Type::Decimal, Type::Double},
-    {Type::Double, Type::Currency}, {Type::Double, Type::Text},      {Type::Text, Type::Currency},
-    {Type::Text, Type::Double},     {Type::Text, Type::Date},        {Type::Date, Type::Double},
-    {Type::Date, Type::Text},
+    {Type::Whole, Type::Currency}, {Type::Whole, Type::Double},     {Type::Whole, Type::Text},
+    {Type::Whole, Type::Boolean},  {Type::Decimal, Type::Currency}, {Type::Decimal, Type::Double},
+    {Type::Double, Type::Text},    {Type::Date, Type::Double},      {Type::Date, Type::Text},
 };
 
 bool Is_Literal_Cast(Type from, Type to) {

@@ -24,6 +24,7 @@ struct FunctionForm {
     Type first = Type::None;  // None: any type
     std::string_view sql;
     Type result = Type::None;  // None: the type of the first argument
+    bool finds = false;        // an overflow of the first argument is found by the function itself
 };
 
 inline constexpr std::size_t kMostForms = 3;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/db/match_count.h"
 #include "common/db/sql_writer.h"
 
 namespace tallmar {
@@ -26,6 +27,21 @@ Values Values_Of(const BoundStatement& statement) {
 
 int Table_Count(const BoundSelect& select) {
     return static_cast<int>(select.tables.size());
+}
+
+// The side whose rows a join keeps leads: of a right join the right one.
+void Add_Leading(const BoundJoin& join, std::vector<int>& order) {
+    if (join.kind == TableTree::Kind::Table) return order.push_back(join.table);
+    const bool right = join.kind == TableTree::Kind::Right;
+    Add_Leading(right ? *join.right : *join.left, order);
+    Add_Leading(right ? *join.left : *join.right, order);
+}
+
+// The tables in the order in which their rows order those of the join.
+std::vector<int> Leading_Order(const BoundSelect& select) {
+    std::vector<int> order;
+    for (const BoundJoinPtr& join : select.from) Add_Leading(*join, order);
+    return order;
 }
 
 // Writes commas and the like between the parts of a list.
@@ -68,7 +84,8 @@ bool Is_Constant(const Bound& bound) {
 // The key of a row as one value, the first of a group by MIN.
 void Write_Row_Key(SqlWriter& sql, const BoundSelect& select) {
     if (select.tables.size() == 1) return sql.Rowid(0);
-    Write_Keys(sql, "t_key(", select);
+    Between comma(sql, "t_key(", ",");
+    for (const int table : Leading_Order(select)) comma().Rowid(table);
     sql << ")";
 }
 
@@ -98,7 +115,7 @@ void Write_Order(SqlWriter& sql, const BoundSelect& select) {
             break;
         }
     }
-    for (int i = 0; i < Table_Count(select); ++i) comma().Rowid(i);
+    for (const int table : Leading_Order(select)) comma().Rowid(table);
     Write_Limit(sql, select);
 }
 
@@ -240,12 +257,47 @@ SqliteText Delete_Text(const BoundStatement& statement) {
     return sql.Take();
 }
 
-// Matches in the order of the other tables' rows, then the target's.
+void Write_Match_Order(SqlWriter& sql, const BoundStatement& statement) {
+    const BoundSelect& select = statement.select;
+    Between comma(sql, " ORDER BY ", ",");
+    Write_Order_Terms(comma, select);
+    for (const int table : Leading_Order(select)) {
+        if (table != statement.target) comma().Rowid(table);
+    }
+    comma().Rowid(statement.target);
+}
+
+bool Is_Self_Reference(const BoundStatement& statement) {
+    const auto& tables = statement.select.tables;
+    const TableShape* target = tables[static_cast<std::size_t>(statement.target)].shape;
+    return std::count_if(tables.begin(), tables.end(), [&](const BoundTable& table) { return table.shape == target; }) >
+           1;
+}
+
+// Matches in the order of the other tables' rows, then the target's. Where a target row may be met more than once only
+// its first match has values (where the target reads itself, only the very first): those of the others are worked out
+// on the rows as they then are, and must not fail before.
 SqliteText Match_Text(const BoundStatement& statement) {
     const BoundSelect& select = statement.select;
+    const bool single = Meets_Once(select, statement.target) && !Is_Self_Reference(statement);
     SqlWriter sql;
     Write_Keys(sql, "SELECT ", select);
-    Write_List(sql, ",", Values_Of(statement));
+    for (const BoundValue& value : statement.values) {
+        sql << ",";
+        if (single) {
+            sql.Value(*value.value);
+        } else {
+            sql << "CASE WHEN row_number() OVER (";
+            if (!Is_Self_Reference(statement)) {
+                sql << "PARTITION BY ";
+                sql.Rowid(statement.target);
+            }
+            Write_Match_Order(sql, statement);
+            sql << ")=1 THEN ";
+            sql.Value(*value.value);
+            sql << " END";
+        }
+    }
     sql.From(select);
     Between also(sql, " WHERE ", " AND ");
     if (select.where) also().Value(*select.where);
@@ -253,12 +305,7 @@ SqliteText Match_Text(const BoundStatement& statement) {
         also().Rowid(statement.target);
         sql << " IS NOT NULL";
     }
-    Between comma(sql, " ORDER BY ", ",");
-    Write_Order_Terms(comma, select);
-    for (int i = 0; i < Table_Count(select); ++i) {
-        if (i != statement.target) comma().Rowid(i);
-    }
-    comma().Rowid(statement.target);
+    Write_Match_Order(sql, statement);
     return sql.Take();
 }
 
@@ -287,9 +334,7 @@ RowUpdatePlan Row_Update_Plan(const BoundStatement& statement) {
     plan.match = Match_Text(statement);
     plan.apply = Apply_Text(statement);
     plan.again = Row_By_Keys(select, Values_Of(statement));
-    const TableShape* target = select.tables[static_cast<std::size_t>(statement.target)].shape;
-    plan.selfReference = std::count_if(select.tables.begin(), select.tables.end(),
-                                       [&](const BoundTable& table) { return table.shape == target; }) > 1;
+    plan.selfReference = Is_Self_Reference(statement);
     return plan;
 }
 

@@ -49,6 +49,12 @@ bool Writes_Right_Join(const BoundJoin& join) {
     return here || Writes_Right_Join(*join.left) || Writes_Right_Join(*join.right);
 }
 
+// An operand that goes on in the chain of its parent: of amounts, or of Doubles.
+bool Continues(const Bound& operand, const Bound& parent) {
+    const Type chain = parent.form == Form::Amount ? Type::Currency : Type::Double;
+    return parent.form != Form::Long && operand.type == chain;
+}
+
 [[noreturn]] void Too_Complex() {
     throw DbError(DbErrorCode::TooComplex);
 }
@@ -110,10 +116,12 @@ void SqlWriter::Value(const Bound& bound, bool inChain) {
             Binary(bound, inChain);
             return;
         case BoundKind::Cast:
-            Around(Cast_Sql(args[0]->type, bound.type), *args[0]);
+            // The conversion of a Double to Currency finds an overflow by itself.
+            Around(Cast_Sql(args[0]->type, bound.type), *args[0],
+                   args[0]->type == Type::Double && bound.type == Type::Currency);
             return;
         case BoundKind::Check:
-            Around(bound.sql, *args[0]);
+            Around(bound.sql, *args[0], false);
             return;
         case BoundKind::Not:
             *this << "(NOT ";
@@ -178,10 +186,9 @@ void SqlWriter::Binary(const Bound& bound, bool inChain) {
     }
     switch (bound.form) {
         case Form::Amount:
-            return Amount(bound, inChain);
+        case Form::Real:
         case Form::Long:
-            *this << "t_long";
-            return Amount(bound, true);
+            return Checked(bound, inChain);
         case Form::JoinedAll:
             *this << "(ifnull(";
             Value(*bound.args[0]);
@@ -204,18 +211,22 @@ void SqlWriter::Binary(const Bound& bound, bool inChain) {
     *this << ")";
 }
 
-// A sum of amounts that overflows becomes a REAL in SQLite and stays one under further sums: one check at the end of
-// the chain finds it.
-void SqlWriter::Amount(const Bound& bound, bool inChain) {
-    const bool links = bound.form == Form::Amount;
-    *this << (inChain ? "(" : "t_amount(");
+// A sum of amounts that overflows becomes a REAL in SQLite and stays one under further sums, and a Double that
+// overflows stays infinite: one check at the end of the chain finds it. Whole numbers are checked step by step.
+void SqlWriter::Checked(const Bound& bound, bool inChain) {
+    const bool links = bound.form != Form::Long;
+    const bool first = Continues(*bound.args[0], bound);
+    *this << (links && inChain             ? "("
+              : bound.form == Form::Amount ? "t_amount("
+              : bound.form == Form::Real   ? "t_real("
+                                           : "t_long(");
     if (bound.kind == BoundKind::Negate) {
         *this << "-";
-        Value(*bound.args[0], links);
+        Value(*bound.args[0], first);
     } else {
-        Value(*bound.args[0], links);
+        Value(*bound.args[0], first);
         *this << kSqliteOps[static_cast<std::size_t>(bound.op)];
-        Value(*bound.args[1], links);
+        Value(*bound.args[1], Continues(*bound.args[1], bound));
     }
     *this << ")";
 }
@@ -232,16 +243,16 @@ void SqlWriter::Call(const Bound& bound) {
         } else if (what == 'T') {
             *this << std::to_string(Index(bound.args[0]->type));
         } else {
-            Value(*bound.args[static_cast<std::size_t>(what - '1')]);
+            Value(*bound.args[static_cast<std::size_t>(what - '1')], bound.functionForm->finds);
         }
     }
     *this << sql.substr(from);
 }
 
-void SqlWriter::Around(std::string_view sql, const Bound& value) {
+void SqlWriter::Around(std::string_view sql, const Bound& value, bool inChain) {
     const std::size_t mark = sql.find('$');
     *this << sql.substr(0, mark);
-    Value(value);
+    Value(value, inChain);
     *this << sql.substr(mark + 1);
 }
 

@@ -15,7 +15,7 @@ class SqlWriter {
         text_.sql += sql;
         return *this;
     }
-    // `inChain`: the value goes on into a sum of amounts, whose end is checked.
+    // `inChain`: the value goes on into a chain whose end is checked.
     void Value(const Bound& bound, bool inChain = false);
     // A text is told to compare without regard to case.
     void Term(const Bound& bound);
@@ -30,9 +30,9 @@ class SqlWriter {
 
   private:
     void Binary(const Bound& bound, bool inChain);
-    void Amount(const Bound& bound, bool inChain);
+    void Checked(const Bound& bound, bool inChain);
     void Call(const Bound& bound);
-    void Around(std::string_view sql, const Bound& value);
+    void Around(std::string_view sql, const Bound& value, bool inChain);
     void List(const Bound& bound, std::size_t first);
     void Join(const BoundSelect& select, const BoundJoin& join);
     void Inner_Leaves(const BoundSelect& select, const BoundJoin& join);

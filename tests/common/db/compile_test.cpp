@@ -139,6 +139,9 @@ TEST_F(Compiled, OverflowAndDivisionByZeroAreErrors) {
     EXPECT_EQ(Message("SELECT Sum(Col_1) FROM A"), "Overflow");
     EXPECT_EQ(Message("SELECT N+1 FROM A WHERE LineNum=99"), "Overflow");
     EXPECT_EQ(Message("SELECT N+1-1 FROM A WHERE LineNum=99"), "Overflow");
+    EXPECT_EQ(Message("SELECT 1e300*1e300-1 FROM A"), "Overflow");
+    EXPECT_EQ(Message("SELECT Int(1e300*1e300) FROM A"), "Overflow");
+    EXPECT_EQ(Message("UPDATE A SET Col_1 = 1e300*1e300"), "Overflow");
     EXPECT_EQ(Message("SELECT Col_1/0 FROM A WHERE LineNum=5.01"), "Division by zero");
     EXPECT_EQ(Message("SELECT CCName+1 FROM A WHERE LineNum=5.01"), "Type mismatch: 'Beta'");
     EXPECT_EQ(Message("SELECT 1 FROM A WHERE CCName=1"), "Type mismatch: 'Beta'");
@@ -179,7 +182,7 @@ TEST_F(Compiled, JoinsOfEverySide) {
     EXPECT_EQ(Run("SELECT A.LineNum, A4.LineNum FROM A LEFT JOIN A4 ON A.LineNum = A4.Col_3"),
               (Rows{"5.01|1", "5.01|2", "13.2|Null", "5|Null"}));
     EXPECT_EQ(Run("SELECT A.LineNum, A4.LineNum FROM A RIGHT JOIN A4 ON A.LineNum = A4.Col_3"),
-              (Rows{"Null|3", "5.01|1", "5.01|2"}));
+              (Rows{"5.01|1", "5.01|2", "Null|3"}));
     Run("CREATE TABLE T (K Currency)");
     Run("INSERT INTO T VALUES (3)");
     Run("INSERT INTO T VALUES (2)");
@@ -188,10 +191,10 @@ TEST_F(Compiled, JoinsOfEverySide) {
               (Rows{"3|Null|Null", "2|2|Beta"}));
     EXPECT_EQ(Run("SELECT K, A4.LineNum, CCName FROM (A4 LEFT JOIN A ON A4.Col_3 = A.LineNum) RIGHT JOIN T "
                   "ON T.K = A4.LineNum"),
-              (Rows{"2|2|Beta", "3|3|Null"}));
+              (Rows{"3|3|Null", "2|2|Beta"}));
     EXPECT_EQ(Run("SELECT x.K, y.K FROM T AS x, T y"), (Rows{"3|3", "3|2", "2|3", "2|2"}));
     EXPECT_EQ(Run("SELECT x.K, A4.LineNum, A.CCName FROM T x, A4 RIGHT JOIN A ON A4.Col_3 = A.LineNum WHERE x.K=2"),
-              (Rows{"2|Null|alpha", "2|Null|BETA", "2|1|Beta", "2|2|Beta"}));
+              (Rows{"2|1|Beta", "2|2|Beta", "2|Null|alpha", "2|Null|BETA"}));
 }
 
 TEST_F(Compiled, OutputNamesAreTold) {
@@ -225,6 +228,22 @@ TEST_F(Compiled, UpdatesThroughJoinsGoMatchByMatch) {
     EXPECT_EQ(Run("SELECT N FROM A"), (Rows{"2", "-1", "-1"}));
     Run("UPDATE A RIGHT JOIN A4 ON A4.Col_3 = A.LineNum SET Col_2 = A4.LineNum");
     EXPECT_EQ(Run("SELECT Col_2 FROM A"), (Rows{"2", "2", "Null"}));
+}
+
+TEST_F(Compiled, OnlyTheFirstMatchIsWorkedOutBeforehand) {
+    const auto lazy = [&](std::string_view statement) {
+        return Compile(statement, runner.Shapes()).rowUpdate.match.sql.find("row_number") != std::string::npos;
+    };
+    EXPECT_TRUE(lazy("UPDATE A INNER JOIN A4 ON A.LineNum = A4.Col_3 SET A.N = A.N + 1"));
+    EXPECT_FALSE(lazy("UPDATE A INNER JOIN A4 ON A.LineNum = A4.Col_3 SET A4.Col_4 = A.N"));
+    EXPECT_FALSE(lazy("UPDATE A4 RIGHT JOIN A ON A.LineNum = A4.Col_3 SET A4.Col_4 = A.N"));
+    EXPECT_FALSE(lazy("UPDATE A, A4 SET A4.Col_4 = A.N WHERE A.LineNum = 5"));
+    EXPECT_TRUE(lazy("UPDATE A, A4 SET A4.Col_4 = A.N WHERE A.LineNum > 5"));
+    EXPECT_TRUE(lazy("UPDATE A4, A LEFT JOIN A4 AS x ON A.LineNum = 5 AND x.Col_3 = 1 SET A4.Col_4 = A.N"));
+    // The second match would divide by zero on the row as it stands before the first.
+    Run("UPDATE A SET N = 0");
+    Run("UPDATE A INNER JOIN A4 ON A.LineNum = A4.Col_3 SET N = IIF(A4.LineNum=1, 5, 10/N)");
+    EXPECT_EQ(One("N"), "2");
 }
 
 TEST_F(Compiled, KeysMoveFromTheLowestOn) {
