@@ -8,8 +8,8 @@ namespace tallmar {
 
 namespace {
 
-// Staff, contract, total. The longest label of the form, line 11, takes 42 characters.
-constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 42}, Column{"Col_1"},
+// Staff, contract, total.
+constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 40}, Column{"Col_1"},
                               Column{"Col_2"}, Column{"Col_3"}};
 
 constexpr std::array<FixedRow, 18> kRows{{

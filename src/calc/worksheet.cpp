@@ -2,10 +2,28 @@
 
 #include "common/dates.h"
 #include "common/db/sql_text.h"
+#include "common/text.h"
 #include "common/variant.h"
 #include "report/registry.h"
 
 namespace tallmar {
+
+namespace {
+
+// The label's field: "LineNum, Description,Col_1" names it behind the line.
+std::string Second_Field(std::string_view fields) {
+    const std::size_t begin = fields.find(',') + 1;
+    return std::string(Trim(fields.substr(begin, fields.find(',', begin) - begin)));
+}
+
+FieldDef Find_Field(const Item& item, std::string_view field) {
+    const TableShape shape = db.TableDefs().Item(item.Name()).Shape();
+    const FieldDef* found = shape.Find_Field(field);
+    if (found == nullptr) throw DbError(DbErrorCode::UnknownField, field);
+    return *found;
+}
+
+}  // namespace
 
 void Create_Table(const Item& item, std::span<const Column> columns) {
     TableDef table = db.CreateTableDef(item.Name());
@@ -14,11 +32,17 @@ void Create_Table(const Item& item, std::span<const Column> columns) {
 }
 
 void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows) {
+    if (rows.empty()) return;
     const std::string head = Sql("INSERT INTO ", item.Name(), " (", fields, ") VALUES (");
+    const std::string labelField = Second_Field(fields);
+    const FieldDef label = Find_Field(item, labelField);
     for (const FixedRow& row : rows) {
         const std::string_view values = row.values;
-        db.Execute(Sql(head, row.line, ",", row.label == nullptr ? "Null" : Quoted(row.label),
+        const bool tooLong = row.label != nullptr && Has_Size(label.type) &&
+                             Length(row.label) > static_cast<std::size_t>(label.size);
+        db.Execute(Sql(head, row.line, ",", row.label == nullptr || tooLong ? "Null" : Quoted(row.label),
                        values.empty() ? "" : ",", values, ");"));
+        if (tooLong) db.Write_Label(item.Name(), labelField, row.line, row.label);
     }
 }
 

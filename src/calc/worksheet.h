@@ -31,7 +31,7 @@ struct FixedRow {
 // An empty table named as the item, its columns in order. Throws TableExists: a rebuild drops the old table first.
 void Create_Table(const Item& item, std::span<const Column> columns);
 // INSERT INTO <item> (<fields>) VALUES (<line>,<label>,<values>); a row. `fields` names the line, the label and the
-// fields of `values`: "LineNum, Description,Col_1,Col_2".
+// fields of `values`: "LineNum, Description,Col_1,Col_2". A label of the form may be longer than its field.
 void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows);
 // The unique index on LineNum (none where `index` is empty) and the registry's "Make".
 void Finish_Table(const Item& item, std::string_view index, int level);

@@ -1,5 +1,7 @@
 #include "common/db/execute.h"
 #include "common/db/recordset_state.h"
+#include "common/db/statement.h"
+#include "common/db/storage.h"
 #include "common/text.h"
 
 namespace tallmar {
@@ -77,6 +79,15 @@ Recordset Database::OpenRecordset(std::string_view source, RecordsetType type) {
 
 Row Database::Read_Row(std::string_view select) {
     return Read_First_Row(Open_Connection(connection_), select);
+}
+
+void Database::Write_Label(std::string_view table, std::string_view field, Currency line, std::string_view label) {
+    Connection& connection = Open_Connection(connection_);
+    connection.Require_Whole_Job();
+    Statement write(connection, "UPDATE " + Quoted_Name(table) + " SET " + Quoted_Name(field) + "=?1 WHERE LineNum=?2");
+    write.Bind(1, label);
+    write.Bind(2, line.Scaled());
+    write.Step();
 }
 
 TableDef Database::CreateTableDef(std::string_view name) const {
