@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "common/db/replay.h"
 #include "common/platform.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "support/allocation_report.h"
+#include "support/report_fixture.h"
 
 namespace tallmar {
 namespace {
@@ -422,6 +424,19 @@ TEST(CalcB1, AccumulatedCostColumnWithoutItsLineInB1IsReported) {
     EXPECT_EQ(report.B(6_cur, "CC_500"), 100);  // no unit cost: all of it is remainder
 }
 
+// The failed search leaves the pass on line 29, whose expenses become the cost; below it there is no record.
+TEST(CalcB1, ColumnWhoseLineIsGoneEndsTheCalculation) {
+    AllocationReport report;
+    report.Net(1_cur, 40);
+    report.Net(6_cur, 60);
+    report.Statistic(6_cur, "CC_100", 1);
+    db.Execute("DELETE * FROM CostCenters WHERE LineNum = 2;");
+    EXPECT_THROW(Calc_B1(), DbError);
+    EXPECT_EQ(report.B(6_cur, "CC_100"), 40);
+    EXPECT_EQ(report.B(29_cur, "CC_200"), 140);
+    EXPECT_EQ(report.B1(30_cur, "CC_200"), 140);
+}
+
 TEST(CalcB1, ChartThatLeftBBehindIsAnEngineError) {
     const AllocationReport report;
     db.Execute("UPDATE CostCenters SET CCType='G' WHERE LineNum = 6;");
@@ -438,6 +453,38 @@ TEST(CalcB1, FieldCol400ClearsTransportationOfDrugs) {
     EXPECT_EQ(report.B1(13_cur, "CC_400"), 0);
     EXPECT_EQ(report.B1(13.2_cur, "CC_400"), 0);
     EXPECT_EQ(report.B1(14_cur, "CC_400"), 6);
+}
+
+// The message of the missing line, then the store that failed on it; worksheets behind B-1 are calculated all the same.
+TEST(CalcB1, TroubleIsListedAndTheChainGoesOn) {
+    Report report(fy2016);
+    report.Execute("DELETE * FROM B1 WHERE LineNum = 30;");
+    const auto messages = report.Calc_With_Messages();
+    ASSERT_EQ(messages.size(), 2U);
+    EXPECT_EQ(messages[0].level, "E");
+    EXPECT_EQ(messages[0].form, "B1");
+    EXPECT_EQ(messages[0].message, "CALC_B1: No record found with LineNum = 30.");
+    EXPECT_EQ(messages[1].level, "E");
+    EXPECT_EQ(messages[1].form, "B1");
+    EXPECT_EQ(messages[1].message, DbError(DbErrorCode::NoCurrentRecord).Description());
+}
+
+std::size_t Statements_Of_Step_Down(int columns, int lines) {
+    std::vector<CostCenter> chart;
+    for (int i = 0; i < columns; ++i) chart.push_back(General_Service(100 + i, 100));
+    chart.push_back(Accumulated(500, 100));
+    for (int i = 0; i < lines; ++i) chart.push_back(Other(600 + i, 100));
+    AllocationReport report(chart);
+    for (int i = 0; i < columns; ++i) {
+        db.Execute("UPDATE B1 SET CC_" + std::to_string(100 + i) + " = 1 WHERE LineNum > 5 AND LineNum < 29;");
+    }
+    return Record_Statements(db, Calc_B1).size();
+}
+
+TEST(CalcB1, TwiceTheLinesAreAtMostTwiceTheWork) {
+    const std::size_t small = Statements_Of_Step_Down(10, 20);
+    EXPECT_LE(Statements_Of_Step_Down(10, 40), 2 * small);
+    EXPECT_LE(Statements_Of_Step_Down(20, 20), 5 * small / 2);  // the columns allocate to each other as well
 }
 
 TEST(CalcB1, TellsTheColumnItIsAt) {
