@@ -1,8 +1,15 @@
 #include "calc/driver.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "catalogue.h"
 #include "report/message_log.h"
 #include "report/run_log.h"
 #include "support/report_test.h"
+#include "support/size_limit.h"
 
 namespace tallmar {
 
@@ -29,6 +36,16 @@ void Calc_Message(const Item& item) {
 void Calc_Logged(const Item& item) {
     Log_Calc("W_S_", "Calc_Sp2", item.Name(), "done");
 }
+void Calc_Killed(const Item& item) {
+    db.Execute(Sql("UPDATE ", item.Name(), " SET Col_1=\"half\";"));
+    std::raise(SIGKILL);
+}
+void Calc_Growing(const Item& item) {
+    const std::string much(200'000, 'x');
+    for (int i = 0; i < 20; ++i) {
+        db.Execute(Sql("INSERT INTO ", item.Name(), " (LineNum, Col_3) VALUES (2, ", Quoted(much), ");"));
+    }
+}
 void Calc_Overflow(const Item&) {
     throw std::overflow_error("Overflow");
 }
@@ -47,6 +64,9 @@ constexpr WorksheetFamily kBrokenA[] = {{"A", 4, Build_Text, Calc_Broken, nullpt
 constexpr WorksheetFamily kTalking[] = {{"A", 4, Build_Text, Calc_Message, nullptr, nullptr},
                                         {"Sp2", 11, Build_Text, Calc_Logged, nullptr, nullptr}};
 
+constexpr WorksheetFamily kKilled[] = {{"A", 4, Build_Text, Calc_Killed, nullptr, nullptr}};
+constexpr WorksheetFamily kGrowing[] = {{"A", 4, Build_Text, Calc_Growing, nullptr, nullptr}};
+
 class DriverTest : public ReportTest {
   protected:
     DriverTest() { calculated.clear(); }
@@ -55,6 +75,24 @@ class DriverTest : public ReportTest {
         Install_Catalogue(families);
         New_Report(start, Date{Add_Years(start, 1).serial - 1});
         platform.progress.clear();
+    }
+    // Every cell of every table but the logs.
+    static std::string Cells() {
+        std::string cells;
+        for (int i = 0; i < db.TableDefs().Count(); ++i) {
+            const std::string table = db.TableDefs().Item(i).Name();
+            if (table.find("Log") != table.npos) continue;
+            Recordset rows = db.OpenRecordset(table, RecordsetType::Snapshot);
+            for (; !rows.Eof(); rows.MoveNext()) {
+                cells += table;
+                for (int field = 0; field < rows.Fields_Count(); ++field) {
+                    const Value value = rows.Fields(field).Value();
+                    cells += "|" + (value.Is_Null() ? "Null" : value.To_Text());
+                }
+                cells += "\n";
+            }
+        }
+        return cells;
     }
 };
 
@@ -203,15 +241,55 @@ TEST_F(DriverTest, NewInstancesOfCPart2AreInTheSelection) {
     EXPECT_EQ(calculated, "A4 A83p1P F A5 A B1 F1 F2 F");
 }
 
-TEST_F(DriverTest, SecondRunChangesNothing) {
-    Report_Of(kFamilies);
+TEST_F(DriverTest, SecondRunChangesNoCell) {
+    Report_Of(All_Families());
+    db.Execute("UPDATE A SET Col_1=1200.5 WHERE LineNum=6;");
+    db.Execute("UPDATE A SET Col_1=333.33 WHERE LineNum=5;");
+    db.Execute("UPDATE S3p1 SET Col_1=40, Col_2=3 WHERE LineNum=1;");
+    db.Execute("UPDATE A5 SET Col_2=-17.2, Col_4=5 WHERE LineNum=1;");
     Calc_All();
+    const std::string once = Cells();
+    platform.Advance(10);
+    Calc_All();
+    EXPECT_EQ(Cells(), once);
+    EXPECT_NE(once.find("1200.5"), std::string::npos);
+}
+
+TEST_F(DriverTest, KilledRunLeavesTheReportAsItWas) {
+    Report_Of(kKilled);
+    db.Execute("UPDATE A SET Col_1=\"before\";");
+    const std::string before = Cells();
     Report_Release();
-    const std::string path = folder.File("Agency.CRF");
-    ASSERT_TRUE(Report_Open(path));
-    const std::string before = Column("SELECT Col_1 FROM A;") + Column("SELECT MakeDate FROM Worksheets;");
-    Calc_All();
-    EXPECT_EQ(Column("SELECT Col_1 FROM A;") + Column("SELECT MakeDate FROM Worksheets;"), before);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        if (Report_Open(folder.File("Agency.CRF"))) Calc_All();
+        _exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_TRUE(Report_Open(folder.File("Agency.CRF")));
+    EXPECT_EQ(Cells(), before);
+    Report_Release();
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+}
+
+TEST_F(DriverTest, FullDiskStopsTheRunAndLeavesTheReportAsItWas) {
+    Report_Of(kGrowing);
+    Report_Release();
+    ASSERT_TRUE(Report_Open(folder.File("Agency.CRF")));
+    const std::string before = Cells();
+    {
+        const SizeLimit limit(std::filesystem::file_size(CRFPath));
+        EXPECT_THROW(Calc_All(), DbError);
+    }
+    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(platform.progress.back(), "");
+    EXPECT_EQ(Cells(), before);
+    Report_Release();
+    ASSERT_TRUE(Report_Open(folder.File("Agency.CRF")));
+    EXPECT_EQ(Cells(), before);
 }
 
 TEST_F(DriverTest, WithoutAReportThereIsNothingToCalculate) {

@@ -6,6 +6,7 @@
 #include <csignal>
 
 #include "support/report_test.h"
+#include "support/size_limit.h"
 
 namespace tallmar {
 
@@ -261,6 +262,35 @@ TEST_F(StoreTest, SaveAsOverAReadOnlyFileFailsAndLeavesIt) {
     EXPECT_FALSE(Report_Save_As(target));
     EXPECT_EQ(Bytes(target), "precious");
     EXPECT_EQ(CRFPath, report);
+}
+
+TEST_F(StoreTest, SaveAsOnAFullDiskFailsAndLeavesBothFiles) {
+    New_Report();
+    const std::string before = Bytes(report);
+    Write(folder.File("Target.CRF"), "precious");
+    platform.Expect_Box_Starting("Error: Save As Request Failed", "");
+    {
+        const SizeLimit limit(16 * 1024);
+        EXPECT_FALSE(Report_Save_As(folder.File("Target.CRF")));
+    }
+    EXPECT_EQ(Bytes(folder.File("Target.CRF")), "precious");
+    EXPECT_EQ(CRFPath, report);
+    Report_Release();
+    EXPECT_EQ(Bytes(report), before);
+    EXPECT_EQ(Files(), (std::vector<std::string>{"Agency.CRF", "Target.CRF"}));
+}
+
+TEST_F(StoreTest, CloseOnAFullDiskLeavesTheFileUncompacted) {
+    New_Report();
+    const std::string before = Bytes(report);
+    ASSERT_GT(before.size(), 16u * 1024);
+    {
+        const SizeLimit limit(16 * 1024);
+        EXPECT_TRUE(Report_Close());
+    }
+    EXPECT_EQ(Bytes(report), before);
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    EXPECT_TRUE(platform.boxes.empty());
 }
 
 TEST_F(StoreTest, SaveAsDialogMayBeCancelled) {
