@@ -265,11 +265,10 @@ class Binder {
             bound.kind = Plan::Kind::RowUpdate;
             return bound;
         }
-        // Rows move onto their new keys from the lowest on, so that each finds its place free.
-        for (const FieldDef* field : fields) {
-            if (!target.Is_Key_Field(field->name)) continue;
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            if (!target.Is_Key_Field(fields[i]->name)) continue;
             bound.kind = Plan::Kind::RowUpdate;
-            select.orderBy.push_back({Column(0, *field, {}), false});
+            bound.values[i].movesKey = Column(0, *fields[i], {});
         }
         return bound;
     }

@@ -88,21 +88,19 @@ struct BoundSelect {
 };
 
 struct BoundValue {
-    std::string field;  // of the table that is written
-    BoundPtr value;     // converted and checked for it
+    std::string field;            // of the table that is written
+    BoundPtr value;               // converted and checked for it
+    BoundPtr movesKey = nullptr;  // the field itself, where it is the key of a unique index and goes row by row
 };
 
 struct BoundStatement {
     Plan::Kind kind = Plan::Kind::Select;
-    BoundSelect select;       // of Update, RowUpdate and Delete too: tables, from, where, order
+    BoundSelect select;       // of Update, RowUpdate and Delete too: tables, from, where
     TableShape create;        // SelectInto, CreateTable, CreateIndex, DropTable
     std::string table;        // that is written
     int target = 0;           // its place among the tables
     bool fromSelect = false;  // Insert: the values stand in a row for each row of `select`
     std::vector<BoundValue> values;
 };
-
-// One node a line, with its type; casts stand where they were put.
-std::string Dump(const Bound& bound);
 
 }  // namespace tallmar

@@ -257,10 +257,35 @@ SqliteText Delete_Text(const BoundStatement& statement) {
     return sql.Take();
 }
 
+// Rows that move onto new keys go so that each finds its place free: those that move down from the lowest on, then
+// those that move up from the highest on. `value` is the new key, as the statement has named it.
+void Write_Key_Order(Between& comma, const Bound& key, const std::string& value) {
+    const auto up = [&](SqlWriter& sql) {
+        sql << value << ">";
+        sql.Value(key);
+    };
+    up(comma());
+    SqlWriter& sql = comma();
+    sql << "CASE WHEN ";
+    up(sql);
+    sql << " THEN NULL ELSE ";
+    sql.Value(key);
+    sql << " END";
+    comma().Value(key);
+    sql << " DESC";
+}
+
+std::string Value_Name(std::size_t i) {
+    return "v" + std::to_string(i);
+}
+
 void Write_Match_Order(SqlWriter& sql, const BoundStatement& statement) {
     const BoundSelect& select = statement.select;
     Between comma(sql, " ORDER BY ", ",");
-    Write_Order_Terms(comma, select);
+    for (std::size_t i = 0; i < statement.values.size(); ++i) {
+        const Bound* key = statement.values[i].movesKey.get();
+        if (key != nullptr) Write_Key_Order(comma, *key, Value_Name(i));
+    }
     for (const int table : Leading_Order(select)) {
         if (table != statement.target) comma().Rowid(table);
     }
@@ -282,10 +307,12 @@ SqliteText Match_Text(const BoundStatement& statement) {
     const bool single = Meets_Once(select, statement.target) && !Is_Self_Reference(statement);
     SqlWriter sql;
     Write_Keys(sql, "SELECT ", select);
-    for (const BoundValue& value : statement.values) {
+    for (std::size_t i = 0; i < statement.values.size(); ++i) {
+        const BoundValue& value = statement.values[i];
         sql << ",";
         if (single) {
             sql.Value(*value.value);
+            if (value.movesKey) sql << " AS " << Value_Name(i);
         } else {
             sql << "CASE WHEN row_number() OVER (";
             if (!Is_Self_Reference(statement)) {

@@ -239,19 +239,24 @@ TEST_F(Compiled, OnlyTheFirstMatchIsWorkedOutBeforehand) {
     EXPECT_FALSE(lazy("UPDATE A4 RIGHT JOIN A ON A.LineNum = A4.Col_3 SET A4.Col_4 = A.N"));
     EXPECT_FALSE(lazy("UPDATE A, A4 SET A4.Col_4 = A.N WHERE A.LineNum = 5"));
     EXPECT_TRUE(lazy("UPDATE A, A4 SET A4.Col_4 = A.N WHERE A.LineNum > 5"));
-    EXPECT_TRUE(lazy("UPDATE A4, A LEFT JOIN A4 AS x ON A.LineNum = 5 AND x.Col_3 = 1 SET A4.Col_4 = A.N"));
+    Run("CREATE TABLE S (K Long)");
+    Run("CREATE UNIQUE INDEX ndx ON S (K)");
+    EXPECT_FALSE(lazy("UPDATE A4, S LEFT JOIN A ON A.LineNum = 5 SET A4.Col_4 = A.N WHERE S.K = 5"));
+    EXPECT_TRUE(lazy("UPDATE A4, A LEFT JOIN S ON A.LineNum = 5 AND S.K = 1 SET A4.Col_4 = A.N"));
     // The second match would divide by zero on the row as it stands before the first.
     Run("UPDATE A SET N = 0");
     Run("UPDATE A INNER JOIN A4 ON A.LineNum = A4.Col_3 SET N = IIF(A4.LineNum=1, 5, 10/N)");
     EXPECT_EQ(One("N"), "2");
 }
 
-TEST_F(Compiled, KeysMoveFromTheLowestOn) {
-    EXPECT_EQ(runner.Rows(Compile("UPDATE A SET LineNum = 1, N = 2", runner.Shapes()).rowUpdate.match,
-                          Lift("1 2").literals, {}),
-              (Rows{"3|10000|2", "1|10000|2", "2|10000|2"}));
-    Run("UPDATE A SET LineNum = LineNum - 1");
-    EXPECT_EQ(Run("SELECT LineNum FROM A"), (Rows{"4.01", "12.2", "4"}));
+TEST_F(Compiled, KeysMoveSoThatEachFindsItsPlaceFree) {
+    Run("UPDATE A SET LineNum = LineNum + .01 WHERE LineNum < 6");
+    EXPECT_EQ(Run("SELECT LineNum FROM A"), (Rows{"5.02", "13.2", "5.01"}));
+    Run("UPDATE A SET N = 7, LineNum = LineNum - .01 WHERE LineNum < 6");
+    EXPECT_EQ(Run("SELECT LineNum, N FROM A"), (Rows{"5.01|7", "13.2|1", "5|7"}));
+    EXPECT_EQ(Compile("UPDATE A SET LineNum = 1", runner.Shapes()).rowUpdate.apply.sql,
+              "UPDATE \"A\" SET \"LineNum\"=?1 WHERE rowid=?2");
+    EXPECT_THROW(Run("UPDATE A SET LineNum = 13.2 WHERE LineNum = 5"), std::runtime_error);
 }
 
 TEST_F(Compiled, UpdatesReadTheOldValues) {
