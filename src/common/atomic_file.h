@@ -16,7 +16,8 @@ void Write_File_Atomically(const std::string& path, std::string_view bytes);
 using FilePiece = std::function<void(std::string_view piece)>;
 void Write_File_Atomically(const std::string& path, const std::function<void(const FilePiece&)>& produce);
 
-// The content of `from` to `to`; `to` may be `from` itself.
+// The content of `from` to `to`; `to` may be `from` itself. Never of a report with a job under way: the file would be
+// caught half changed, and the job would lose its lock on it.
 void Copy_File_Atomically(const std::string& from, const std::string& to);
 
 // A replacement that was killed between its last two steps leaves "<path>.tmp", whole but without its name. It is

@@ -72,22 +72,32 @@ FileCheck Check_File(const std::string& path) {
     check.readOnly = (info.st_mode & kAnyWrite) == 0 || ::access(path.c_str(), W_OK) != 0;
     check.hotJournal = Has_Hot_Journal(path);
 
+    return check;
+}
+
+// Through SQLite's own handle: a second one, when it is closed, would end the locks that this process has on the file.
+void Check_Header(sqlite3* handle, const FileCheck& check, const std::string& path) {
+    const auto refuse = [&](DbErrorCode code) { throw DbError(code, path); };
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
     Header header{};
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw DbError(DbErrorCode::CannotOpen, path);
-    const bool complete = !!file.read(reinterpret_cast<char*>(header.data()), header.size());
-    if (!complete || std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) {
-        throw DbError(DbErrorCode::NotADatabase, path);
+    if (sqlite3_file_control(handle, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || file == nullptr ||
+        file->pMethods == nullptr || file->pMethods->xFileSize(file, &size) != SQLITE_OK) {
+        refuse(DbErrorCode::CannotOpen);
     }
-    if (check.hotJournal) return check;
-    if (!Is_Rollback_File(header) || !Is_Whole(header, static_cast<std::uint64_t>(info.st_size)) ||
+    if (static_cast<std::size_t>(size) < header.size() ||
+        file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK ||
+        std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) {
+        refuse(DbErrorCode::NotADatabase);
+    }
+    if (check.hotJournal) return;
+    if (!Is_Rollback_File(header) || !Is_Whole(header, static_cast<std::uint64_t>(size)) ||
         Number_At(header, kApplicationIdAt) != kCrfApplicationId) {
-        throw DbError(DbErrorCode::NotADatabase, path);
+        refuse(DbErrorCode::NotADatabase);
     }
     const auto layout = static_cast<std::int32_t>(Number_At(header, kUserVersionAt));
-    if (layout < 1) throw DbError(DbErrorCode::NotADatabase, path);
-    if (layout > kCrfLayout) throw DbError(DbErrorCode::NewerLayout, path);
-    return check;
+    if (layout < 1) refuse(DbErrorCode::NotADatabase);
+    if (layout > kCrfLayout) refuse(DbErrorCode::NewerLayout);
 }
 
 }  // namespace tallmar::db_detail

@@ -105,6 +105,7 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
     const FileCheck check = Check_File(path);
     HandleOwner handle =
         Open_Handle(Plain_Path(path), check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, path);
+    Check_Header(handle.get(), check, path);
     for (const Limit& row : kLimits) sqlite3_limit(handle.get(), row.what, row.most);
     sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
     const bool readOnly = check.readOnly || sqlite3_db_readonly(handle.get(), "main") == 1;

@@ -135,6 +135,65 @@ TEST_F(JobTest, AFileInUseIsSaidToBe) {
     EXPECT_EQ(Code_Of([&] { other.Execute("INSERT INTO A (x) VALUES (3)"); }), DbErrorCode::Locked);
 }
 
+// Runs `action` in a process of its own; true where it ended with true.
+template <class Action>
+bool In_Another_Process(Action action) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        bool good = false;
+        try {
+            good = action();
+        } catch (...) {
+        }
+        ::_exit(good ? 0 : 1);
+    }
+    int status = -1;
+    return ::waitpid(child, &status, 0) == child && status == 0;
+}
+
+TEST_F(JobTest, AJobKeepsOtherProgramsOutThoughTheFileIsOpenedTwice) {
+    Job job(db);
+    Run("INSERT INTO A (x) VALUES (2)");
+    EXPECT_EQ(In_The_File(), "1;");
+    EXPECT_TRUE(In_Another_Process([&] {
+        Database other = DBEngine::OpenDatabase(path);
+        return Code_Of([&] { other.Execute("INSERT INTO A (x) VALUES (3)"); }) == DbErrorCode::Locked;
+    }));
+}
+
+// Whenever the kill comes, the file holds whole jobs only.
+TEST_F(JobTest, KilledAtAnyMomentTheFileHoldsWholeJobs) {
+    Make_Table(db, "B", {{"x", FieldType::Long}});
+    Run("INSERT INTO B (x) VALUES (1)");
+    db.Close();
+    for (int round = 0; round < 25; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            try {
+                Database mine = DBEngine::OpenDatabase(path);
+                while (true) {
+                    const Job job(mine);
+                    mine.Execute("UPDATE A SET x = x + 1");
+                    mine.Execute("SELECT * INTO C FROM A");
+                    mine.Execute("UPDATE B SET x = x + 1");
+                    mine.Execute("DROP TABLE C");
+                }
+            } catch (...) {
+            }
+            ::_exit(1);
+        }
+        ::usleep(static_cast<useconds_t>(5'000 + round * 1'300));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        db = DBEngine::OpenDatabase(path);
+        EXPECT_EQ(Rows(db, "A"), Rows(db, "B"));
+        EXPECT_FALSE(db.TableDefs().Has("C"));
+        db.Close();
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+    }
+}
+
 // A kill in the middle of a job takes the file back, whatever of the job has reached the disk.
 TEST_F(JobTest, AKilledJobLeavesTheFileAsItWas) {
     db.Close();
