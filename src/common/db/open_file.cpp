@@ -109,7 +109,7 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
     for (const Limit& row : kLimits) sqlite3_limit(handle.get(), row.what, row.most);
     sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
     const bool readOnly = check.readOnly || sqlite3_db_readonly(handle.get(), "main") == 1;
-    const auto connection = std::make_shared<Connection>(handle.release(), path, readOnly);
+    auto connection = std::make_shared<Connection>(handle.release(), path, readOnly);
     try {
         for (const std::string_view setting : kFileSettings) Single_Text(*connection, setting);
         Check_Content(*connection, purpose);
@@ -127,7 +127,7 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
 
 std::shared_ptr<Connection> Open_In_Memory(const std::string& path) {
     HandleOwner handle = Open_Handle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY, path);
-    const auto connection = std::make_shared<Connection>(handle.release(), path, false);
+    auto connection = std::make_shared<Connection>(handle.release(), path, false);
     Single_Text(*connection, "PRAGMA page_size = " + std::to_string(kPageSize));
     Single_Text(*connection, "PRAGMA application_id = " + std::to_string(kCrfApplicationId));
     Single_Text(*connection, "PRAGMA user_version = " + std::to_string(kCrfLayout));
