@@ -98,14 +98,14 @@ CellResult Check_List(const AnswerList& list, std::string_view text) {
     return Refuse(*list.refused);
 }
 
+// A choice among numbers is the whole number; an amount stands as typed where it is precise enough.
 CellResult Check_Whole(std::string_view text, double low, double high, const BoxText* range) {
     const std::optional<double> number = Parse_Amount(text);
     if (!number) return Refuse(kNumericOnly);
     const double whole = Round_Half(*number, 0);
     if (range != nullptr && (whole < low || whole > high)) return Refuse(*range);
-    CellResult result = Validate_Numeric(text, 0, kNumericOnly, kRounded);
-    result.value = Number_Text(whole == 0 ? 0.0 : result.value.To_Double());
-    return result;
+    const CellResult result = Validate_Numeric(text, 0, kNumericOnly, kRounded);
+    return Accept(Number_Text(range != nullptr ? whole : result.value.To_Double()));
 }
 
 CellResult Check_Date(std::string_view text, const BoxText& noDate) {

@@ -147,6 +147,7 @@ CellOutcome OpenForm::Leave_Row() {
         return Refused(kNotStored, error.Description());
     }
     const RowUnderEdit stored = std::exchange(row_, {});
+    changed_ = true;
     if (form_.rowStored != nullptr) form_.rowStored(item_, stored, columns_);
     return {};
 }
@@ -155,7 +156,12 @@ void OpenForm::Cancel_Row() {
     row_ = {};
 }
 
+void OpenForm::Follow_Changes() {
+    if (std::exchange(changed_, false) && form_.follow != nullptr) form_.follow();
+}
+
 void OpenForm::Close() {
+    Follow_Changes();
     if (form_.closing != nullptr) form_.closing(item_);
 }
 

@@ -43,7 +43,9 @@ class OpenForm {
     CellOutcome Leave_Row();
     // Gives up what was entered in the row.
     void Cancel_Row();
-    // The form's closing step. The last row must have been left.
+    // Brings other worksheets up to the rows stored since the last time; nothing where none was.
+    void Follow_Changes();
+    // Follow_Changes and the form's closing step. The last row must have been left.
     void Close();
 
   private:
@@ -51,6 +53,7 @@ class OpenForm {
     Item item_;
     std::vector<GridColumn> columns_;  // in the order of the table
     RowUnderEdit row_;
+    bool changed_ = false;  // rows were stored since Follow_Changes
 };
 
 // One cell as text: the line is left empty on a table without LineNum.

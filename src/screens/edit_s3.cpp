@@ -95,10 +95,6 @@ void Follow_Codes() {
     if (Form_Hooks().codesChanged != nullptr) Form_Hooks().codesChanged();
 }
 
-void Codes_Stored(const Item&, const RowUnderEdit&, std::span<const GridColumn>) {
-    Follow_Codes();
-}
-
 // The codes are line 29 and its sublines.
 Currency Add_Code(const Item&, Currency) {
     const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM S3p3 WHERE LineNum >= 29;");
@@ -122,7 +118,7 @@ constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
                                           .where = "LineNum >= 29",
                                           .columns = kCodes,
                                           .check = Check_Code,
-                                          .rowStored = Codes_Stored,
+                                          .follow = Follow_Codes,
                                           .canMake = Can_Make_Code,
                                           .add = Add_Code,
                                           .remove = Remove_Code};

@@ -129,6 +129,9 @@ struct FormDescription {
     std::optional<Refusal> (*leaveRow)(const Item&, const RowUnderEdit&) = nullptr;
     // After the row went into the table.
     void (*rowStored)(const Item&, const RowUnderEdit&, std::span<const GridColumn>) = nullptr;
+    // What other worksheets take from this one, after rows were stored: the grid has it follow each row, a list of
+    // cells once.
+    void (*follow)() = nullptr;
     // As the form closes.
     void (*closing)(const Item&) = nullptr;
 

@@ -1,0 +1,132 @@
+#include "screens/cell_check.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/fake_platform.h"
+
+namespace tallmar {
+
+namespace {
+
+const GridColumn kAmountColumn{
+    .field = "Col_1", .number = {}, .label = {}, .format = {}, .kind = CellKind::Number, .tag = {}};
+const GridColumn kNameColumn{
+    .field = "CCName", .number = {}, .label = {}, .format = {}, .kind = CellKind::Text, .limit = 36, .tag = {}};
+
+std::string Rounding_Text(const std::string& typed, const std::string& places) {
+    return "You're attempting to enter invalid data ['" + typed +
+           "'].  The cell you're attempting to input or modify only accepts " + places +
+           " digits to the right of the decimal point.  Your entry or modification is being rounded.";
+}
+
+}  // namespace
+
+TEST(ParseAmountTest, TakesWhatAPersonKeys) {
+    EXPECT_EQ(Parse_Amount("1200"), 1200);
+    EXPECT_EQ(Parse_Amount(" 1200.50 "), 1200.5);
+    EXPECT_EQ(Parse_Amount("$1,234,567.89"), 1234567.89);
+    EXPECT_EQ(Parse_Amount("-500"), -500);
+    EXPECT_EQ(Parse_Amount("500-"), -500);
+    EXPECT_EQ(Parse_Amount("(500)"), -500);
+    EXPECT_EQ(Parse_Amount("($1,500.25)"), -1500.25);
+    EXPECT_EQ(Parse_Amount("$(500)"), std::nullopt);
+    EXPECT_EQ(Parse_Amount("-$500"), -500);
+    EXPECT_EQ(Parse_Amount("$-500"), -500);
+    EXPECT_EQ(Parse_Amount("$ 500 -"), -500);
+    EXPECT_EQ(Parse_Amount("+12"), 12);
+    EXPECT_EQ(Parse_Amount(".5"), 0.5);
+    EXPECT_EQ(Parse_Amount("12."), 12);
+    EXPECT_EQ(Parse_Amount("1e3"), 1000);
+    EXPECT_EQ(Parse_Amount("12\r\n"), 12);
+}
+
+TEST(ParseAmountTest, RefusesWhatIsNoAmount) {
+    for (const char* text :
+         {"",    " ", "x",    "12a",    "1 2",  "--5",      "-5-",    "(-5)",      "(5",    "5)",  "()",  "$",
+          "$$5", "-", "1,23", "1,2345", ",123", "1234,567", "1,,234", "1,234.5,6", "1.2.3", "nan", "inf", "0x10"}) {
+        EXPECT_EQ(Parse_Amount(text), std::nullopt) << text;
+    }
+}
+
+TEST(ParseAmountTest, MinusZeroIsZero) {
+    EXPECT_FALSE(std::signbit(Parse_Amount("-0").value()));
+}
+
+TEST(ValidateCellTest, ABlankNumberIsZero) {
+    FakePlatform platform;
+    EXPECT_EQ(Validate_Cell(kAmountColumn, "").value, Value(0.0));
+    EXPECT_EQ(Validate_Cell(kAmountColumn, "   ").value, Value(0.0));
+}
+
+TEST(ValidateCellTest, HalvesAreRoundedAwayFromZeroWithAWarning) {
+    FakePlatform platform;
+    platform.Expect_Box("Too Specific Numeric Entry", Rounding_Text("12.5", "0"), Answer::Ok, kExclamation);
+    EXPECT_EQ(Validate_Cell(kAmountColumn, "12.5").value, Value(13.0));
+    platform.Expect_Box("Too Specific Numeric Entry", Rounding_Text("-12.5", "0"), Answer::Ok, kExclamation);
+    EXPECT_EQ(Validate_Cell(kAmountColumn, "-12.5").value, Value(-13.0));
+}
+
+TEST(ValidateCellTest, AHundredThousandthIsPreciseEnough) {
+    FakePlatform platform;
+    EXPECT_EQ(Validate_Cell(kAmountColumn, "12.00001").value, Value(12.00001));
+    platform.Expect_Box("Too Specific Numeric Entry", Rounding_Text("12.0002", "0"));
+    EXPECT_EQ(Validate_Cell(kAmountColumn, "12.0002").value, Value(12.0));
+}
+
+TEST(ValidateCellTest, WhatIsNoNumberIsRefused) {
+    FakePlatform platform;
+    const CellResult result = Validate_Cell(kAmountColumn, "12x");
+    ASSERT_TRUE(result.refusal);
+    EXPECT_EQ(result.refusal->title, "Invalid Non-Numeric Entry");
+    EXPECT_EQ(result.refusal->text,
+              "You're attempting to enter invalid data ['12x'].  The cell you're attempting to input or modify only "
+              "accepts numeric data.  Your entry or modification is being discarded.  Select OK to continue.");
+}
+
+TEST(ValidateCellTest, ANameIsTrimmedAndHolds36Characters) {
+    FakePlatform platform;
+    EXPECT_EQ(Validate_Cell(kNameColumn, "  Skilled Nursing ").value, Value("Skilled Nursing"));
+    const std::string fits(36, 'n');
+    EXPECT_EQ(Validate_Cell(kNameColumn, fits + " ").value, Value(fits));
+    const std::string tooLong(37, 'n');
+    const CellResult result = Validate_Cell(kNameColumn, tooLong);
+    ASSERT_TRUE(result.refusal);
+    EXPECT_EQ(result.refusal->title, "Invalid Length Entry");
+    EXPECT_EQ(result.refusal->text,
+              "You're attempting to enter invalid data ['" + tooLong +
+                  "'].  The cell you're attempting to input or modify only accepts up to 36 characters.  Your entry "
+                  "or modification is being discarded.  Select OK to continue.");
+}
+
+TEST(ValidateCellTest, LengthCountsCharactersNotBytes) {
+    FakePlatform platform;
+    std::string name;
+    for (int i = 0; i < 36; ++i) name += "\xC3\xA9";
+    EXPECT_FALSE(Validate_Cell(kNameColumn, name).refusal);
+    EXPECT_TRUE(Validate_Cell(kNameColumn, name + "e").refusal);
+}
+
+TEST(ValidateNumberTest, TheSingleValueFormEndsWithoutSelectOk) {
+    FakePlatform platform;
+    const CellResult result = Validate_Number("abc", 2);
+    ASSERT_TRUE(result.refusal);
+    EXPECT_EQ(result.refusal->title, "Invalid Non-Numeric Entry");
+    EXPECT_EQ(result.refusal->text,
+              "You're attempting to enter invalid data ['abc'].  The cell you're attempting to input or modify only "
+              "accepts numeric data.  Your entry or modification is being discarded.");
+}
+
+TEST(ValidateNumberTest, PlacesAreKeptAndNamed) {
+    FakePlatform platform;
+    EXPECT_EQ(Validate_Number("33.25", 2).value, Value(33.25));
+    platform.Expect_Box("Too Specific Numeric Entry", Rounding_Text("33.255", "2"));
+    EXPECT_EQ(Validate_Number("33.255", 2).value, Value(33.26));
+}
+
+TEST(FillBoxTest, WhatWasTypedIsNeverReadAsAPlaceholder) {
+    EXPECT_EQ(Fill_Box({"T", "<text> <places>"}, {.text = "<places>", .places = 2}).text, "<places> 2");
+}
+
+}  // namespace tallmar

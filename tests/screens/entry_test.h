@@ -1,0 +1,32 @@
+// What the tests of the forms share: a report, and cells entered into it as a person types them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "screens/cell_entry.h"
+#include "support/report_fixture.h"
+
+namespace tallmar {
+
+inline CellOutcome Enter(std::string_view item, std::string_view line, std::string_view column,
+                         std::string_view value) {
+    return Enter_Cell({std::string(item), std::string(line), std::string(column), std::string(value)});
+}
+
+// "title: text" of a refusal, "stored" otherwise.
+inline std::string Answer_To(std::string_view item, std::string_view line, std::string_view column,
+                             std::string_view value) {
+    const CellOutcome outcome = Enter(item, line, column, value);
+    return outcome.stored ? "stored" : outcome.title + ": " + outcome.text;
+}
+
+inline std::string Title_Of(std::string_view item, std::string_view line, std::string_view column,
+                            std::string_view value) {
+    return Enter(item, line, column, value).title;
+}
+
+constexpr const char* kStored = "stored";
+constexpr const char* kShut = "Locked Cell";
+
+}  // namespace tallmar

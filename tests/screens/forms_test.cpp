@@ -1,0 +1,165 @@
+// The descriptions against the tables that they describe, and lists of cells in any order.
+#include "screens/forms.h"
+
+#include <algorithm>
+#include <random>
+
+#include "catalogue.h"
+#include "report/open_report.h"
+#include "screens/entry_test.h"
+
+namespace tallmar {
+
+namespace {
+
+// Every family that the report has, by its plain name.
+std::vector<const WorksheetFamily*> Families_Of_Report() {
+    std::vector<const WorksheetFamily*> families;
+    for (const WorksheetFamily& family : All_Families()) {
+        if (db.TableDefs().Has(family.items.Text())) families.push_back(&family);
+    }
+    return families;
+}
+
+void Check_Columns(const FormDescription& form, const Item& item) {
+    const TableShape shape = db.TableDefs().Item(item.Name()).Shape();
+    EXPECT_FALSE(form.columns.empty()) << form.name;
+    for (const FormColumn& column : form.columns) {
+        EXPECT_NE(shape.Find_Field(column.field), nullptr) << form.name << " " << column.field;
+        EXPECT_LE(column.number.size(), 10U) << form.name;
+        EXPECT_LE(column.label.size(), 100U) << form.name;
+        EXPECT_FALSE(column.label.empty()) << form.name << " " << column.field;
+        EXPECT_TRUE(column.kind != CellKind::Own || form.readOnly || form.check != nullptr) << form.name;
+        if (const FieldDef* field = shape.Find_Field(column.field); field != nullptr && Has_Size(field->type)) {
+            EXPECT_LE(column.limit, field->size) << form.name << " " << column.field;
+        }
+    }
+}
+
+}  // namespace
+
+TEST(FormsTest, EveryDescribedColumnIsInItsTable) {
+    for (const FiscalYear& year : {fy1999, fy2016}) {
+        Report r(year);
+        for (const WorksheetFamily* family : Families_Of_Report()) {
+            const std::string item(family->items.Text());
+            if (family->edit != nullptr) Check_Columns(*family->edit, item);
+            if (family->view != nullptr) Check_Columns(*family->view, item);
+        }
+    }
+}
+
+TEST(FormsTest, QueriesRun) {
+    Report r(fy2016);
+    for (const WorksheetFamily* family : Families_Of_Report()) {
+        const std::string item(family->items.Text());
+        for (const FormDescription* form : {family->edit, family->view}) {
+            if (form == nullptr) continue;
+            EXPECT_NO_THROW(r.Read(Form_Query(*form, item))) << form->name;
+        }
+    }
+    EXPECT_EQ(Form_Query(kEditA, "A"), "SELECT * FROM A WHERE LineNum < 29 ORDER BY LineNum;");
+    EXPECT_EQ(Form_Query(kViewA, "A"), "SELECT * FROM A ORDER BY LineNum;");
+    EXPECT_EQ(Form_Query(kEditA6pA, "A6pA"), "SELECT * FROM A6pA;");
+}
+
+TEST(FormsTest, AViewTakesNothing) {
+    Report r(fy2016);
+    OpenForm view(kViewA, "A");
+    ASSERT_TRUE(view.Go_To(6_cur));
+    for (const GridColumn& column : view.Columns()) EXPECT_TRUE(view.Is_Locked(column)) << column.field;
+}
+
+TEST(FormsTest, AddAndDeleteKeepTheFormsNumbers) {
+    Report r(fy2016);
+    EXPECT_EQ(kEditA6pB.add("A6pB", {}), 1_cur);
+    EXPECT_EQ(kEditA6pB.add("A6pB", 1_cur), 2_cur);
+    kEditA6pB.remove("A6pB", 4_cur);
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB;"), Value(3)) << "the totals stay";
+    kEditA6pB.remove("A6pB", 2_cur);
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB;"), Value(2));
+    EXPECT_EQ(kEditS3p3.add("S3p3", {}), 29_cur);
+    EXPECT_EQ(kEditS3p3.add("S3p3", 29_cur), 29.01_cur);
+    kEditS3p3.remove("S3p3", 28_cur);
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM S3p3;"), Value(3));
+}
+
+TEST(FormsTest, TheGridWritesARowWhenTheCursorLeavesIt) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    ASSERT_TRUE(form.Go_To(6_cur));
+    EXPECT_TRUE(form.Enter(*form.Find_Column("1"), "100").stored);
+    EXPECT_CELL("A", 6, 1, 0_cur);
+    EXPECT_TRUE(form.Leave_Row().stored);
+    EXPECT_CELL("A", 6, 1, 100_cur);
+    ASSERT_TRUE(form.Go_To(7_cur));
+    EXPECT_TRUE(form.Enter(*form.Find_Column("1"), "100").stored);
+    form.Cancel_Row();
+    EXPECT_TRUE(form.Leave_Row().stored);
+    EXPECT_CELL("A", 7, 1, 0_cur);
+}
+
+TEST(FormsTest, ARefusalBeepsAndShowsItsBox) {
+    FakePlatform platform;
+    platform.Expect_Box("Invalid Length Entry", "too long", Answer::Ok, kStop);
+    Show_Refusal({false, "Invalid Length Entry", "too long"});
+    EXPECT_EQ(platform.beeps, 1);
+    Show_Refusal({});
+    EXPECT_EQ(platform.beeps, 1);
+}
+
+TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
+    const std::vector<CellText> cells{
+        {"A4", "1", "Explanation", "Insurance"},
+        {"A4", "1", "Col_1", "B"},
+        {"A4", "1", "3", "1"},
+        {"A4", "1", "4", "10"},
+        {"A4", "2", "Explanation", "Mileage"},
+        {"A4", "2", "Col_1", "A"},
+        {"A4", "2", "6", "7"},
+        {"A4", "2", "7", "20"},
+        {"A", "5.01", "1", "700"},
+        {"S2", "26", "1", "2"},
+        {"S2", "29", "1", "Y"},
+        {"S2", "29.01", "1", "Office"},
+        {"S21", "7", "1", "N"},
+        {"S21", "6", "1", "Y"},
+        {"A5", "13", "4", "6"},
+        {"A5", "13", "2", "1x"},
+        {"S3p3", "29", "2", "16580"},
+        {"B1", "6", "CC_100", "9"},
+        {"A", "99", "1", "1"},
+    };
+    std::vector<std::size_t> order(cells.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    std::mt19937 random(1728);
+    for (int round = 0; round < 4; ++round) {
+        Report r(fy2016);
+        std::vector<CellText> list;
+        for (const std::size_t at : order) list.push_back(cells[at]);
+        const std::vector<CellOutcome> outcomes = Enter_Cells(list);
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            const CellText& cell = cells[order[i]];
+            const bool refused = cell.value == "1x" || cell.line == "99";
+            EXPECT_EQ(outcomes[i].stored, !refused) << cell.item << " " << cell.line << " " << outcomes[i].text;
+        }
+        EXPECT_CELL("A4", 1, 1, "A");
+        EXPECT_CELL("A4", 2, 1, "B");
+        EXPECT_CELL("A", 5.01, 1, 700_cur);
+        EXPECT_CELL("S2", 29.01, 1, "Office");
+        EXPECT_CELL("S21", 7, 1, "N");
+        EXPECT_CELL("A5", 13, 3, "Skilled Nursing Care");
+        EXPECT_CELL("A5", 13, 2, Null);
+        std::ranges::shuffle(order, random);
+    }
+}
+
+TEST(EnterCellsTest, OfTwoEntriesOfOneCellTheLaterWins) {
+    Report r(fy2016);
+    const std::vector<CellText> cells{{"A", "6", "1", "100"}, {"A", "7", "1", "5"}, {"A", "6.00", "Col_1", "200"}};
+    for (const CellOutcome& outcome : Enter_Cells(cells)) EXPECT_TRUE(outcome.stored);
+    EXPECT_CELL("A", 6, 1, 200_cur);
+    EXPECT_CELL("A", 7, 1, 5_cur);
+}
+
+}  // namespace tallmar
