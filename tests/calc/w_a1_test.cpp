@@ -1,0 +1,78 @@
+#include "calc/w_a1.h"
+
+#include "calc/worksheets_fixture.h"
+
+namespace tallmar {
+namespace {
+
+class Compensation : public WorksheetTest {
+  protected:
+    void SetUp() override { Begin(fy1999, {"A1", "A2", "A3"}); }
+};
+
+TEST_F(Compensation, EachAnalysisShadesItsOwnCells) {
+    EXPECT_EQ(Lines("A1", "Col_1 Is Null"), "1 2 13 14");
+    EXPECT_EQ(Lines("A2", "Col_1 Is Null"), "1 2 12 13 14");
+    EXPECT_EQ(Lines("A3", "Col_1 Is Null"), "1 2 12 13 14");
+    for (const char* item : {"A1", "A2", "A3"}) {
+        EXPECT_EQ(Lines(item, "Col_8 Is Null"), "1 2");
+        EXPECT_EQ(Lines(item, "Col_9 Is Null"), "1 2");
+        EXPECT_CELL(item, 29_cur, "CCName", "Total");
+    }
+}
+
+TEST_F(Compensation, ConsultantsAreInUseOnA3Only) {
+    EXPECT_EQ(Lines("A1", "Col_3 Is Not Null"), "");
+    EXPECT_EQ(Lines("A2", "Col_3 Is Not Null"), "");
+    EXPECT_CELL("A3", 6_cur, "Col_3", 0);
+    for (const char* item : {"A1", "A2", "A3"}) {
+        Put(item, 6_cur, "Col_3", 50);
+        Put(item, 6_cur, "Col_5", 7);
+        Calc(item);
+    }
+    EXPECT_CELL("A1", 6_cur, "Col_9", 7);
+    EXPECT_SHADED("A1", 29_cur, "Col_3");
+    EXPECT_CELL("A2", 6_cur, "Col_9", 7);
+    EXPECT_CELL("A3", 6_cur, "Col_9", 57);
+    EXPECT_CELL("A3", 29_cur, "Col_3", 50);
+    EXPECT_CELL("A3", 29_cur, "Col_9", 57);
+}
+
+TEST_F(Compensation, EveryOtherClassCountsInTheLineTotal) {
+    int amount = 1;
+    for (const char* field : {"Col_1", "Col_2", "Col_4", "Col_5", "Col_6", "Col_7", "Col_8"}) {
+        Put("A1", 5_cur, field, amount);
+        amount *= 10;
+    }
+    Calc_A1();
+    EXPECT_CELL("A1", 5_cur, "Col_9", 1111111);
+    EXPECT_CELL("A1", 29_cur, "Col_8", 1000000);
+}
+
+TEST_F(Compensation, CapitalLinesAreOutsideTheTotals) {
+    Put("A1", 1_cur, "Col_8", 500);
+    Put("A1", 3_cur, "Col_8", 20);
+    Calc_A1();
+    EXPECT_SHADED("A1", 1_cur, "Col_9");
+    EXPECT_CELL("A1", 29_cur, "Col_8", 20);
+    EXPECT_CELL("A1", 29_cur, "Col_9", 20);
+}
+
+TEST_F(Compensation, NullTotalIsStoredAsZero) {
+    db.Execute("UPDATE A2 SET Col_1 = Null;");
+    Calc_A2();
+    EXPECT_CELL("A2", 29_cur, "Col_1", 0);
+}
+
+TEST_F(Compensation, AnAnalysisThatStaysRegisteredIsNotCalculatedFromOctober2000On) {
+    Put("A1", 6_cur, "Col_5", 7);
+    FYStart = kCostLimitsEnd;
+    Calc("A1");
+    EXPECT_CELL("A1", 6_cur, "Col_9", 0);
+    FYStart = Date{kCostLimitsEnd.serial - 1};
+    Calc("A1");
+    EXPECT_CELL("A1", 6_cur, "Col_9", 7);
+}
+
+}  // namespace
+}  // namespace tallmar
