@@ -67,25 +67,27 @@ class Recordset {
     void Bookmark(BookmarkValue bookmark);
     Recordset Clone() const;
 
+    // Moves throw NoCurrentRecord where there are no rows, and beyond an end that has been passed already. A move gives
+    // an edit under way up.
     void MoveFirst();
     void MoveNext();
     void MovePrevious();
     void MoveLast();
     // Criterion: any WHERE text of the dialect over the recordset's fields and tables. Where nothing is found NoMatch
-    // is True and the current record stays.
+    // is True and the current record stays. Over totals and DISTINCT rows there is no finding: InvalidOperation.
     void FindFirst(std::string_view criterion);
     void FindNext(std::string_view criterion);
     void FindPrevious(std::string_view criterion);
     void FindLast(std::string_view criterion);
 
-    // Table recordsets only.
+    // Table recordsets only. The index gives the order of the rows, too; comparisons are = >= > <= <.
     void Index(std::string_view name);
     void Seek(std::string_view comparison, const Value& key);
 
     void AddNew();
     void Edit();
     // Writes what was set since AddNew or Edit: only the fields set, in one statement. After AddNew the current
-    // record is the one before it.
+    // record is the one before it. Through a join the fields set must belong to one table, else NotUpdatable.
     void Update();
     void CancelUpdate();
     void Delete();
@@ -202,14 +204,15 @@ struct DBEngine {
     // Writes a created database to its path in one step (written beside it, flushed, renamed) and closes it.
     static void Finish_Creation(Database& created);
     // Shared, read and write; read only where the file is. Throws DbError NotADatabase (no report file, damaged,
-    // foreign), CannotOpen (missing, a folder, no permission), Locked. The file is untouched then.
+    // foreign), NewerLayout, CannotOpen (missing, a folder, no permission), Locked. The file is untouched then.
     static Database OpenDatabase(const std::string& path);
     static void RepairDatabase(const std::string& path);
     static void CompactDatabase(const std::string& from, const std::string& to);
 };
 
 // A long job: one transaction. It commits however the job ends by itself, by an exception too; a crash, a kill or a
-// power cut takes the file back to where it stood. Jobs inside a job join it. Roll_Back gives the job up.
+// power cut takes the file back to where it stood. Jobs inside a job join it. Roll_Back gives the whole job up; so does
+// a failure of the disk. What the job still tries to write is then refused, so that no part of it reaches the file.
 class Job {
   public:
     explicit Job(Database& database);

@@ -15,7 +15,7 @@ std::shared_ptr<CachedPlan> PlanCache::Find(std::string_view shape) {
 }
 
 void PlanCache::Put(std::string_view shape, std::shared_ptr<CachedPlan> plan) {
-    entries_.push_front({std::string(shape), std::move(plan)});
+    entries_.push_front({std::string(shape), To_Upper(shape), std::move(plan)});
     byShape_[entries_.front().shape] = entries_.begin();
     Trim_To_Capacity();
 }
@@ -24,7 +24,7 @@ void PlanCache::Put(std::string_view shape, std::shared_ptr<CachedPlan> plan) {
 void PlanCache::Forget(std::string_view table) {
     const std::string name = To_Upper(table);
     for (auto entry = entries_.begin(); entry != entries_.end();) {
-        if (To_Upper(entry->shape).find(name) == std::string::npos) {
+        if (entry->folded.find(name) == std::string::npos) {
             ++entry;
             continue;
         }

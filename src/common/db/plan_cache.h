@@ -50,6 +50,7 @@ class PlanCache {
   private:
     struct Entry {
         std::string shape;
+        std::string folded;  // in one case, to look for names of tables
         std::shared_ptr<CachedPlan> plan;
     };
     void Trim_To_Capacity();

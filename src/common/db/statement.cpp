@@ -159,6 +159,21 @@ StoredValue Statement::Stored(int column) const {
     }
 }
 
+namespace {
+// From 1/1/100 to 12/31/9999: what a file holds beyond that, or as no number at all, no program of ours has written.
+constexpr double kFirstDay = -657'434, kPastLastDay = 2'958'466;
+
+Value Read_Double(double number) {
+    if (!std::isfinite(number)) return Null;
+    return number;
+}
+
+Value Read_Date(double serial) {
+    if (!(serial >= kFirstDay && serial < kPastLastDay)) return Null;
+    return Date{serial};
+}
+}  // namespace
+
 Value Statement::Read(int column, FieldType type) const {
     if (Is_Null(column)) return Null;
     switch (type) {
@@ -172,9 +187,9 @@ Value Statement::Read(int column, FieldType type) const {
             return Currency::From_Scaled(Int(column));
         case FieldType::Single:
         case FieldType::Double:
-            return sqlite3_column_double(handle_, column);
+            return Read_Double(sqlite3_column_double(handle_, column));
         case FieldType::Date:
-            return Date{sqlite3_column_double(handle_, column)};
+            return Read_Date(sqlite3_column_double(handle_, column));
         default:
             return Text(column);
     }

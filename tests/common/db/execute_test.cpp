@@ -14,6 +14,7 @@ namespace {
 class ExecuteTest : public DbTest {
   protected:
     void SetUp() override {
+        const Job job(db);
         Make_Table(db, "A",
                    {{"LineNum", FieldType::Currency}, {"Col_1", FieldType::Currency}, {"t", FieldType::Text, 5}});
         Run("CREATE UNIQUE INDEX ndx ON A (LineNum) WITH DISALLOW NULL");
@@ -91,7 +92,6 @@ struct OracleRow {
 };
 
 void Fill(Database& db, const char* table, const std::vector<OracleRow>& rows) {
-    const Job job(db);
     db.Execute(std::string("DELETE * FROM ") + table);
     for (const OracleRow& row : rows) {
         db.Execute("INSERT INTO " + std::string(table) + " (k, v) VALUES (" + std::to_string(row.key) + ", " +
@@ -113,6 +113,7 @@ std::string Values(const std::vector<OracleRow>& rows) {
 
 // Doubling before adding shows the order of the matches.
 TEST_F(ExecuteTest, AJoinUpdatesAsALoopOverItsMatchesWould) {
+    const Job job(db);
     Make_Table(db, "T", {{"k", FieldType::Long}, {"v", FieldType::Double}});
     Make_Table(db, "S", {{"k", FieldType::Long}, {"v", FieldType::Double}});
     std::mt19937 random(1728);
@@ -136,6 +137,7 @@ TEST_F(ExecuteTest, AJoinUpdatesAsALoopOverItsMatchesWould) {
 
 // The table reads itself: a match sees what every match before it has left, in its own row and in the others.
 TEST_F(ExecuteTest, ATableJoinedToItselfUpdatesAsALoopWould) {
+    const Job job(db);
     Make_Table(db, "T", {{"k", FieldType::Long}, {"v", FieldType::Double}});
     std::mt19937 random(94);
     for (int round = 0; round < 150; ++round) {

@@ -140,8 +140,7 @@ void Join_Update(Database& db) {
 }
 
 // Statements of a job go on after one has failed, as a calculation does.
-void Long_Job(Database& db) {
-    Job job(db);
+void Statements_Of_Job(Database& db) {
     for (const char* sql : {"UPDATE A SET Label = 'in the job'", "SELECT A.* INTO C FROM A",
                             "INSERT INTO C (LineNum) SELECT LineNum + 100 FROM A", "DELETE * FROM B", "DROP TABLE B"}) {
         try {
@@ -149,6 +148,17 @@ void Long_Job(Database& db) {
         } catch (const DbError&) {
         }
     }
+}
+
+void Long_Job(Database& db) {
+    Job job(db);
+    Statements_Of_Job(db);
+    job.Commit();
+}
+
+void Job_That_Ends_By_Itself(Database& db) {
+    const Job job(db);
+    Statements_Of_Job(db);
 }
 
 void Edited_Row(Database& db) {
@@ -164,6 +174,7 @@ struct FaultCase {
     Work work;
     bool lasting;
     int result;
+    bool silent = false;  // a failure is not told
 };
 
 class FaultTest : public testing::TestWithParam<FaultCase> {};
@@ -220,6 +231,9 @@ TEST_P(FaultTest, TheFileHoldsWhatStoodBeforeOrAfter) {
         if (failed && GetParam().lasting) {
             EXPECT_TRUE(now == before) << "write " << n;
         }
+        if (!failed && !GetParam().silent) {
+            EXPECT_TRUE(now == after) << "write " << n;
+        }
         again.Close();
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1) << "write " << n;
         if (!hit) {
@@ -231,18 +245,21 @@ TEST_P(FaultTest, TheFileHoldsWhatStoodBeforeOrAfter) {
     EXPECT_GT(failures, 5);
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, FaultTest,
-                         testing::Values(FaultCase{"StatementOnce", Single_Statement, false, SQLITE_IOERR_WRITE},
-                                         FaultCase{"StatementFromThenOn", Single_Statement, true, SQLITE_IOERR_WRITE},
-                                         FaultCase{"StatementOnAFullDisk", Single_Statement, false, SQLITE_FULL},
-                                         FaultCase{"JoinOnce", Join_Update, false, SQLITE_IOERR_WRITE},
-                                         FaultCase{"JoinOnAFullDisk", Join_Update, true, SQLITE_FULL},
-                                         FaultCase{"JobOnce", Long_Job, false, SQLITE_IOERR_WRITE},
-                                         FaultCase{"JobFromThenOn", Long_Job, true, SQLITE_IOERR_WRITE},
-                                         FaultCase{"JobOnAFullDisk", Long_Job, false, SQLITE_FULL},
-                                         FaultCase{"EditOnce", Edited_Row, false, SQLITE_IOERR_WRITE},
-                                         FaultCase{"EditOnAFullDisk", Edited_Row, true, SQLITE_FULL}),
-                         [](const auto& param) { return std::string(param.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Faults, FaultTest,
+    testing::Values(FaultCase{"StatementOnce", Single_Statement, false, SQLITE_IOERR_WRITE},
+                    FaultCase{"StatementFromThenOn", Single_Statement, true, SQLITE_IOERR_WRITE},
+                    FaultCase{"StatementOnAFullDisk", Single_Statement, false, SQLITE_FULL},
+                    FaultCase{"JoinOnce", Join_Update, false, SQLITE_IOERR_WRITE},
+                    FaultCase{"JoinOnAFullDisk", Join_Update, true, SQLITE_FULL},
+                    FaultCase{"JobOnce", Long_Job, false, SQLITE_IOERR_WRITE},
+                    FaultCase{"JobFromThenOn", Long_Job, true, SQLITE_IOERR_WRITE},
+                    FaultCase{"JobOnAFullDisk", Long_Job, false, SQLITE_FULL},
+                    FaultCase{"SilentJobOnce", Job_That_Ends_By_Itself, false, SQLITE_IOERR_WRITE, true},
+                    FaultCase{"SilentJobOnAFullDisk", Job_That_Ends_By_Itself, true, SQLITE_FULL, true},
+                    FaultCase{"EditOnce", Edited_Row, false, SQLITE_IOERR_WRITE},
+                    FaultCase{"EditOnAFullDisk", Edited_Row, true, SQLITE_FULL}),
+    [](const auto& param) { return std::string(param.param.name); });
 
 }  // namespace
 }  // namespace tallmar

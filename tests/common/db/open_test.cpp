@@ -1,7 +1,11 @@
 // Files that are opened, made, compacted and repaired; and those that are refused and stay as they are.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <random>
@@ -18,10 +22,15 @@ class OpenTest : public DbTest {
   protected:
     void SetUp() override {
         Job job(db);
-        Make_Table(db, "A", {{"LineNum", FieldType::Currency}, {"Label", FieldType::Text, 40}});
+        Make_Table(db, "A",
+                   {{"LineNum", FieldType::Currency},
+                    {"Label", FieldType::Text, 40},
+                    {"Hours", FieldType::Double},
+                    {"Made", FieldType::Date}});
         Run("CREATE UNIQUE INDEX ndx ON A (LineNum)");
         for (int i = 1; i <= 200; ++i) {
-            Run("INSERT INTO A (LineNum, Label) VALUES (" + std::to_string(i) + ", 'line " + std::to_string(i) + "')");
+            const std::string line = std::to_string(i);
+            Run("INSERT INTO A VALUES (" + line + ", 'line " + line + "', " + line + ".5, #10/1/2015 8:05:00#)");
         }
         job.Commit();
         dump = Dump(db);
@@ -162,6 +171,35 @@ TEST_F(OpenTest, AFileWithAFlippedByteIsRefusedOrReadWithoutHarm) {
         EXPECT_EQ(Entries(), 1) << "byte " << place;
     }
     EXPECT_GT(refused, 50);
+}
+
+TEST_F(OpenTest, ValuesThatNoFieldHasReadAsNull) {
+    Put_Bytes(path, With_Statement("UPDATE A SET Hours = 9e999, Made = -1e300 WHERE rowid = 1;"
+                                   "UPDATE A SET Hours = 'text', Made = 'text', Label = x'ff00ff' WHERE rowid = 2;"
+                                   "DELETE FROM A WHERE rowid > 2"));
+    db = DBEngine::OpenDatabase(path);
+    EXPECT_EQ(Rows(db, "SELECT Hours, Made FROM A WHERE LineNum = 1"), "-|-;");
+    EXPECT_EQ(db.Read_Row("SELECT Hours FROM A WHERE LineNum = 2")["Hours"], Value(0.0));
+    EXPECT_EQ(db.Read_Row("SELECT Label FROM A WHERE LineNum = 2")["Label"].To_Text().size(), 3u);
+}
+
+// A full disk, as a limit on what a process may write shows it. In a child: the limit is the process's.
+TEST_F(OpenTest, ACreationOnAFullDiskLeavesTheOldFile) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        Database created = DBEngine::CreateDatabase(path, "");
+        Make_Table(created, "A", {{"x", FieldType::Long}});
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit most{5000, 5000};
+        ::setrlimit(RLIMIT_FSIZE, &most);
+        ::_exit(Code_Of([&] { DBEngine::Finish_Creation(created); }) == DbErrorCode::DiskFull ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Bytes_Of(path) == bytes, true);
+    EXPECT_EQ(Entries(), 1);
 }
 
 TEST_F(OpenTest, LeftoversOfAKilledProgramAreRemoved) {

@@ -10,6 +10,7 @@ namespace {
 class RecordsetTest : public DbTest {
   protected:
     void SetUp() override {
+        const Job job(db);
         Make_Table(db, "A",
                    {{"LineNum", FieldType::Currency},
                     {"Label", FieldType::Text, 10},
