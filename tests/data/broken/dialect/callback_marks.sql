@@ -1,0 +1,1 @@
+SELECT Val("6x") FROM A WHERE  = 1

@@ -1,0 +1,1 @@
+SELECT "ÿþ" FROM A WHERE [€] = 1

@@ -1,0 +1,1 @@
+SELECT * FROM A WHERE X Like "[a-" Or X Like "[!" Or X Like "*[" 

@@ -1,0 +1,1 @@
+SELECT [a"b;DROP] FROM A
