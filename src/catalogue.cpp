@@ -8,8 +8,14 @@
 #include "calc/w_a5.h"
 #include "calc/w_a6.h"
 #include "calc/w_a7.h"
+#include "calc/w_a83.h"
 #include "calc/w_b.h"
 #include "calc/w_b1.h"
+#include "calc/w_c.h"
+#include "calc/w_d1.h"
+#include "calc/w_dp1.h"
+#include "calc/w_dp2.h"
+#include "calc/w_f.h"
 #include "calc/w_s2.h"
 #include "calc/w_s21.h"
 #include "calc/w_s3.h"
@@ -45,10 +51,26 @@ constexpr std::array kFamilies{
     WorksheetFamily{"A6pB", 0, Only<Build_A6pB>, Only<Calc_A6pB>, &kEditA6pB, &kViewA6pB},
     WorksheetFamily{"A6pC", 0, Only<Build_A6pC>, nullptr, &kEditA6pC, &kViewA6pC},
     WorksheetFamily{"A7", 0, Only<Build_A7>, Only<Calc_A7>, &kEditA7, &kViewA7},
+    WorksheetFamily{"A83p1*", 0, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, nullptr},
+    WorksheetFamily{"A83p2*", 1, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, nullptr},
+    WorksheetFamily{"A83p3*", 1, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, nullptr},
+    WorksheetFamily{"A83p4*", 1, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, nullptr},
+    WorksheetFamily{"A83p5*", 2, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, nullptr},
     WorksheetFamily{"B", 0, Only<Build_B>, nullptr, nullptr, &kViewB},
     WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, &kEditB1, &kViewB1},
     WorksheetFamily{"B1X", 999, Only<Build_B1X>, nullptr, nullptr, nullptr},
     WorksheetFamily{"StatLinks", 999, Only<Build_StatLinks>, nullptr, nullptr, nullptr},
+    WorksheetFamily{"Cp1", 6, Only<Build_Cp1>, Only<Calc_Cp1>, nullptr, nullptr},
+    WorksheetFamily{"Cp2*", 7, Build_Cp2, Calc_Cp2, nullptr, nullptr},
+    WorksheetFamily{"Cp3", 6, Only<Build_Cp3>, Only<Calc_Cp3>, nullptr, nullptr},
+    WorksheetFamily{"Cp4", 8, Only<Build_Cp4>, Only<Calc_Cp4>, nullptr, nullptr},
+    WorksheetFamily{"Cp5", 7, Only<Build_Cp5>, Only<Calc_Cp5>, nullptr, nullptr},
+    WorksheetFamily{"Dp1", 9, Only<Build_Dp1>, Only<Calc_Dp1>, nullptr, nullptr},
+    WorksheetFamily{"Dp2", 10, Only<Build_Dp2>, Only<Calc_Dp2>, nullptr, nullptr},
+    WorksheetFamily{"D1", 0, Only<Build_D1>, Only<Calc_D1>, nullptr, nullptr},
+    WorksheetFamily{"F", 0, Only<Build_F>, Only<Calc_F>, nullptr, nullptr},
+    WorksheetFamily{"F1", 5, Only<Build_F1>, Only<Calc_F1>, nullptr, nullptr},
+    WorksheetFamily{"F2", 6, Only<Build_F2>, Only<Calc_F2>, nullptr, nullptr},
     WorksheetFamily{"Sp2", 11, Only<Build_Sp2>, Only<Calc_Sp2>, nullptr, &kViewSp2},
     WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, &kEditS2, &kViewS2},
     WorksheetFamily{"S21", 0, Only<Build_S21>, Only<Calc_S21>, &kEditS21, &kViewS21},

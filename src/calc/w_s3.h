@@ -16,6 +16,9 @@ void Build_S3p3();
 // The counts of codes on line 28, and column 9 of the drug lines of C Part III.
 void Calc_S3p3();
 
+// Line 28: how many MSA codes of four characters and CBSA codes of five are listed, as typed.
+void Store_Code_Counts();
+
 void Build_S3p4();
 // Lines 42 and 44 and column 7. A Null total stays Null; a row with a Null in column 2, 4, 5 or 6 has none in 7.
 void Calc_S3p4();

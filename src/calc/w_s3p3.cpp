@@ -55,11 +55,15 @@ void Build_S3p3() {
     Build_Table("S3p3", kColumns, "LineNum, Description,Col_1", kRows, "ndx", 0);
 }
 
-void Calc_S3p3() {
+void Store_Code_Counts() {
     const double msas = Read_Number(R"(SELECT Count(LineNum) AS Cnt From S3p3 WHERE Len([Col_1])="4" AND LineNum>28;)");
     const double cbsas =
         Read_Number(R"(SELECT Count(LineNum) AS Cnt From S3p3 WHERE Len([Col_2])="5" AND LineNum>28;)");
     db.Execute(Sql("UPDATE S3p3 SET Col_1 = \"", msas, "\", Col_2 = \"", cbsas, "\" WHERE LineNum=28;"));
+}
+
+void Calc_S3p3() {
+    Store_Code_Counts();
     const std::string lines = Drug_Lines();
     if (!lines.empty() && TableExists("Cp3", true)) Cost_Drug_Lines(lines);
 }

@@ -1,0 +1,44 @@
+// Worksheet C: apportionment of patient service costs. Part I cost per visit, Part II Medicare cost and limitation of
+// one MSA or CBSA, Part III other patient services, Part IV the comparison with the limits, Part V outpatient therapy.
+// Dollars, visits, and ratios of six decimals.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/item.h"
+
+namespace tallmar {
+
+void Build_Cp1();
+// Total cost from B, total visits from S-3 Part I, cost per visit in cents.
+void Calc_Cp1();
+
+// One table a code: Cp2m<mmmm> of an MSA, Cp2c<ccccc> of a CBSA.
+void Build_Cp2(const Item& item);
+void Calc_Cp2(const Item& item);
+// "Cp2m0160" for the MSA code "160", "Cp2c16580" for a CBSA code.
+std::string Cp2_Item_Of_MSA(std::string_view code);
+std::string Cp2_Item_Of_CBSA(std::string_view code);
+
+void Build_Cp3();
+void Calc_Cp3();
+
+void Build_Cp4();
+void Calc_Cp4();
+// Lines 23.01 and on: one line a code, in the order given; what was typed in columns 1 and 2 stays with its code.
+struct CodeOfArea {
+    std::string code;
+    bool isCBSA = false;
+};
+void Sync_Cp4_Codes(const std::vector<CodeOfArea>& codes);
+
+void Build_Cp5();
+void Calc_Cp5();
+
+// Matches the instances of Part II and the lines of Part IV to the codes of S-3 Part III line 29: a new code gets its
+// instance, an instance without a code goes, with what was typed in it. Nothing happens in a report without Part IV.
+void Sync_Cp2();
+
+}  // namespace tallmar

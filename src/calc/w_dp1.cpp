@@ -1,0 +1,200 @@
+#include "calc/w_dp1.h"
+
+#include <algorithm>
+#include <array>
+
+#include "calc/worksheet.h"
+#include "common/db/sql_text.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "common/variant.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 255}, Column{"Col_1"},
+                              Column{"Col_2"}, Column{"Col_3"}};
+
+constexpr const char* kAmounts = "0,0,0";
+constexpr const char* kShaded = "Null,Null,Null";
+
+constexpr std::array<FixedRow, 12> kRows{{
+    {1_cur, "Reasonable Cost of Services", kAmounts},
+    {2_cur, "Cost of Services, RHC & FQHC", "Null,Null,0"},
+    {3_cur, "Sum of lines 1 & 2", kShaded},
+    {4_cur, "Total charges for Title XVIII - Part A and Part B Services - Pre 10/1/2000", kAmounts},
+    {4.01_cur, "Total charges for Title XVIII - Part A and Part B Services - Post 9/30/2000", kAmounts},
+    {5_cur, "Amount actually collected from patients liable for payment for services on a charge basis", kAmounts},
+    {6_cur,
+     "Amount that would have been realized from patients liable for payment for services on a charge basis had such "
+     "payment been made in accordance with 42 CRF 413.13(b)",
+     kAmounts},
+    {7_cur, "Ratio of line 5 to 6", kShaded},
+    {8_cur, "Total customary charges - title XVIII", kShaded},
+    {9_cur, "Excess of total customary charges over total reasonable cost", kAmounts},
+    {10_cur, "Excess of reasonable cost over customary charges", kAmounts},
+    {11_cur, "Primary Payer Amounts", kAmounts},
+}};
+
+// The vaccine drug columns of C Part III replace the older ones.
+constexpr Date kDrug901From{37622};   // 1/1/2003
+constexpr Date kLine1FromCp3{38899};  // 7/1/2006
+
+using Three = std::array<double, 3>;
+constexpr std::array<const char*, 3> kCells{"Col_1", "Col_2", "Col_3"};
+
+struct Flags {
+    bool chargeExempt = false;
+    bool nominalCharge = false;
+};
+
+bool Is_Yes(const Value& answer) {
+    return To_Upper(Left(Nz_Str(answer), 1)) == "Y";
+}
+
+Flags Read_Flags() {
+    Flags flags;
+    const Row line21 = db.Read_Row("SELECT Col_1 FROM S2 WHERE LineNum = 21");
+    flags.nominalCharge = line21 && Is_Yes(line21["Col_1"]);
+    const Row line23 = db.Read_Row("Select Col_1, Col_2 From S2 Where LineNum = 23;");
+    flags.chargeExempt = flags.nominalCharge || (line23 && (Is_Yes(line23["Col_1"]) || Is_Yes(line23["Col_2"])));
+    return flags;
+}
+
+void Store_Drug_Charges(const Flags& flags) {
+    if (flags.chargeExempt) {
+        db.Execute("Update Dp1 Set Col_1=0,Col_2=0,Col_3=0 Where LineNum=4.01;");
+        return;
+    }
+    const Row sums = db.Read_Row("SELECT Sum(Col_6) AS Sum6, Sum(Col_7) AS Sum7 From Cp3 WHERE LineNum In (16,16.2);");
+    db.Execute(Sql("UPDATE Dp1 SET Col_2 = ", Nz_Currency(sums["Sum6"]), ", Col_3 = ", Nz_Currency(sums["Sum7"]),
+                   " WHERE LineNum=4.01;"));
+    if (FYEnd < kLine1FromCp3) {
+        const Row drugs = db.Read_Row("SELECT Col_6, Col_601 From Cp3 WHERE LineNum=16;");
+        if (drugs) {
+            db.Execute(Sql("UPDATE Dp1 SET Col_2 = ", Nz_Currency(drugs["Col_6"]) + Nz_Currency(drugs["Col_601"]),
+                           " WHERE LineNum=4.01;"));
+        }
+    }
+}
+
+// Lines 19, 22 and 24 of C Part IV.
+struct Limit {
+    Currency partA, partB, total;
+};
+
+Limit Read_Limit(int line) {
+    const Row row = db.Read_Row(Sql("SELECT LineNum, Col_3,Col_4,Col_6 FROM Cp4 WHERE LineNum = ", line, ";"));
+    if (!row) return {};
+    return {Nz_Currency(row["Col_3"]), Nz_Currency(row["Col_4"]), Nz_Currency(row["Col_6"])};
+}
+
+// Line 1: Part A, and the two columns of Part B. Dollars.
+Three Reasonable_Cost() {
+    const Row drugs = db.Read_Row("SELECT Col_9, Col_901 From Cp3 WHERE LineNum=16");
+    const double drug9 = drugs ? Nz_Double(drugs["Col_9"]) : 0;
+    const double drug901 = drugs ? Nz_Double(drugs["Col_901"]) : 0;
+    const Limit cost = Read_Limit(19), perVisit = Read_Limit(22), perBeneficiary = Read_Limit(24);
+
+    Limit least = perBeneficiary;
+    double drugCost = Is_Cost_Limit_Period() ? 0 : drug9;
+    if (cost.total < perVisit.total && cost.total < perBeneficiary.total) {
+        least = cost;
+        drugCost = drug9;
+    } else if (!(cost.total < perVisit.total) && perVisit.total < perBeneficiary.total) {
+        least = perVisit;
+        drugCost = drug9;
+    }
+    Three result{Round_Half(least.partA.To_Double(), 0), Round_Half(least.partB.To_Double() + drugCost, 0), 0};
+    if (FYEnd >= kDrug901From) result[1] = Round_Half(drug901, 0);
+
+    const double drug10 = Read_Number("SELECT Sum(Col_10) AS Sum10 From Cp3 Where Int(LineNum) = 16;");
+    if (Is_Cost_Limit_Period()) {
+        const double therapy = Read_Number("SELECT Col_8 FROM Cp5 WHERE LineNum = 28;");
+        const double supplies = Read_Number("SELECT Sum(Col_10) AS Sum10 From Cp3 Where LineNum = 15;");
+        result[2] = Round_Half(therapy + supplies + drug10, 0);
+    } else {
+        result[2] = drug10;
+    }
+    return result;
+}
+
+Three Read_Cells(const Recordset& row) {
+    return {Nz_Double(row["Col_1"]), Nz_Double(row["Col_2"]), Nz_Double(row["Col_3"])};
+}
+
+void Store_Cells(Recordset& row, const Three& values) {
+    row.Edit();
+    for (std::size_t i = 0; i < kCells.size(); ++i) row.Fields(kCells[i]).Set(values[i]);
+    row.Update();
+}
+
+// The walk down the worksheet: cost and charges so far, column by column.
+struct Walk {
+    Flags flags;
+    Three reasonable{}, cost{}, charges{}, collected{}, ratio{};
+
+    void At_Line(Recordset& row, Currency line);
+};
+
+void Walk::At_Line(Recordset& row, Currency line) {
+    if (line == 1_cur) {
+        if (FYEnd >= kLine1FromCp3) reasonable[1] = Nz_Double(row["Col_2"]);
+        cost = reasonable;
+        Store_Cells(row, cost);
+    } else if (line == 2_cur) {
+        const Three clinics = Read_Cells(row);
+        for (std::size_t i = 0; i < 3; ++i) cost[i] += clinics[i];
+    } else if (line == 3_cur) {
+        Store_Cells(row, cost);
+    } else if (line == 4_cur) {
+        charges = Read_Cells(row);
+    } else if (line == 4.01_cur) {
+        const Three later = Read_Cells(row);
+        for (std::size_t i = 1; i < 3 && !flags.chargeExempt; ++i) charges[i] += later[i];
+    } else if (line == 5_cur) {
+        collected = Read_Cells(row);
+    } else if (line == 6_cur) {
+        const Three due = Read_Cells(row);
+        for (std::size_t i = 0; i < 3; ++i)
+            ratio[i] = due[i] == 0 ? 0 : std::min(Round_Half(collected[i] / due[i], 6), 1.0);
+    } else if (line == 7_cur) {
+        Store_Cells(row, ratio);
+    } else if (line == 8_cur) {
+        if (flags.chargeExempt) charges[0] = charges[1] = 0;
+        for (std::size_t i = 0; i < 3; ++i) {
+            if (!flags.nominalCharge && ratio[i] > 0) charges[i] = Round_Half(charges[i] * ratio[i], 0);
+        }
+        Store_Cells(row, charges);
+    } else if (line == 9_cur) {
+        Three excess;
+        for (std::size_t i = 0; i < 3; ++i) excess[i] = std::max(charges[i] - cost[i], 0.0);
+        Store_Cells(row, excess);
+    } else if (line == 10_cur) {
+        Three excess{};
+        const bool tested = !flags.chargeExempt && !flags.nominalCharge;
+        for (std::size_t i = 0; i < 3 && tested; ++i) excess[i] = std::max(cost[i] - charges[i], 0.0);
+        Store_Cells(row, excess);
+    }
+}
+
+}  // namespace
+
+void Build_Dp1() {
+    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kRows, "ndxDp1", 9);
+}
+
+void Calc_Dp1() {
+    const Flags flags = Read_Flags();
+    db.Execute(
+        Sql("UPDATE Dp1 SET Col_2 = ", Read_Currency("SELECT Sum(Col_9) AS Sum9 From Cp3 WHERE LineNum In (16,16.2);"),
+            " WHERE LineNum=1;"));
+    Store_Drug_Charges(flags);
+    Walk walk{.flags = flags, .reasonable = Reasonable_Cost()};
+    Recordset rows = db.OpenRecordset("SELECT * FROM Dp1 ORDER BY LineNum");
+    for (; !rows.Eof(); rows.MoveNext()) walk.At_Line(rows, Nz_Currency(rows["LineNum"]));
+    rows.Close();
+}
+
+}  // namespace tallmar

@@ -1,0 +1,9 @@
+// Worksheet D Part II: from reasonable cost to the balance due. Part A in column 1, Part B in column 2. Dollars.
+#pragma once
+
+namespace tallmar {
+
+void Build_Dp2();
+void Calc_Dp2();
+
+}  // namespace tallmar
