@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "calc/w_c.h"
 #include "common/dates.h"
 #include "common/db/sql_text.h"
 #include "common/platform.h"
@@ -33,8 +34,6 @@ struct SecondPass {
     const char* item;
 };
 constexpr SecondPass kSecondPasses[] = {{"F2", "F"}};
-
-void (*sync)() = nullptr;
 
 struct Selected {
     std::int32_t level;
@@ -113,7 +112,7 @@ bool Is_Selected(const std::vector<Selected>& selection, std::string_view item) 
 }
 
 void Calc_Worksheets() {
-    if (sync != nullptr) Run_Step("S3p3", sync);
+    Run_Step("S3p3", Sync_Cp2);
     const std::vector<Selected> selection = Read_Selection();
     for (const Selected& row : selection) {
         The_Platform().Progress(Sql(" Calculating level ", row.level, ": ", row.item));
@@ -139,10 +138,6 @@ struct RunEnd {
 };
 
 }  // namespace
-
-void Install_Sync_Cp2(void (*syncCp2)()) {
-    sync = syncCp2;
-}
 
 void Calc_All() {
     const RunEnd end;

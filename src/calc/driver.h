@@ -8,7 +8,4 @@ namespace tallmar {
 // chain goes on. Throws DbError where the file itself fails (full, read only); nothing is changed then.
 void Calc_All();
 
-// Matches the instances of C Part II to S-3 Part III, before the selection is opened. Null: nothing to match.
-void Install_Sync_Cp2(void (*syncCp2)());
-
 }  // namespace tallmar

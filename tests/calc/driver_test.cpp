@@ -70,7 +70,6 @@ constexpr WorksheetFamily kGrowing[] = {{"A", 4, Build_Text, Calc_Growing, nullp
 class DriverTest : public ReportTest {
   protected:
     DriverTest() { calculated.clear(); }
-    ~DriverTest() override { Install_Sync_Cp2(nullptr); }
     void Report_Of(std::span<const WorksheetFamily> families, Date start = Date_Of(2015, 10, 1)) {
         Install_Catalogue(families);
         New_Report(start, Date{Add_Years(start, 1).serial - 1});
@@ -231,14 +230,6 @@ TEST_F(DriverTest, OptionOfLine26IsReadAnew) {
     AGOption = 2;
     Calc_All();
     EXPECT_EQ(AGOption, 0);
-}
-
-TEST_F(DriverTest, NewInstancesOfCPart2AreInTheSelection) {
-    Report_Of(kFamilies);
-    Install_Sync_Cp2([] { Build_Text("A83p1P"); });
-    FYStart = Date_Of(2000, 9, 30);
-    Calc_All();
-    EXPECT_EQ(calculated, "A4 A83p1P F A5 A B1 F1 F2 F");
 }
 
 TEST_F(DriverTest, SecondRunChangesNoCell) {

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include "calc/w_c.h"
+#include "common/db/sql_text.h"
+#include "report/registry.h"
+#include "support/report_fixture.h"
+
+namespace tallmar {
+
+namespace {
+
+void List_Code(Report& report, const char* line, const char* column, const char* code) {
+    report.Execute(Sql("DELETE * FROM S3p3 WHERE LineNum = ", line, ";"));
+    report.Execute(Sql("INSERT INTO S3p3 (LineNum, ", column, ") VALUES (", line, ",\"", code, "\");"));
+}
+
+}  // namespace
+
+TEST(SyncCp2Test, ACalculationBuildsTheInstanceOfAListedCode) {
+    Report r(fy2016);
+    List_Code(r, "29", "Col_2", "16580");
+    r.Calc();
+    EXPECT_TRUE(TableExists("Cp2c16580", true));
+    EXPECT_EQ(r.Cell("Cp2c16580", 1, "Description"), Value("Skilled Nursing"));
+}
+
+TEST(SyncCp2Test, ShortCodesArePadded) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "160");
+    Sync_Cp2();
+    EXPECT_TRUE(TableExists("Cp2m0160", true));
+}
+
+TEST(SyncCp2Test, ACodeThatIsRemovedDropsItsInstanceAndWhatWasTypedInIt) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "1400");
+    Sync_Cp2();
+    r.Execute("UPDATE Cp2m1400 SET Col_5 = 12 WHERE LineNum = 1;");
+    r.Execute("DELETE * FROM S3p3 WHERE LineNum = 29;");
+    Sync_Cp2();
+    EXPECT_FALSE(TableExists("Cp2m1400", true));
+    List_Code(r, "29", "Col_1", "1400");
+    Sync_Cp2();
+    EXPECT_EQ(r.Cell("Cp2m1400", 1, "Col_5"), Value(0.0));
+}
+
+TEST(SyncCp2Test, LinesOfPartIVKeepWhatWasTypedWithTheirCode) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "1400");
+    List_Code(r, "29.01", "Col_1", "1600");
+    Sync_Cp2();
+    r.Execute("UPDATE Cp4 SET Col_1 = 7, Col_2 = 100 WHERE LineNum = 23.02;");
+    r.Execute("DELETE * FROM S3p3 WHERE LineNum = 29;");
+    Sync_Cp2();
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "MSA_Code"), Value("1600"));
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "Col_1"), Value(7_cur));
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "Col_2"), Value(100_cur));
+}
+
+TEST(SyncCp2Test, LinesAreNeverDoubled) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "1400");
+    Sync_Cp2();
+    Sync_Cp2();
+    EXPECT_EQ(r.Read("SELECT Count(*) AS Cnt FROM Cp4 WHERE Int(LineNum) = 23;"), Value(1));
+}
+
+TEST(SyncCp2Test, APeriodWithoutLimitsKeepsItsLinesByPosition) {
+    Report r(fy2016);
+    List_Code(r, "29", "Col_2", "16580");
+    r.Calc();
+    EXPECT_TRUE(r.Cell("Cp4", 23.01_cur, "MSA_Code").Is_Null());
+    r.Calc();
+    EXPECT_TRUE(r.Cell("Cp4", 23.01_cur, "MSA_Code").Is_Null());
+    EXPECT_EQ(r.Read("SELECT Count(*) AS Cnt FROM Cp4 WHERE Int(LineNum) = 23;"), Value(1));
+}
+
+}  // namespace tallmar
