@@ -38,8 +38,8 @@ void Insert_Rows(const Item& item, std::string_view fields, std::span<const Fixe
     const FieldDef label = Find_Field(item, labelField);
     for (const FixedRow& row : rows) {
         const std::string_view values = row.values;
-        const bool tooLong = row.label != nullptr && Has_Size(label.type) &&
-                             Length(row.label) > static_cast<std::size_t>(label.size);
+        const bool tooLong =
+            row.label != nullptr && Has_Size(label.type) && Length(row.label) > static_cast<std::size_t>(label.size);
         db.Execute(Sql(head, row.line, ",", row.label == nullptr || tooLong ? "Null" : Quoted(row.label),
                        values.empty() ? "" : ",", values, ");"));
         if (tooLong) db.Write_Label(item.Name(), labelField, row.line, row.label);

@@ -29,8 +29,12 @@ Wide Divide_Half_Even(Wide value, Wide divisor) {
 
 }  // namespace
 
-Currency operator+(Currency a, Currency b) { return Checked(Wide{a.scaled_} + b.scaled_); }
-Currency operator-(Currency a, Currency b) { return Checked(Wide{a.scaled_} - b.scaled_); }
+Currency operator+(Currency a, Currency b) {
+    return Checked(Wide{a.scaled_} + b.scaled_);
+}
+Currency operator-(Currency a, Currency b) {
+    return Checked(Wide{a.scaled_} - b.scaled_);
+}
 Currency operator*(Currency a, Currency b) {
     return Checked(Divide_Half_Even(Wide{a.scaled_} * b.scaled_, Currency::kScale));
 }
@@ -53,8 +57,10 @@ std::optional<Currency> Currency::From_Text(std::string_view text) {
             any = true;
             const int digit = c - '0';
             if (places >= 4) {
-                if (places == 4) fifth = digit;
-                else beyond = beyond || digit != 0;
+                if (places == 4)
+                    fifth = digit;
+                else
+                    beyond = beyond || digit != 0;
                 ++places;
                 continue;
             }

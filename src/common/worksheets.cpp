@@ -6,9 +6,13 @@ namespace {
 std::span<const WorksheetFamily> installed;
 }
 
-void Install_Catalogue(std::span<const WorksheetFamily> families) { installed = families; }
+void Install_Catalogue(std::span<const WorksheetFamily> families) {
+    installed = families;
+}
 
-std::span<const WorksheetFamily> Catalogue() { return installed; }
+std::span<const WorksheetFamily> Catalogue() {
+    return installed;
+}
 
 const WorksheetFamily* Find_Family(const Item& item) {
     for (const WorksheetFamily& family : installed) {

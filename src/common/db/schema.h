@@ -61,6 +61,8 @@ class Schema {
 // "Currency", "Text": as `dump` and CREATE TABLE write them.
 std::string_view Type_Name(FieldType type);
 // True for Text and Char.
-constexpr bool Has_Size(FieldType type) { return type == FieldType::Text || type == FieldType::Char; }
+constexpr bool Has_Size(FieldType type) {
+    return type == FieldType::Text || type == FieldType::Char;
+}
 
 }  // namespace tallmar

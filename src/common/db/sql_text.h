@@ -9,12 +9,24 @@
 
 namespace tallmar {
 
-inline void Append_Sql(std::string& sql, std::string_view part) { sql += part; }
-inline void Append_Sql(std::string& sql, const char* part) { sql += part; }
-inline void Append_Sql(std::string& sql, const std::string& part) { sql += part; }
-inline void Append_Sql(std::string& sql, int part) { sql += std::to_string(part); }
-inline void Append_Sql(std::string& sql, Currency part) { sql += part.To_Text(); }
-inline void Append_Sql(std::string& sql, double part) { sql += Number_Text(part); }
+inline void Append_Sql(std::string& sql, std::string_view part) {
+    sql += part;
+}
+inline void Append_Sql(std::string& sql, const char* part) {
+    sql += part;
+}
+inline void Append_Sql(std::string& sql, const std::string& part) {
+    sql += part;
+}
+inline void Append_Sql(std::string& sql, int part) {
+    sql += std::to_string(part);
+}
+inline void Append_Sql(std::string& sql, Currency part) {
+    sql += part.To_Text();
+}
+inline void Append_Sql(std::string& sql, double part) {
+    sql += Number_Text(part);
+}
 // A value read from the report: Null as the word Null, a number with every digit, a text in double quotes with the
 // quotes in it doubled, a date between # signs.
 void Append_Sql(std::string& sql, const Value& part);
