@@ -11,73 +11,67 @@ namespace tallmar {
 
 namespace {
 
-constexpr bool Is_Blank_Character(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-constexpr char Upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-}
-constexpr std::string_view kSigns = "()+-*/\\^&=<>,.;";
 constexpr int kDecimalPlaces = 4;
 
 }  // namespace
 
-Token Lexer::Next() {
+bool Lexer::Next(Token& token) {
     const std::size_t before = at_;
-    while (at_ < statement_.size() && Is_Blank_Character(statement_[at_])) ++at_;
-    const std::size_t start = at_;
-    Token token;
-    if (at_ < statement_.size()) {
-        const char c = statement_[at_];
-        const char next = at_ + 1 < statement_.size() ? statement_[at_ + 1] : '\0';
-        if (Is_Word_Start(c)) {
-            while (at_ < statement_.size() && Is_Word_Part(statement_[at_])) ++at_;
-            if (at_ < statement_.size() && statement_[at_] == '$') ++at_;
-            token.kind = TokenKind::Word;
-            token.text = statement_.substr(start, at_ - start);
-        } else if (Is_Digit(c) || (c == '.' && Is_Digit(next))) {
-            token = Number();
-        } else if (c == '"' || c == '\'') {
-            token = Between(TokenKind::Text, c, true);
-        } else if (c == '#') {
-            token = Between(TokenKind::Date, '#', false);
-        } else if (c == '[') {
-            token = Between(TokenKind::Name, ']', false);
-            if (token.text.empty()) Fail(start);
-        } else if (kSigns.find(c) != std::string_view::npos) {
-            at_ += (c == '<' && (next == '=' || next == '>')) || (c == '>' && next == '=') ? 2 : 1;
-            token.kind = TokenKind::Sign;
-            token.text = statement_.substr(start, at_ - start);
-        } else {
-            Fail(start);
-        }
+    while (at_ < statement_.size() && Is_Of(statement_[at_], kBlankChar)) ++at_;
+    token.offset = at_;
+    token.blankBefore = at_ > before;
+    if (at_ == statement_.size()) {
+        token.kind = TokenKind::End;
+        token.text = {};
+        token.end = at_;
+        return false;
     }
-    token.offset = start;
+    const char c = statement_[at_];
+    const char next = at_ + 1 < statement_.size() ? statement_[at_ + 1] : '\0';
+    if (Is_Word_Start(c)) {
+        ++at_;
+        while (at_ < statement_.size() && Is_Word_Part(statement_[at_])) ++at_;
+        if (at_ < statement_.size() && statement_[at_] == '$') ++at_;
+        token.kind = TokenKind::Word;
+        token.text = statement_.substr(token.offset, at_ - token.offset);
+    } else if (Is_Digit(c) || (c == '.' && Is_Digit(next))) {
+        Number(token);
+    } else if (Is_Of(c, kSignChar)) {
+        at_ += (c == '<' && (next == '=' || next == '>')) || (c == '>' && next == '=') ? 2 : 1;
+        token.kind = TokenKind::Sign;
+        token.text = statement_.substr(token.offset, at_ - token.offset);
+    } else if (c == '"' || c == '\'') {
+        Between(token, TokenKind::Text, c, true);
+    } else if (c == '#') {
+        Between(token, TokenKind::Date, '#', false);
+    } else if (c == '[') {
+        Between(token, TokenKind::Name, ']', false);
+        if (token.text.empty() || token.text.find('\0') != std::string_view::npos) Fail(token.offset);
+    } else {
+        Fail(at_);
+    }
     token.end = at_;
-    token.blankBefore = start > before;
-    return token;
+    return true;
 }
 
 // A text runs to its mark; the mark doubled stands for itself.
-Token Lexer::Between(TokenKind kind, char close, bool doubles) {
-    const std::size_t start = at_;
-    for (std::size_t i = at_ + 1; i < statement_.size(); ++i) {
+void Lexer::Between(Token& token, TokenKind kind, char close, bool doubles) {
+    const std::size_t start = at_ + 1;
+    for (std::size_t i = start; i < statement_.size(); ++i) {
         if (statement_[i] != close) continue;
         if (doubles && i + 1 < statement_.size() && statement_[i + 1] == close) {
             ++i;
             continue;
         }
         at_ = i + 1;
-        Token token;
         token.kind = kind;
-        token.text = statement_.substr(start + 1, i - start - 1);
-        return token;
+        token.text = statement_.substr(start, i - start);
+        return;
     }
-    Fail(start);
+    Fail(token.offset);
 }
 
-Token Lexer::Number() {
-    const std::size_t start = at_;
+void Lexer::Number(Token& token) {
     const auto digits = [&] {
         while (at_ < statement_.size() && Is_Digit(statement_[at_])) ++at_;
     };
@@ -94,11 +88,9 @@ Token Lexer::Number() {
             digits();
         }
     }
-    if (at_ < statement_.size() && Is_Word_Part(statement_[at_])) Fail(start);
-    Token token;
+    if (at_ < statement_.size() && Is_Word_Part(statement_[at_])) Fail(token.offset);
     token.kind = TokenKind::Number;
-    token.text = statement_.substr(start, at_ - start);
-    return token;
+    token.text = statement_.substr(token.offset, at_ - token.offset);
 }
 
 void Lexer::Fail(std::size_t offset) const {

@@ -1,6 +1,7 @@
 // The tokens of the dialect. One lexer serves both roads: lifting literals out of a statement, and parsing it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -23,11 +24,12 @@ struct Token {
 class Lexer {
   public:
     explicit Lexer(std::string_view statement) : statement_(statement) {}
-    Token Next();
+    // Fills `token` in place; false at the end, which is a token too.
+    bool Next(Token& token);
 
   private:
-    Token Between(TokenKind kind, char close, bool doubles);
-    Token Number();
+    void Between(Token& token, TokenKind kind, char close, bool doubles);
+    void Number(Token& token);
     [[noreturn]] void Fail(std::size_t offset) const;
 
     std::string_view statement_;
@@ -51,14 +53,33 @@ Literal Literal_Of(const Token& token, std::string_view statement);
 
 // Without regard to case, ASCII letters only; `keyword` in upper case.
 bool Is_Keyword(std::string_view word, std::string_view keyword);
+
+// Classes of characters, looked up: every statement goes through here character by character.
+enum CharClass : std::uint8_t { kBlankChar = 1, kWordStart = 2, kDigit = 4, kSignChar = 8 };
+inline constexpr std::array<std::uint8_t, 256> kCharClasses = [] {
+    std::array<std::uint8_t, 256> classes{};
+    for (const char c : {' ', '\t', '\r', '\n'}) classes[static_cast<unsigned char>(c)] = kBlankChar;
+    for (std::size_t c = '0'; c <= '9'; ++c) classes[c] = kDigit;
+    for (std::size_t c = 'A'; c <= 'Z'; ++c) classes[c] = classes[c + 'a' - 'A'] = kWordStart;
+    for (std::size_t c = 0x80; c < 256; ++c) classes[c] = kWordStart;
+    classes['_'] = kWordStart;
+    for (const char c : std::string_view("()+-*/\\^&=<>,.;")) classes[static_cast<unsigned char>(c)] = kSignChar;
+    return classes;
+}();
+constexpr bool Is_Of(char c, int classes) {
+    return (kCharClasses[static_cast<unsigned char>(c)] & classes) != 0;
+}
 constexpr bool Is_Word_Start(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+    return Is_Of(c, kWordStart);
 }
 constexpr bool Is_Digit(char c) {
-    return c >= '0' && c <= '9';
+    return Is_Of(c, kDigit);
 }
 constexpr bool Is_Word_Part(char c) {
-    return Is_Word_Start(c) || Is_Digit(c);
+    return Is_Of(c, kWordStart | kDigit);
+}
+constexpr char Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
 }
 
 }  // namespace tallmar

@@ -5,20 +5,34 @@
 
 namespace tallmar {
 
+namespace {
+
+constexpr std::size_t kUsualLiterals = 8;
+
+void Append_Upper(std::string& shape, std::string_view word) {
+    const std::size_t at = shape.size();
+    shape.resize(at + word.size());
+    for (std::size_t i = 0; i < word.size(); ++i) shape[at + i] = Upper(word[i]);
+}
+
+}  // namespace
+
 LiftedStatement Lift(std::string_view statement) {
     if (statement.size() > kLongestStatement) throw DbError(DbErrorCode::TooComplex);
     LiftedStatement lifted;
     lifted.shape.reserve(statement.size() + 8);
+    lifted.literals.reserve(kUsualLiterals);
     Lexer lexer(statement);
     LiftRule rule;
-    for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
+    Token token;
+    while (lexer.Next(token)) {
         if (token.blankBefore && !lifted.shape.empty()) lifted.shape += ' ';
         if (rule.Lifts(token)) {
             lifted.literals.push_back(Literal_Of(token, statement));
             lifted.shape += '?';
             lifted.shape += static_cast<char>(lifted.literals.back().kind);
         } else if (token.kind == TokenKind::Word) {
-            for (const char c : token.text) lifted.shape += c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+            Append_Upper(lifted.shape, token.text);
         } else {
             lifted.shape += statement.substr(token.offset, token.end - token.offset);
         }

@@ -44,11 +44,13 @@ class Parser {
         if (text.size() > kLongestStatement) throw DbError(DbErrorCode::TooComplex);
         Lexer lexer(text);
         LiftRule rule;
-        do {
-            const Token token = lexer.Next();
+        Token token;
+        while (lexer.Next(token)) {
             tokens_.push_back(token);
             lifted_.push_back(rule.Lifts(token));
-        } while (tokens_.back().kind != TokenKind::End);
+        }
+        tokens_.push_back(token);
+        lifted_.push_back(false);
     }
 
     Statement Whole_Statement() {

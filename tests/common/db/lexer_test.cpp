@@ -84,6 +84,8 @@ TEST(Lift, WhatTheDialectHasNotNamesItsPlace) {
     EXPECT_EQ(Message("a = 12ab"), "Syntax error near '12ab' at character 5 of: a = 12ab");
     EXPECT_EQ(Message("a = \"open"), "Syntax error near '\"open' at character 5 of: a = \"open");
     EXPECT_EQ(Message("[open"), "Syntax error near '[open' at character 1 of: [open");
+    EXPECT_EQ(Message("[]"), "Syntax error near '[' at character 1 of: []");
+    EXPECT_NE(Message(std::string_view("[a\0b]", 5)), "no error");
     EXPECT_EQ(Message("a = #never#"), "Syntax error near 'never' at character 5 of: a = #never#");
     EXPECT_EQ(Message("\xC3\x84 = #x#"), "Syntax error near 'x' at character 5 of: \xC3\x84 = #x#");
     EXPECT_EQ(Message("a = 1E999"), "Syntax error near '1E999' at character 5 of: a = 1E999");
