@@ -53,7 +53,6 @@ class Between {
         mark_ = next_;
         return sql_;
     }
-    bool Any() const { return mark_ == next_; }
 
   private:
     SqlWriter& sql_;
@@ -76,11 +75,6 @@ void Write_Where(SqlWriter& sql, const Bound* where) {
     sql.Value(*where);
 }
 
-// In GROUP BY and ORDER BY a constant would be taken for the number of a column.
-bool Is_Constant(const Bound& bound) {
-    return bound.kind == BoundKind::NullWord || bound.kind == BoundKind::True || bound.kind == BoundKind::False;
-}
-
 // The key of a row as one value, the first of a group by MIN.
 void Write_Row_Key(SqlWriter& sql, const BoundSelect& select) {
     if (select.tables.size() == 1) return sql.Rowid(0);
@@ -95,7 +89,6 @@ void Write_Limit(SqlWriter& sql, const BoundSelect& select) {
 
 void Write_Order_Terms(Between& comma, const BoundSelect& select) {
     for (const BoundOrder& order : select.orderBy) {
-        if (Is_Constant(*order.value)) continue;
         SqlWriter& sql = comma();
         sql.Term(*order.value);
         if (order.descending) sql << " DESC";
@@ -122,10 +115,7 @@ void Write_Order(SqlWriter& sql, const BoundSelect& select) {
 // Groups come in the order of their first rows unless they are ordered.
 void Write_Groups(SqlWriter& sql, const BoundSelect& select, const Values& groups) {
     Between comma(sql, " GROUP BY ", ",");
-    for (const Bound* group : groups) {
-        if (!Is_Constant(*group)) comma().Term(*group);
-    }
-    if (!comma.Any()) sql << " GROUP BY NULL";
+    for (const Bound* group : groups) comma().Term(*group);
     Between order(sql, " ORDER BY ", ",");
     Write_Order_Terms(order, select);
     order() << "MIN(";
@@ -148,9 +138,7 @@ void Write_Select(SqlWriter& sql, const BoundSelect& select, const Values& value
     for (const BoundPtr& group : select.groupBy) groups.push_back(group.get());
     if (!select.distinct) return Write_Groups(sql, select, groups);
     Between comma(sql, " GROUP BY ", ",");
-    for (const Bound* group : groups) {
-        if (!Is_Constant(*group)) comma().Term(*group);
-    }
+    for (const Bound* group : groups) comma().Term(*group);
     Between order(sql, " ORDER BY ", ",");
     Write_Order_Terms(order, select);
     Write_Limit(sql, select);

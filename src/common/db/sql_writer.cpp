@@ -98,11 +98,12 @@ void SqlWriter::Value(const Bound& bound, bool inChain) {
         case BoundKind::NullWord:
             *this << "NULL";
             return;
+        // Written as sums: a bare number in GROUP BY or ORDER BY would be the number of a column.
         case BoundKind::True:
-            *this << "(-1)";
+            *this << "(0-1)";
             return;
         case BoundKind::False:
-            *this << "0";
+            *this << "(0+0)";
             return;
         case BoundKind::Star:
             *this << "*";

@@ -171,7 +171,7 @@ TEST_F(Compiled, RowsComeInTheirOrder) {
     EXPECT_EQ(Run("SELECT TOP 1 LineNum FROM A ORDER BY CCName DESC"), Rows{"5"});
     EXPECT_EQ(Run("SELECT LineNum FROM A ORDER BY CCName DESC"), (Rows{"5.01", "5", "13.2"}));
     EXPECT_EQ(Run("SELECT TOP 2 LineNum FROM A"), (Rows{"5.01", "13.2"}));
-    EXPECT_EQ(Run("SELECT LineNum FROM A ORDER BY True, Null"), (Rows{"5.01", "13.2", "5"}));
+    EXPECT_EQ(Run("SELECT LineNum FROM A ORDER BY True, Null, Fix(False)"), (Rows{"5.01", "13.2", "5"}));
     EXPECT_EQ(Run("SELECT A4.LineNum, A.LineNum FROM A4, A WHERE A4.LineNum<3 AND A.LineNum>5"),
               (Rows{"1|5.01", "1|13.2", "2|5.01", "2|13.2"}));
 }
@@ -215,6 +215,8 @@ TEST_F(Compiled, GroupsComeInTheOrderOfTheirFirstRows) {
     EXPECT_EQ(Run("SELECT Col_3, Sum(Col_4) AS s FROM A4 GROUP BY Col_3 ORDER BY s"), (Rows{"99|7", "5.01|100.25"}));
     EXPECT_EQ(Run("SELECT A.CCName, Count(*) FROM A4, A GROUP BY A.CCName"), (Rows{"Beta|6", "alpha|3"}));
     EXPECT_EQ(Run("SELECT Avg(Col_4), Sum(N) FROM A4, A WHERE A4.LineNum < 3"), Rows{"50.125|8"});
+    EXPECT_EQ(Run("SELECT DISTINCT True FROM A"), Rows{"-1"});
+    EXPECT_EQ(Run("SELECT Count(*) FROM A GROUP BY False, Null"), Rows{"3"});
     EXPECT_EQ(Message("SELECT CCName, Sum(N) FROM A"),
               "'CCName' is neither grouped nor summed at character 8 of: SELECT CCName, Sum(N) FROM A");
 }
