@@ -1,6 +1,7 @@
 // frmEditS3p1 to frmEditS3p4: visits, staff, MSA and CBSA codes, payment statistics; and the view of S Part II.
 #include <array>
 
+#include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
 #include "report/code_lists.h"
@@ -90,9 +91,10 @@ bool Can_Make_Code(Currency line) {
     return line >= kFirstCode && line < 1000_cur && (line * 100_cur).Is_Whole();
 }
 
+// Each code has a worksheet of C Part II and a line of Part IV.
 void Follow_Codes() {
     Load_MSA();
-    if (Form_Hooks().codesChanged != nullptr) Form_Hooks().codesChanged();
+    Sync_Cp2();
 }
 
 // The codes are line 29 and its sublines.

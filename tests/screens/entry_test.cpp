@@ -2,6 +2,7 @@
 #include "screens/entry_test.h"
 
 #include "report/open_report.h"
+#include "report/registry.h"
 #include "screens/forms.h"
 
 namespace tallmar {
@@ -281,16 +282,26 @@ TEST(EnterS3, CodesAreDigitsKeptAsTyped) {
     EXPECT_EQ(gblCBSACodes.front(), "16580");
 }
 
-TEST(EnterS3, AChangeOfCodesIsPassedOn) {
-    static int changes;
-    changes = 0;
-    Report r(fy2016);
-    const FormHooks before = Form_Hooks();
-    Form_Hooks().codesChanged = [] { ++changes; };
-    EXPECT_EQ(Answer_To("S3p3", "29", "2", "16580"), kStored);
-    EXPECT_EQ(Title_Of("S3p3", "29", "2", "x"), "Invalid Non-Numeric Entry");
-    Form_Hooks() = before;
-    EXPECT_EQ(changes, 1);
+TEST(EnterS3, EachCodeHasItsWorksheetOfCPartTwo) {
+    Report r(fy1999);
+    EXPECT_EQ(Answer_To("S3p3", "29", "1", "40"), kStored);
+    EXPECT_EQ(Answer_To("S3p3", "29.01", "2", "16580"), kStored);
+    EXPECT_TRUE(TableExists("Cp2m0040", true));
+    EXPECT_TRUE(TableExists("Cp2c16580", true));
+    EXPECT_CELL("Cp4", 23.01, "MSA_Code", "0040");
+    EXPECT_CELL("Cp4", 23.02, "MSA_Code", "16580");
+
+    EXPECT_EQ(Title_Of("S3p3", "29", "1", "x"), "Invalid Non-Numeric Entry");
+    EXPECT_TRUE(TableExists("Cp2m0040", true));
+    EXPECT_EQ(Answer_To("S3p3", "29", "1", "41"), kStored);
+    EXPECT_FALSE(TableExists("Cp2m0040", true));
+    EXPECT_TRUE(TableExists("Cp2m0041", true));
+    EXPECT_EQ(Answer_To("S3p3", "29", "1", ""), kStored);
+    EXPECT_FALSE(TableExists("Cp2m0041", true));
+    kEditS3p3.remove("S3p3", 29.01_cur);
+    EXPECT_FALSE(TableExists("Cp2c16580", true));
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM Cp4 WHERE Int(LineNum) = 23;"), Value(0));
+    EXPECT_TRUE(gblCBSACodes.empty());
 }
 
 TEST(EnterS3, PartFourShutsTotalsAndTheShadedOutliers) {

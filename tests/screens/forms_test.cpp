@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <random>
 
-#include "catalogue.h"
+#include "common/worksheets.h"
 #include "report/open_report.h"
 #include "screens/entry_test.h"
 
@@ -12,13 +12,12 @@ namespace tallmar {
 
 namespace {
 
-// Every family that the report has, by its plain name.
-std::vector<const WorksheetFamily*> Families_Of_Report() {
-    std::vector<const WorksheetFamily*> families;
-    for (const WorksheetFamily& family : All_Families()) {
-        if (db.TableDefs().Has(family.items.Text())) families.push_back(&family);
-    }
-    return families;
+std::vector<std::string> Worksheets_Of_Report() {
+    std::vector<std::string> items;
+    Recordset rows =
+        db.OpenRecordset("SELECT Item FROM Worksheets WHERE Calc_Lvl < 900 ORDER BY Item;", RecordsetType::Snapshot);
+    for (; !rows.Eof(); rows.MoveNext()) items.push_back(rows["Item"].To_Text());
+    return items;
 }
 
 void Check_Columns(const FormDescription& form, const Item& item) {
@@ -41,18 +40,33 @@ void Check_Columns(const FormDescription& form, const Item& item) {
 TEST(FormsTest, EveryDescribedColumnIsInItsTable) {
     for (const FiscalYear& year : {fy1999, fy2016}) {
         Report r(year);
-        for (const WorksheetFamily* family : Families_Of_Report()) {
-            const std::string item(family->items.Text());
+        EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
+        for (const std::string& item : Worksheets_Of_Report()) {
+            const WorksheetFamily* family = Find_Family(item);
+            ASSERT_NE(family, nullptr) << item;
             if (family->edit != nullptr) Check_Columns(*family->edit, item);
             if (family->view != nullptr) Check_Columns(*family->view, item);
         }
     }
 }
 
+TEST(FormsTest, EveryWorksheetCanBeViewedAndTheComputedOnesNotEdited) {
+    Report r(fy1999);
+    std::string viewedOnly;
+    for (const std::string& item : Worksheets_Of_Report()) {
+        const WorksheetFamily* family = Find_Family(item);
+        ASSERT_NE(family, nullptr) << item;
+        EXPECT_NE(family->view, nullptr) << item;
+        if (family->edit == nullptr) viewedOnly += item + " ";
+    }
+    EXPECT_EQ(viewedOnly, "A83p2O A83p2P A83p2S A83p3O A83p3P A83p3S B Cp1 Sp2 ");
+}
+
 TEST(FormsTest, QueriesRun) {
-    Report r(fy2016);
-    for (const WorksheetFamily* family : Families_Of_Report()) {
-        const std::string item(family->items.Text());
+    Report r(fy1999);
+    EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
+    for (const std::string& item : Worksheets_Of_Report()) {
+        const WorksheetFamily* family = Find_Family(item);
         for (const FormDescription* form : {family->edit, family->view}) {
             if (form == nullptr) continue;
             EXPECT_NO_THROW(r.Read(Form_Query(*form, item))) << form->name;
@@ -128,6 +142,17 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
         {"A5", "13", "2", "1x"},
         {"S3p3", "29", "2", "16580"},
         {"B1", "6", "CC_100", "9"},
+        {"B1", "6", "CC_501", "1"},
+        {"A4", "3", "Explanation", "Postage"},
+        {"A4", "3", "1", "C"},
+        {"A4", "3", "3", "5.01"},
+        {"Cp2c16580", "1", "5", "120"},
+        {"Cp2c16580", "1", "6", "80"},
+        {"D1", "3.02", "2", "500"},
+        {"D1", "3.03", "2", "600"},
+        {"F1", "6.5", "Description", "Uniforms"},
+        {"F1", "6.5", "1", "70"},
+        {"F2", "5", "1", "30"},
         {"A", "99", "1", "1"},
     };
     std::vector<std::size_t> order(cells.size());
@@ -135,6 +160,9 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
     std::mt19937 random(1728);
     for (int round = 0; round < 4; ++round) {
         Report r(fy2016);
+        r.platform.Expect_Box_Starting(
+            "Warning: Modifying A Statistic Belonging To An 'Accumulated Costs' Type Cost Center",
+            "The statistic you just modified");
         std::vector<CellText> list;
         for (const std::size_t at : order) list.push_back(cells[at]);
         const std::vector<CellOutcome> outcomes = Enter_Cells(list);
@@ -150,6 +178,12 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
         EXPECT_CELL("S21", 7, 1, "N");
         EXPECT_CELL("A5", 13, 3, "Skilled Nursing Care");
         EXPECT_CELL("A5", 13, 2, Null);
+        EXPECT_CELL("A4", 3, 3, 5.01_cur);
+        EXPECT_EQ(r.Read("SELECT Amount FROM B1X WHERE RowCCNum = 6 AND ColCCNum = 'CC_501';"), Value(-1.0));
+        EXPECT_CELL("Cp2c16580", 1, 5, 120.0);
+        EXPECT_CELL("D1", 3.03, 2, 600_cur);
+        EXPECT_CELL("F1", 6.5, "Description", "Uniforms");
+        EXPECT_CELL("F2", 5, 1, 30_cur);
         std::ranges::shuffle(order, random);
     }
 }
