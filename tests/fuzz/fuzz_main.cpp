@@ -14,6 +14,16 @@
 
 #include "fuzz/fuzz_target.h"
 
+#ifdef TALLMAR_LIBFUZZER
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string input(reinterpret_cast<const char*>(data), std::min(size, tallmar::kFuzzTarget.longest));
+    if (!tallmar::kFuzzTarget.run(input).empty()) std::abort();
+    return 0;
+}
+
+#else
+
 namespace tallmar {
 namespace {
 
@@ -125,13 +135,6 @@ int Replay(const std::vector<std::string>& paths) {
 }  // namespace
 }  // namespace tallmar
 
-#ifdef TALLMAR_LIBFUZZER
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string input(reinterpret_cast<const char*>(data), std::min(size, tallmar::kFuzzTarget.longest));
-    if (!tallmar::kFuzzTarget.run(input).empty()) std::abort();
-    return 0;
-}
-#else
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv, argv + argc);
     tallmar::lastPath =
@@ -151,4 +154,5 @@ int main(int argc, char** argv) {
     if (result == 0) std::filesystem::remove(tallmar::lastPath);
     return result;
 }
+
 #endif

@@ -43,7 +43,8 @@ Statement& Ready_Write(RecordsetState& state, const std::string& table, const st
     }
     if (writes.size() >= kWritesKept) writes.clear();
     Statement made(state.Open(), Write_Text(table, state.Select(), columns, insert));
-    return writes.emplace_back(insert, columns, std::move(made)).statement;
+    writes.push_back({insert, columns, std::move(made)});
+    return writes.back().statement;
 }
 
 // The fields set, and the one base table that they belong to. Of nothing set the first table is meant.
