@@ -104,12 +104,6 @@ std::int64_t As_Long(std::int64_t value) {
     return In_Range(value, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
 }
 
-// SQLite turns a sum that overflows into a REAL, and whatever is added to that stays one.
-void Check_Amount(Call& call) {
-    if (!call.Is_Whole(0)) Fail(DbErrorCode::Overflow);
-    call.Give(call.Int(0));
-}
-
 void Check_Long(Call& call) {
     if (!call.Is_Whole(0)) Fail(DbErrorCode::Overflow);
     call.Give(As_Long(call.Int(0)));
@@ -355,7 +349,6 @@ constexpr auto kPropagates = NullRule::Propagates;
 constexpr auto kSeen = NullRule::Seen;
 
 constexpr CallbackRow kCallbacks[] = {
-    {"t_amount", 1, kPropagates, Check_Amount},
     {"t_long", 1, kPropagates, Check_Long},
     {"t_real", 1, kPropagates, Check_Real},
     {"t_range", 3, kPropagates, Check_Range},
@@ -411,6 +404,19 @@ void Dispatch(sqlite3_context* context, int count, sqlite3_value** values) {
     Guarded(context, [&] { row.body(call); });
 }
 
+// SQLite turns a sum that overflows into a REAL, and whatever is added to that stays one. Called for every row of a
+// calculation, and therefore without the ceremony of the others.
+void Check_Amount(sqlite3_context* context, int, sqlite3_value** values) {
+    switch (sqlite3_value_type(values[0])) {
+        case SQLITE_INTEGER:
+            return sqlite3_result_int64(context, sqlite3_value_int64(values[0]));
+        case SQLITE_NULL:
+            return;
+        default:
+            return Give_Error(context, DbErrorCode::Overflow, {});
+    }
+}
+
 // Sum over Currency: exact on the way, and an error only where the total does not fit.
 __extension__ typedef __int128 Wide;
 struct Total {
@@ -449,6 +455,7 @@ void Register_Functions(sqlite3* handle) {
         sqlite3_create_function_v2(handle, row.name, row.arguments, kFlags, const_cast<CallbackRow*>(&row), Dispatch,
                                    nullptr, nullptr, nullptr);
     }
+    sqlite3_create_function_v2(handle, "t_amount", 1, kFlags, nullptr, Check_Amount, nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(handle, "t_sum", 1, kFlags, nullptr, nullptr, Sum_Step, Sum_Final, nullptr);
 }
 
