@@ -98,10 +98,12 @@ CellResult Check_List(const AnswerList& list, std::string_view text) {
     return Refuse(*list.refused);
 }
 
-// A choice among numbers is the whole number; an amount stands as typed where it is precise enough.
+// A choice among numbers is the whole number; an amount stands as typed where it is precise enough. The cell is text,
+// but its amount is money: beyond that the digits would not be those that were typed.
 CellResult Check_Whole(std::string_view text, double low, double high, const BoxText* range) {
     const std::optional<double> number = Parse_Amount(text);
     if (!number) return Refuse(kNumericOnly);
+    if (!Currency::From_Double(*number)) return Refuse(kTooLarge, {.text = text});
     const double whole = Round_Half(*number, 0);
     if (range != nullptr && (whole < low || whole > high)) return Refuse(*range);
     const CellResult result = Validate_Numeric(text, 0, kNumericOnly, kRounded);

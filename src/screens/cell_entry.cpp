@@ -175,6 +175,16 @@ std::size_t Rank(std::string_view item) {
     return static_cast<std::size_t>(std::ranges::find(kShapingFirst, item) - kShapingFirst.begin());
 }
 
+// A line number has four decimals at most: 9.00001 is not line 9.
+std::optional<Currency> Line_Of(std::string_view text) {
+    text = Trim(text);
+    const std::size_t point = text.find('.');
+    if (point != std::string_view::npos && text.find_first_not_of('0', point + 5) != std::string_view::npos) {
+        return std::nullopt;
+    }
+    return Currency::From_Text(text);
+}
+
 struct ResolvedLine {
     std::size_t rank = 0;
     std::optional<Currency> line;
@@ -251,7 +261,7 @@ std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells) {
     std::vector<CellOutcome> outcomes(cells.size());
     std::vector<ResolvedLine> lines(cells.size());
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        lines[i] = {Rank(cells[i].item), Currency::From_Text(Trim(cells[i].line))};
+        lines[i] = {Rank(cells[i].item), Line_Of(cells[i].line)};
     }
     std::vector<std::size_t> order(cells.size());
     std::iota(order.begin(), order.end(), std::size_t{0});

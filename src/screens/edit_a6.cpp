@@ -55,11 +55,11 @@ CellResult Check_B(const CellPlace&, std::string_view text) {
     return Validate_Cost_Center(text, "Col_2");
 }
 
-bool Can_Make_B(Currency line) {
-    return line >= 1_cur && line < 4_cur && (line * 100_cur).Is_Whole();
-}
-
 // Lines 1 to 3 as the form has them, what goes beyond in hundredths behind the last.
+bool Can_Make_B(Currency line) {
+    if (line < 3_cur) return line >= 1_cur && line.Is_Whole();
+    return line < 4_cur && (line * 100_cur).Is_Whole();
+}
 Currency Add_B(const Item&, Currency) {
     const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM A6pB WHERE LineNum < 4;");
     const Currency line = last < 3_cur ? last.Int() + 1_cur : last + 0.01_cur;

@@ -88,7 +88,7 @@ CellResult Check_Code(const CellPlace& place, std::string_view text) {
 }
 
 bool Can_Make_Code(Currency line) {
-    return line >= kFirstCode && line < 1000_cur && (line * 100_cur).Is_Whole();
+    return line.Int() == kFirstCode && (line * 100_cur).Is_Whole();
 }
 
 // Each code has a worksheet of C Part II and a line of Part IV.

@@ -72,6 +72,14 @@ TEST(EnterA, ANumberBeyondTheCellIsRefused) {
     EXPECT_CELL("A", 6, 1, 0_cur);
 }
 
+TEST(EnterA, ALineIsNotRoundedToItsNeighbour) {
+    Report r(fy2016);
+    EXPECT_EQ(Title_Of("A", "9.00001", "1", "5"), "Invalid Line");
+    EXPECT_CELL("A", 9, 1, 0_cur);
+    EXPECT_EQ(Answer_To("A", "13.200000", "1", "5"), kStored);
+    EXPECT_CELL("A", 13.2, 1, 5_cur);
+}
+
 TEST(EnterA, ARoundedEntryIsKept) {
     Report r(fy2016);
     r.platform.Expect_Box_Starting("Too Specific Numeric Entry", "You're attempting to enter invalid data ['-12.5'].");
@@ -221,6 +229,13 @@ TEST(EnterA6, PartBHasThreeLinesOfTheUsers) {
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB WHERE LineNum = 2;"), Value(0)) << "a refused cell makes no row";
 }
 
+TEST(EnterA6, FurtherLinesOfPartBStandBehindTheThird) {
+    Report r(fy2016);
+    EXPECT_EQ(Title_Of("A6pB", "1.5", "4", "1"), "Unknown Line");
+    EXPECT_EQ(Answer_To("A6pB", "3.01", "4", "1"), kStored);
+    EXPECT_EQ(Title_Of("A6pB", "3.005", "4", "1"), "Unknown Line");
+}
+
 TEST(EnterA6, PartCChecksSymbolsAndPercentages) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("A6pC", "1", "1", "g"), kStored);
@@ -279,6 +294,7 @@ TEST(EnterS3, CodesAreDigitsKeptAsTyped) {
     EXPECT_EQ(Title_Of("S3p3", "29", "1", "16580"), "Invalid Length Entry");
     EXPECT_EQ(Title_Of("S3p3", "28", "1", "1"), kShut);
     EXPECT_EQ(Title_Of("S3p3", "27", "1", "1"), "Unknown Line");
+    EXPECT_EQ(Title_Of("S3p3", "30", "1", "1400"), "Unknown Line") << "C Part II follows line 29 alone";
     EXPECT_EQ(gblCBSACodes.front(), "16580");
 }
 

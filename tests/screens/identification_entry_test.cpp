@@ -27,6 +27,14 @@ TEST(EnterS2, EachLineTakesItsKindOfAnswer) {
     EXPECT_EQ(Answer_To("S2", "27.03", "1", "much"), "Entry Error: This field accepts numeric data only.");
 }
 
+TEST(EnterS2, AnAmountKeepsItsDigitsOrIsRefused) {
+    Report r(fy2016);
+    EXPECT_EQ(Answer_To("S2", "27.01", "1", "922,337,203,685,477"), kStored);
+    EXPECT_CELL("S2", 27.01, 1, "922337203685477");
+    EXPECT_EQ(Title_Of("S2", "27.01", "1", "1234567890123456789"), "Number Too Large");
+    EXPECT_CELL("S2", 27.01, 1, "922337203685477");
+}
+
 TEST(EnterS2, TextsAreAsLongAsTheirColumns) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S2", "1", "1", std::string(40, 'a')), kStored);
