@@ -31,11 +31,13 @@ kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli
 kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format git)
 
 # build_preset PRESET [TARGET ...]   Configures once and builds; the compiler's words only when the build fails.
+# What kConfigure holds goes to the configuration.
+kConfigure=()
 build_preset() {
     local preset=$1 log
     shift
     log=$(mktemp)
-    if [ ! -f "build/$preset/build.ninja" ] && ! cmake --preset "$preset" >"$log" 2>&1; then
+    if [ ! -f "build/$preset/build.ninja" ] && ! cmake --preset "$preset" "${kConfigure[@]}" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         return 1

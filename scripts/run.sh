@@ -12,6 +12,8 @@ sample=samples/$year
 report=${2:-build/$year.CRF}
 
 need_packages "${kProgramPackages[@]}"
+# The program alone: what only the tests need is not asked for.
+kConfigure=(-DTALLMAR_TESTS=OFF -DTALLMAR_BENCH=OFF)
 build_preset release tallmar
 tallmar=build/release/bin/tallmar
 
