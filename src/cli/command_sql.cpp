@@ -25,7 +25,9 @@ void Run_Statement(const std::string& statement, std::ostream& out) {
     if (Database::Is_Select(statement)) {
         Print_Rows(statement, out);
     } else {
-        out << "{\"rows\":" << db.Execute(statement) << "}\n";
+        // First done, then told: a statement that fails leaves no half line.
+        const auto rows = db.Execute(statement);
+        out << "{\"rows\":" << rows << "}\n";
     }
 }
 
