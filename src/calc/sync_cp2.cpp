@@ -12,7 +12,6 @@
 #include "report/code_lists.h"
 #include "report/open_report.h"
 #include "report/registry.h"
-#include "report/step.h"
 
 namespace tallmar {
 
@@ -59,10 +58,8 @@ void Sync_Cp2() {
     const std::vector<CodeOfArea> codes = Read_Codes();
     std::vector<std::string> listed;
     for (const CodeOfArea& code : codes) {
-        const std::string item = Instance_Of(code);
-        listed.push_back(item);
-        // A code that cannot name a table is reported and keeps no other from its instance.
-        if (!TableExists(item, true)) Run_Step(item, [&] { Build_Worksheet(item); });
+        listed.push_back(Instance_Of(code));
+        if (!TableExists(listed.back(), true)) Build_Worksheet(listed.back());
     }
     Drop_Instances(listed, "SELECT Item FROM Worksheets WHERE Item Like(\"Cp2m*\");");
     Drop_Instances(listed, "SELECT Item FROM Worksheets WHERE Item Like(\"Cp2c*\");");

@@ -54,11 +54,13 @@ void Print_Table(const TableShape& table, std::ostream& out) {
 int Run_Dump(CommandContext& context) {
     const OpenedReport report(context.arguments.file);
     if (!report) return 1;
+    // One state of the report, whoever else writes to it.
+    Job job(db, Job::Kind::Reading);
     const TableDefs tables = db.TableDefs();
     const std::vector<std::string>& named = context.arguments.tables;
     for (const std::string& name : named) {
         if (!tables.Has(name)) {
-            context.err << "The report has no table " << name << ".\n";
+            context.err << "The report has no table '" << name << "'.\n";
             return 1;
         }
     }

@@ -1,6 +1,7 @@
 // Cells from a CSV file or standard input, through the checks of the worksheets' edit forms.
 #include <fstream>
 #include <istream>
+#include <map>
 
 #include "cli/commands.h"
 #include "cli/open_for_command.h"
@@ -16,32 +17,28 @@ namespace {
 
 constexpr std::size_t kFields = 4;  // Item, LineNum, Column, Value
 
+// Refused lines with the reason; an entry of the list below has its own line.
+using Refusals = std::multimap<long, std::string>;
+
 struct CellList {
     std::vector<CellText> cells;
     std::vector<long> lines;  // where in the file each cell stands
-    bool whole = true;        // no line had to be passed over
 };
 
 bool Is_Head(const CsvRecord& record) {
-    return record.line == 1 && Same_Text(record.fields[0], "Item") && Same_Text(record.fields[1], "LineNum") &&
+    return Same_Text(record.fields[0], "Item") && Same_Text(record.fields[1], "LineNum") &&
            Same_Text(record.fields[2], "Column") && Same_Text(record.fields[3], "Value");
 }
 
-void Refuse(std::ostream& err, long line, std::string_view reason) {
-    err << "line " << line << ": " << reason << '\n';
-}
-
-CellList Read_Cells(std::istream& in, std::ostream& err) {
+CellList Read_Cells(std::istream& in, Refusals& refusals) {
     CellList list;
     CsvReader reader(in);
-    while (auto record = reader.Next()) {
+    for (bool first = true; auto record = reader.Next(); first = false) {
         if (!record->trouble.empty()) {
-            Refuse(err, record->line, record->trouble);
-            list.whole = false;
+            refusals.emplace(record->line, record->trouble);
         } else if (record->fields.size() != kFields) {
-            Refuse(err, record->line, "A cell is Item,LineNum,Column,Value.");
-            list.whole = false;
-        } else if (!Is_Head(*record)) {
+            refusals.emplace(record->line, "A cell is Item,LineNum,Column,Value.");
+        } else if (!first || !Is_Head(*record)) {
             auto& fields = record->fields;
             list.cells.push_back({std::string(Trim(fields[0])), std::string(Trim(fields[1])),
                                   std::string(Trim(fields[2])), std::move(fields[3])});
@@ -49,6 +46,20 @@ CellList Read_Cells(std::istream& in, std::ostream& err) {
         }
     }
     return list;
+}
+
+void Enter(const CellList& list, Refusals& refusals) {
+    Job job(db);
+    try {
+        const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells);
+        for (std::size_t i = 0; i < outcomes.size(); ++i) {
+            if (!outcomes[i].stored) refusals.emplace(list.lines[i], outcomes[i].title + ": " + outcomes[i].text);
+        }
+        job.Commit();
+    } catch (...) {
+        job.Roll_Back();
+        throw;
+    }
 }
 
 }  // namespace
@@ -68,24 +79,19 @@ int Run_Enter(CommandContext& context) {
             return 1;
         }
     }
-    const CellList list = Read_Cells(fromFile ? file : context.in, context.err);
-
-    Keep_Backup();
-    Job job(db);
-    bool refused = !list.whole;
-    try {
-        const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells);
-        for (std::size_t i = 0; i < outcomes.size(); ++i) {
-            if (outcomes[i].stored) continue;
-            refused = true;
-            Refuse(context.err, list.lines[i], outcomes[i].title + ": " + outcomes[i].text);
-        }
-        job.Commit();
-    } catch (...) {
-        job.Roll_Back();
-        throw;
+    std::istream& in = fromFile ? file : context.in;
+    Refusals refusals;
+    const CellList list = Read_Cells(in, refusals);
+    if (in.bad()) {
+        context.err << (fromFile ? path : "Standard input") << " cannot be read.\n";
+        return 1;
     }
-    return refused ? 1 : 0;
+    if (!list.cells.empty()) {
+        Keep_Backup();
+        Enter(list, refusals);
+    }
+    for (const auto& [line, reason] : refusals) context.err << "line " << line << ": " << One_Line(reason) << '\n';
+    return refusals.empty() ? 0 : 1;
 }
 
 }  // namespace tallmar

@@ -2,6 +2,7 @@
 #include <array>
 #include <iomanip>
 
+#include "cli/cli.h"
 #include "cli/commands.h"
 #include "cli/json_text.h"
 #include "cli/open_for_command.h"
@@ -73,6 +74,10 @@ int Run_Info(CommandContext& context) {
 }
 
 int Run_Save_As(CommandContext& context) {
+    if (context.arguments.target.empty()) {
+        context.err << "The copy needs a name.\n";
+        return kExitUsage;
+    }
     const OpenedReport report(context.arguments.file);
     return report && Report_Save_As(context.arguments.target) ? 0 : 1;
 }

@@ -25,9 +25,23 @@ void Run_Statement(const std::string& statement, std::ostream& out) {
     if (Database::Is_Select(statement)) {
         Print_Rows(statement, out);
     } else {
-        // First done, then told: a statement that fails leaves no half line.
-        const auto rows = db.Execute(statement);
-        out << "{\"rows\":" << rows << "}\n";
+        out << "{\"rows\":" << db.Execute(statement) << "}\n";
+    }
+}
+
+void Run_Lines(CommandContext& context) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    std::string line;
+    for (long number = 1; std::getline(context.in, line); ++number) {
+        if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (Trim(line).empty()) continue;
+        try {
+            Run_Statement(line, context.out);
+        } catch (const DbError&) {
+            context.err << "line " << number << ": ";
+            throw;
+        }
     }
 }
 
@@ -47,11 +61,7 @@ int Run_Sql(CommandContext& context) {
         if (statement != "-") {
             Run_Statement(statement, context.out);
         } else {
-            std::string line;
-            while (std::getline(context.in, line)) {
-                if (!line.empty() && line.back() == '\r') line.pop_back();
-                if (!Trim(line).empty()) Run_Statement(line, context.out);
-            }
+            Run_Lines(context);
         }
         job.Commit();
     } catch (...) {

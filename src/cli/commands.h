@@ -26,7 +26,7 @@ struct CommandArguments {
 struct CommandContext {
     const CommandArguments& arguments;
     std::istream& in;
-    std::ostream& out;
+    std::ostream& out;  // held back until the command is done, and dropped where it throws
     std::ostream& err;
     ConsolePlatform& platform;
 };

@@ -41,17 +41,12 @@ ConsolePlatform::ConsolePlatform(std::ostream& out, std::ostream& err, ConsoleOp
 
 Answer ConsolePlatform::Message_Box(std::string_view prompt, int buttons, std::string_view title) {
     Progress("");
-    err_ << title << ": " << prompt << '\n' << std::flush;
-    if ((buttons & kInformation) == kStop) stopShown_ = true;
+    err_ << One_Line(title) << ": " << One_Line(prompt) << '\n' << std::flush;
     const ButtonRow& row = Row_Of(buttons);
     for (const Answer answer : row.answers) {
         if (options_.answer == answer && answer != Answer::None) return answer;
     }
     return (buttons & kDefaultButton2) != 0 ? row.answers[1] : row.answers[0];
-}
-
-bool ConsolePlatform::Take_Stop_Shown() {
-    return std::exchange(stopShown_, false);
 }
 
 void ConsolePlatform::Show_Batch_Messages(std::string_view title, const std::vector<BatchMessage>& rows) {
@@ -66,7 +61,7 @@ void ConsolePlatform::Show_Batch_Messages(std::string_view title, const std::vec
                         .Text()
                  << '\n';
         } else {
-            err_ << row.level << "  " << row.form << "  " << row.message << '\n';
+            err_ << row.level << "  " << row.form << "  " << One_Line(row.message) << '\n';
         }
     }
 }
@@ -89,6 +84,15 @@ Date ConsolePlatform::Now() {
 void ConsolePlatform::End_Program() {
     err_ << std::flush;
     std::_Exit(1);
+}
+
+std::string One_Line(std::string_view text) {
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+    }
+    return line;
 }
 
 std::string User_Data_Folder() {

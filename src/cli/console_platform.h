@@ -23,10 +23,9 @@ class ConsolePlatform final : public Platform {
     void Set_Answer(std::optional<Answer> answer) { options_.answer = answer; }
     // Where the collected messages of a job go: to `out` as JSON lines, or to `err` as text.
     void Print_Messages_As_Json(bool json) { messagesAsJson_ = json; }
-    // True since construction or the last call if a box with the stop icon was shown.
-    bool Take_Stop_Shown();
 
-    // "TITLE: TEXT" on standard error; answers the default button unless --answer names another one of the box.
+    // "TITLE: TEXT" on standard error, in one line; answers the default button unless --answer names another one of the
+    // box.
     Answer Message_Box(std::string_view prompt, int buttons, std::string_view title) override;
     void Beep() override {}
     std::optional<std::string> Open_File(const FileDialog&) override { return std::nullopt; }
@@ -55,10 +54,11 @@ class ConsolePlatform final : public Platform {
     std::ostream& err_;
     ConsoleOptions options_;
     bool messagesAsJson_ = false;
-    bool stopShown_ = false;
     std::size_t progressWidth_ = 0;
 };
 
+// A text of several lines, for one line of output.
+std::string One_Line(std::string_view text);
 // The per-user data folder of the system, or empty where the user has no home.
 std::string User_Data_Folder();
 // The folder the running program stands in.

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <vector>
 
-#include "common/atomic_file.h"
 #include "common/format.h"
 #include "common/platform.h"
 #include "report/open_report.h"
@@ -57,7 +56,7 @@ void Keep_Backup() {
         const std::string stamp = Format(Value(The_Platform().Now()), "yyyy-mm-dd hhnnss");
         fs::path backup = folder / (stamp + ".CRF");
         for (int next = 2; fs::exists(backup); ++next) backup = folder / (stamp + "-" + std::to_string(next) + ".CRF");
-        Copy_File_Atomically(report.string(), backup.string());
+        DBEngine::CopyDatabase(report.string(), backup.string());
         Drop_Oldest(folder);
     } catch (const std::exception&) {  // no room for a backup is no reason to stop the work
     }

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "common/atomic_file.h"
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "report/ag_option.h"
@@ -74,7 +73,7 @@ void Reopen() {
 bool Copy_Report(const std::string& from, const std::string& to) {
     try {
         std::error_code ignored;
-        if (!fs::equivalent(from, to, ignored)) Copy_File_Atomically(from, to);
+        if (!fs::equivalent(from, to, ignored)) DBEngine::CopyDatabase(from, to);
         return fs::exists(to);
     } catch (const std::exception&) {
         return false;

@@ -127,9 +127,19 @@ void Connection::Require_Whole_Job() const {
     if (jobLost_) throw *jobLost_;
 }
 
-void Connection::Begin_Job() {
+void Connection::Begin_Job(Job::Kind kind) {
     Handle();
-    if (jobDepth_ == 0) Run("BEGIN IMMEDIATE");
+    if (jobDepth_ == 0 && kind == Job::Kind::Changing) Run("BEGIN IMMEDIATE");
+    if (jobDepth_ == 0 && kind == Job::Kind::Reading) {
+        Run("BEGIN");
+        try {
+            // The state to be seen is that of the first read.
+            Run("SELECT Count(*) FROM sqlite_schema");
+        } catch (const DbError&) {
+            Run_Quietly("ROLLBACK");
+            throw;
+        }
+    }
     ++jobDepth_;
 }
 

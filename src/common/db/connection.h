@@ -64,7 +64,7 @@ class Connection {
     // must not reach the file in pieces.
     void Require_Whole_Job() const;
 
-    void Begin_Job();
+    void Begin_Job(Job::Kind kind);
     // The outermost job commits; throws what stands in its way, with nothing changed.
     void End_Job();
     void Roll_Back_Job();

@@ -208,6 +208,9 @@ struct DBEngine {
     static Database OpenDatabase(const std::string& path);
     static void RepairDatabase(const std::string& path);
     static void CompactDatabase(const std::string& from, const std::string& to);
+    // The file as it stands between two jobs of whoever uses it, in one step. Throws Locked where one of the two files
+    // is being changed, CannotOpen, ReadOnly, DiskFull; what stood at `to` is untouched then.
+    static void CopyDatabase(const std::string& from, const std::string& to);
 };
 
 // A long job: one transaction. It commits however the job ends by itself, by an exception too; a crash, a kill or a
@@ -215,7 +218,10 @@ struct DBEngine {
 // a failure of the disk. What the job still tries to write is then refused, so that no part of it reaches the file.
 class Job {
   public:
-    explicit Job(Database& database);
+    // A job for reading sees one state of the file from its first step to its last, whoever else writes.
+    enum class Kind : std::uint8_t { Changing, Reading };
+
+    explicit Job(Database& database, Kind kind = Kind::Changing);
     ~Job();
     Job(const Job&) = delete;
     Job& operator=(const Job&) = delete;

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -88,6 +89,7 @@ void DBEngine::Finish_Creation(Database& created) {
     if (sqlite3_get_autocommit(connection.Handle()) == 0) {
         throw DbError(DbErrorCode::InvalidOperation, "a job is under way");
     }
+    const auto replaced = Hold_File(connection.Path(), HoldFor::Replacing);
     Write_Image(connection, connection.Path());
     connection.Close();
 }
@@ -113,10 +115,23 @@ void DBEngine::RepairDatabase(const std::string& path) {
 void DBEngine::CompactDatabase(const std::string& from, const std::string& to) {
     const auto source = Open_File(from, OpenFor::Work);
     const auto copy = Open_In_Memory(to);
+    const auto replaced = Hold_File(to, HoldFor::Replacing);
     Copy_Pages(*source, *copy);
     source->Close();
     copy->Run_Once("VACUUM");
     Write_Image(*copy, to);
+}
+
+void DBEngine::CopyDatabase(const std::string& from, const std::string& to) {
+    const auto source = Hold_File(from, HoldFor::Reading);
+    std::error_code ignored;
+    const bool ontoItself = std::filesystem::equivalent(from, to, ignored);
+    const auto replaced = ontoItself ? nullptr : Hold_File(to, HoldFor::Replacing);
+    try {
+        Copy_File_Atomically(from, to);
+    } catch (const std::system_error& error) {
+        throw File_Error(error, to);
+    }
 }
 
 }  // namespace tallmar

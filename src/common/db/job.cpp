@@ -2,9 +2,9 @@
 
 namespace tallmar {
 
-Job::Job(Database& database) : connection_(database.connection_) {
+Job::Job(Database& database, Kind kind) : connection_(database.connection_) {
     if (!connection_) throw DbError(DbErrorCode::DatabaseClosed);
-    connection_->Begin_Job();
+    connection_->Begin_Job(kind);
 }
 
 Job::~Job() {

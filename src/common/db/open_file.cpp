@@ -125,6 +125,24 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
     return connection;
 }
 
+std::shared_ptr<Connection> Hold_File(const std::string& path, HoldFor purpose) {
+    try {
+        const FileCheck check = Check_File(path);
+        const int flags = check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+        HandleOwner handle = Open_Handle(Plain_Path(path), flags, path);
+        Check_Header(handle.get(), check, path);
+        sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
+        auto held = std::make_shared<Connection>(handle.release(), path, check.readOnly);
+        const bool reads = purpose == HoldFor::Reading || check.readOnly;
+        held->Run_Once(reads ? "BEGIN" : "BEGIN IMMEDIATE");
+        Single_Text(*held, "SELECT Count(*) FROM sqlite_schema");
+        return held;
+    } catch (const DbError& error) {
+        if (error.Code() == DbErrorCode::Locked) throw;
+        return nullptr;
+    }
+}
+
 std::shared_ptr<Connection> Open_In_Memory(const std::string& path) {
     HandleOwner handle = Open_Handle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY, path);
     auto connection = std::make_shared<Connection>(handle.release(), path, false);

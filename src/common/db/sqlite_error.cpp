@@ -36,6 +36,8 @@ DbError Error_Of(sqlite3* handle, int result, std::string_view path) {
     const std::string_view message = handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(result);
     if (const auto callback = Decode_Error(message)) return DbError(callback->code, callback->argument);
     const int primary = result & kPrimaryCode;
+    // Another program has put a new file in the place of the open one.
+    if (result == SQLITE_READONLY_DBMOVED) return DbError(DbErrorCode::Locked, path);
     if (primary == SQLITE_CONSTRAINT) return DbError(DbErrorCode::DuplicateKey, Table_Of_Constraint(message));
     for (const Translation& row : kTranslations) {
         if (row.result == primary) return DbError(row.code, path);

@@ -1,0 +1,130 @@
+// calc, save-as and compact: the commands that leave a file or change it as a whole.
+#include "cli_test.h"
+
+namespace tallmar {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kSaveAsFailed =
+    "Error: Save As Request Failed: PROBLEM Encountered: Your Save As request failed and was not able to be "
+    "accomplished.  Your original CRF file has not been altered.  Hit OK to continue running Tallmar.\n";
+
+class CalcCommand : public CliTest {
+  protected:
+    void SetUp() override { New(); }
+};
+using SaveAsCommand = CalcCommand;
+using CompactCommand = CalcCommand;
+
+TEST_F(CalcCommand, CarriesAnAmountThroughTheReport) {
+    Succeed({"enter", crf}, "A,6,Col_1,1118400\n");
+    EXPECT_EQ(Succeed({"calc", crf}), "");
+    EXPECT_EQ(Sql("SELECT Col_10 FROM A WHERE LineNum = 29"), "{\"Col_10\":1118400}\n");
+    EXPECT_EQ(Sql("SELECT NetExpenses FROM B WHERE LineNum = 29"), "{\"NetExpenses\":1118400}\n");
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(CalcCommand, MessagesAreJsonLines) {
+    Sql("DELETE * FROM B1 WHERE LineNum >= 29");
+    EXPECT_EQ(Succeed({"calc", crf}),
+              "{\"ErrLevel\":\"E\",\"ErrForm\":\"B1\",\"ErrMessage\":\"CALC_B1: No record found with LineNum = 30.\"}\n"
+              "{\"ErrLevel\":\"E\",\"ErrForm\":\"B1\",\"ErrMessage\":\"CALC_B1: No record found with LineNum = 31.\"}\n"
+              "{\"ErrLevel\":\"E\",\"ErrForm\":\"B1\",\"ErrMessage\":\"No current record\"}\n");
+}
+
+TEST_F(CalcCommand, KnowsNoEditChecksYet) {
+    const std::string before = Read_Bytes(crf);
+    EXPECT_NE(Fail({"calc", crf, "--check"}, "", kExitUsage).find("--check"), std::string::npos);
+    EXPECT_EQ(Read_Bytes(crf), before);
+}
+
+TEST_F(CalcCommand, AReadOnlyReportStaysAsItIs) {
+    fs::permissions(crf, fs::perms::owner_read);
+    const std::string before = Read_Bytes(crf);
+    EXPECT_NE(Fail({"calc", crf}).find("read only"), std::string::npos);
+    EXPECT_EQ(Read_Bytes(crf), before);
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(SaveAsCommand, CopiesTheReport) {
+    const std::string before = Read_Bytes(crf);
+    EXPECT_EQ(Succeed({"save-as", crf, Path("copy \"2\".CRF")}), "");
+    EXPECT_EQ(Read_Bytes(crf), before);
+    EXPECT_EQ(Read_Bytes(Path("copy \"2\".CRF")), before);
+    EXPECT_EQ(Names().size(), 2u);
+}
+
+TEST_F(SaveAsCommand, OverAnotherFileReplacesIt) {
+    Write_Bytes(Path("old.CRF"), "no report at all");
+    Succeed({"save-as", crf, Path("old.CRF")});
+    EXPECT_EQ(Read_Bytes(Path("old.CRF")), Read_Bytes(crf));
+}
+
+TEST_F(SaveAsCommand, OntoItselfChangesNothing) {
+    const std::string before = Read_Bytes(crf);
+    fs::create_hard_link(crf, Path("link.CRF"));
+    fs::create_symlink(crf, Path("soft.CRF"));
+    for (const std::string& target : {crf, Folder() + "/./r.CRF", Path("link.CRF"), Path("soft.CRF")}) {
+        Succeed({"save-as", crf, target});
+        EXPECT_EQ(Read_Bytes(crf), before) << target;
+    }
+    EXPECT_EQ(Names().size(), 3u);
+}
+
+TEST_F(SaveAsCommand, WhereNoFileCanBeTheBoxSaysSo) {
+    const std::string before = Read_Bytes(crf);
+    Write_Bytes(Path("kept.CRF"), "kept");
+    fs::permissions(Path("kept.CRF"), fs::perms::owner_read);
+    fs::create_directory(Path("folder"));
+    for (const std::string& target : {Path("missing/r.CRF"), Path("folder"), Path("kept.CRF"), Path("r.CRF/x.CRF"),
+                                      std::string("/proc/r.CRF"), Path(std::string(300, 'x'))}) {
+        EXPECT_EQ(Fail({"save-as", crf, target}), kSaveAsFailed) << target;
+    }
+    EXPECT_EQ(Read_Bytes(Path("kept.CRF")), "kept");
+    EXPECT_EQ(Read_Bytes(crf), before);
+    EXPECT_EQ(Names(), (std::set<std::string>{"r.CRF", "kept.CRF", "folder"}));
+    EXPECT_TRUE(fs::is_empty(Path("folder")));
+}
+
+TEST_F(SaveAsCommand, AnEmptyNameSavesNothing) {
+    EXPECT_EQ(Fail({"save-as", crf, ""}, "", kExitUsage), "The copy needs a name.\n");
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(CompactCommand, KeepsEveryCellInASmallerFile) {
+    Sql("SELECT A.* INTO Big FROM A");
+    for (int i = 0; i < 6; ++i) Sql("INSERT INTO Big SELECT * FROM Big");
+    Sql("DROP TABLE Big");
+    const std::string dump = Succeed({"dump", crf});
+    const auto size = fs::file_size(crf);
+    EXPECT_EQ(Succeed({"compact", crf}), "");
+    EXPECT_LT(fs::file_size(crf), size);
+    EXPECT_EQ(Succeed({"dump", crf}), dump);
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(CompactCommand, AReadOnlyReportStaysAsItIsWithoutAWord) {
+    fs::permissions(crf, fs::perms::owner_read);
+    const std::string before = Read_Bytes(crf);
+    EXPECT_EQ(Succeed({"compact", crf}), "");
+    EXPECT_EQ(Read_Bytes(crf), before);
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(CompactCommand, AStaleTemporaryFileGoes) {
+    Write_Bytes(Path("QVRTemp.CRF"), "left by a crash");
+    Succeed({"compact", crf});
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(CalcCommand, AStaleTemporaryFileGoes) {
+    Write_Bytes(Path("QVRTemp.CRF"), "left by a crash");
+    Succeed({"calc", crf});
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+}  // namespace
+
+}  // namespace tallmar

@@ -1,0 +1,134 @@
+// Two programs at one report: the one that cannot have it says so, and what the other wrote is kept.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "cli_test.h"
+#include "common/db/database.h"
+
+namespace tallmar {
+
+namespace {
+
+// Another program: a child that changes the report in a job and holds the job open until it is told to end it.
+class OtherProgram {
+  public:
+    explicit OtherProgram(const std::string& file) {
+        int told[2], tells[2];
+        if (pipe(told) != 0 || pipe(tells) != 0) throw std::runtime_error("no pipes");
+        child_ = fork();
+        if (child_ == 0) {
+            close(told[1]);
+            close(tells[0]);
+            _exit(Work(file, told[0], tells[1]));
+        }
+        close(told[0]);
+        close(tells[1]);
+        tell_ = told[1];
+        char ready = 0;
+        if (read(tells[0], &ready, 1) != 1) ADD_FAILURE() << "the other program did not start";
+        close(tells[0]);
+    }
+    ~OtherProgram() { End(); }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    // Commits its job.
+    void End() {
+        if (child_ <= 0) return;
+        close(tell_);
+        int status = 0;
+        waitpid(child_, &status, 0);
+        EXPECT_EQ(status, 0) << "the other program could not commit";
+        child_ = 0;
+    }
+
+  private:
+    static int Work(const std::string& file, int told, int tells) {
+        try {
+            Database other = DBEngine::OpenDatabase(file);
+            Job job(other);
+            other.Execute("UPDATE Sp2 SET Col_1 = 777 WHERE LineNum = 1");
+            char byte = 'r';
+            if (write(tells, &byte, 1) != 1) return 2;
+            while (read(told, &byte, 1) > 0) {
+            }
+            job.Commit();
+            return 0;
+        } catch (const std::exception&) {
+            return 1;
+        }
+    }
+
+    pid_t child_ = 0;
+    int tell_ = -1;
+};
+
+class TwoPrograms : public CliTest {
+  protected:
+    void SetUp() override { New(); }
+    void Expect_Kept() {
+        EXPECT_EQ(Sql("SELECT Col_1 FROM Sp2 WHERE LineNum = 1"), "{\"Col_1\":777}\n");
+        EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+    }
+};
+
+TEST_F(TwoPrograms, AChangeIsRefusedWhileTheOtherChangesTheReport) {
+    OtherProgram other(crf);
+    const std::string inUse = "The file '" + crf + "' is in use\n";
+    for (const Args& command : {Args{"calc", crf}, Args{"enter", crf}, Args{"sql", crf, "UPDATE A SET Col_1 = 5"}}) {
+        const std::string told = Fail(command, "A,6,Col_1,5\n");
+        EXPECT_NE(told.find(inUse), std::string::npos) << told;
+    }
+    other.End();
+    Expect_Kept();
+}
+
+TEST_F(TwoPrograms, ReadingGoesOnAndSeesTheStateBefore) {
+    const std::string before = Succeed({"dump", crf});
+    OtherProgram other(crf);
+    EXPECT_EQ(Succeed({"dump", crf}), before);
+    Succeed({"info", crf});
+    EXPECT_EQ(Sql("SELECT Col_1 FROM Sp2 WHERE LineNum = 1"), "{\"Col_1\":0}\n");
+    Succeed({"save-as", crf, Path("copy.CRF")});
+    EXPECT_EQ(Succeed({"dump", Path("copy.CRF")}), before);
+    std::filesystem::remove(Path("copy.CRF"));
+    other.End();
+    Expect_Kept();
+}
+
+TEST_F(TwoPrograms, AReportInUseIsNotReplaced) {
+    Succeed({"save-as", crf, Path("copy.CRF")});
+    OtherProgram other(crf);
+    EXPECT_NE(Fail(New_Command(crf)).find("is in use"), std::string::npos);
+    Fail({"save-as", Path("copy.CRF"), crf});
+    Succeed({"compact", crf});
+    other.End();
+    std::filesystem::remove(Path("copy.CRF"));
+    Expect_Kept();
+}
+
+// The other one opened the report, and before it changes anything the file has been replaced.
+TEST_F(TwoPrograms, WhoHoldsAReplacedReportIsTold) {
+    Database other = DBEngine::OpenDatabase(crf);
+    const pid_t child = fork();
+    if (child == 0) {
+        const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar";
+        unsetenv("HOME");
+        unsetenv("XDG_DATA_HOME");
+        execl(program.c_str(), program.c_str(), "compact", crf.c_str(), nullptr);
+        _exit(127);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_EQ(status, 0);
+    try {
+        other.Execute("UPDATE Sp2 SET Col_1 = 5");
+        ADD_FAILURE() << "the change is lost without a word";
+    } catch (const DbError& error) {
+        EXPECT_EQ(error.Code(), DbErrorCode::Locked);
+    }
+}
+
+}  // namespace
+
+}  // namespace tallmar

@@ -1,0 +1,143 @@
+// A report file that two programs are at: what is read is one state, and nothing that is written gets lost.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "common/db/database.h"
+#include "common/db/db_fixture.h"
+
+namespace tallmar {
+namespace {
+
+namespace fs = std::filesystem;
+
+class TwoProgramsTest : public DbTest {
+  protected:
+    void SetUp() override {
+        Make_Table(db, "A", {{"x", FieldType::Long}});
+        Run("INSERT INTO A (x) VALUES (1)");
+    }
+    std::string In_The_File(const std::string& file) {
+        Database other = DBEngine::OpenDatabase(file);
+        return Rows(other, "A");
+    }
+    // A program that dies in the middle of its job, some of the job in the file already.
+    void Be_Killed_In_A_Job() const {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            try {
+                Database mine = DBEngine::OpenDatabase(path);
+                Job job(mine);
+                mine.Execute("UPDATE A SET x = 100");
+                Make_Table(mine, "Big", {{"t", FieldType::Memo}});
+                const std::string line(20'000, 'x');
+                for (int i = 0; i < 2'000; ++i) mine.Execute("INSERT INTO Big (t) VALUES ('" + line + "')");
+                ::kill(::getpid(), SIGKILL);
+            } catch (...) {
+            }
+            ::_exit(1);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status));
+        ASSERT_TRUE(fs::exists(path + "-journal"));
+    }
+};
+
+TEST_F(TwoProgramsTest, AJobForReadingSeesOneState) {
+    Database other = DBEngine::OpenDatabase(path);
+    Job reading(db, Job::Kind::Reading);
+    EXPECT_EQ(Rows(db, "A"), "1;");
+    // The other one may prepare its change, and is told that it has to wait.
+    EXPECT_EQ(Code_Of([&] { other.Execute("UPDATE A SET x = 2"); }), DbErrorCode::Locked);
+    EXPECT_EQ(Rows(db, "A"), "1;");
+    reading.Commit();
+    other.Execute("UPDATE A SET x = 2");
+    EXPECT_EQ(Rows(db, "A"), "2;");
+}
+
+TEST_F(TwoProgramsTest, JobsForReadingDoNotHinderEachOther) {
+    Database other = DBEngine::OpenDatabase(path);
+    Job mine(db, Job::Kind::Reading);
+    Job theirs(other, Job::Kind::Reading);
+    EXPECT_EQ(Rows(db, "A"), Rows(other, "A"));
+}
+
+TEST_F(TwoProgramsTest, AReadOnlyFileHasJobsForReading) {
+    db.Close();
+    fs::permissions(path, fs::perms::owner_read);
+    db = DBEngine::OpenDatabase(path);
+    Job reading(db, Job::Kind::Reading);
+    EXPECT_EQ(Rows(db, "A"), "1;");
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(TwoProgramsTest, ACopyHoldsTheStateBeforeTheJobUnderWay) {
+    Database other = DBEngine::OpenDatabase(path);
+    Job job(other);
+    other.Execute("UPDATE A SET x = 2");
+    const std::string copy = folder.File("copy.CRF");
+    // In a program of its own: closing a file ends all locks that a program has on it.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool copied = Code_Of([&] { DBEngine::CopyDatabase(path, copy); }) == DbErrorCode{};
+        ::_exit(copied ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    job.Commit();
+    EXPECT_EQ(In_The_File(copy), "1;");
+    EXPECT_EQ(In_The_File(path), "2;");
+}
+
+TEST_F(TwoProgramsTest, AFileWithAJobUnderWayIsNotReplaced) {
+    const std::string copy = folder.File("copy.CRF");
+    DBEngine::CopyDatabase(path, copy);
+    Job job(db);
+    Run("UPDATE A SET x = 2");
+    EXPECT_EQ(Code_Of([&] { DBEngine::CopyDatabase(copy, path); }), DbErrorCode::Locked);
+    EXPECT_EQ(Code_Of([&] { DBEngine::CompactDatabase(path, path); }), DbErrorCode::Locked);
+    Database created = DBEngine::CreateDatabase(path, "");
+    EXPECT_EQ(Code_Of([&] { DBEngine::Finish_Creation(created); }), DbErrorCode::Locked);
+    job.Commit();
+    EXPECT_EQ(In_The_File(path), "2;");
+}
+
+TEST_F(TwoProgramsTest, AReplacedFileTakesNoChangeOfWhoHasTheOldOne) {
+    Database other = DBEngine::OpenDatabase(path);
+    DBEngine::CompactDatabase(path, path);
+    EXPECT_EQ(Code_Of([&] { other.Execute("UPDATE A SET x = 2"); }), DbErrorCode::Locked);
+    EXPECT_EQ(In_The_File(path), "1;");
+}
+
+// The journal of a killed job belongs to the old file and must never be played back into the new one.
+TEST_F(TwoProgramsTest, AFileReplacedAfterAKillKeepsNothingOfTheOldOne) {
+    db.Close();
+    Be_Killed_In_A_Job();
+    Database created = DBEngine::CreateDatabase(path, "");
+    Make_Table(created, "A", {{"x", FieldType::Long}});
+    created.Execute("INSERT INTO A (x) VALUES (7)");
+    DBEngine::Finish_Creation(created);
+    EXPECT_FALSE(fs::exists(path + "-journal"));
+    EXPECT_EQ(In_The_File(path), "7;");
+}
+
+TEST_F(TwoProgramsTest, ACopyGoesOverWhatIsNoReport) {
+    const std::string to = folder.File("to");
+    Put_Bytes(to, "no report");
+    DBEngine::CopyDatabase(path, to);
+    EXPECT_EQ(In_The_File(to), "1;");
+    DBEngine::CopyDatabase(path, path);
+    EXPECT_EQ(In_The_File(path), "1;");
+    EXPECT_EQ(Code_Of([&] { DBEngine::CopyDatabase(folder.File("none"), to); }), DbErrorCode::CannotOpen);
+    EXPECT_EQ(Code_Of([&] { DBEngine::CopyDatabase(path, folder.File("no/where")); }), DbErrorCode::CannotOpen);
+    EXPECT_EQ(In_The_File(to), "1;");
+}
+
+}  // namespace
+}  // namespace tallmar
