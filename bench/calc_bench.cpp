@@ -10,24 +10,34 @@
 namespace tallmar {
 namespace {
 
+struct Sample {
+    const char* folder;
+    FiscalYear year;
+};
+const Sample kSamples[] = {{"fy1999", fy1999}, {"fy2000", fy2000}, {"fy2016", fy2016}};
+
 void Calc_Sample(benchmark::State& state) {
-    Report report(fy2016);
-    Fill_Sample(report);
+    const Sample& sample = kSamples[state.range(0)];
+    Report report(sample.year);
+    Fill_Sample(report, sample.folder);
+    state.SetLabel(sample.folder);
     Time_Beside_Floor(state, Calc_All);
 }
-BENCHMARK(Calc_Sample)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Calc_Sample)->DenseRange(0, 2)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 void Calc_Sample_Cold(benchmark::State& state) {
-    Report report(fy2016);
-    Fill_Sample(report);
+    const Sample& sample = kSamples[state.range(0)];
+    Report report(sample.year);
+    Fill_Sample(report, sample.folder);
+    state.SetLabel(sample.folder);
     Time_Cold_Beside_Floor(state, Calc_All);
 }
-BENCHMARK(Calc_Sample_Cold)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Calc_Sample_Cold)->DenseRange(0, 2)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // 60 cost centers, 20 of them general service.
 void Calc_Wide(benchmark::State& state) {
     Report report(fy2016);
-    Fill_Sample(report);
+    Fill_Sample(report, "fy2016");
     Use_Wide_Chart(report, 20, 60);
     Time_Beside_Floor(state, Calc_All);
 }
@@ -35,7 +45,7 @@ BENCHMARK(Calc_Wide)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 void Calc_Wide_Cold(benchmark::State& state) {
     Report report(fy2016);
-    Fill_Sample(report);
+    Fill_Sample(report, "fy2016");
     Use_Wide_Chart(report, 20, 60);
     Time_Cold_Beside_Floor(state, Calc_All);
 }

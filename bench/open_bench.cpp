@@ -11,7 +11,7 @@ namespace {
 
 void Open_Sample(benchmark::State& state) {
     Report report(fy2016);
-    Fill_Sample(report);
+    Fill_Sample(report, "fy2016");
     if (!Finish_CRF()) throw std::runtime_error("no report file was made");
     const std::string path = CRFPath;
     Report_Release();
@@ -27,7 +27,7 @@ BENCHMARK(Open_Sample)->Unit(benchmark::kMillisecond);
 // What must be done at the least: SQLite opens the file and checks it.
 void Open_Database(benchmark::State& state) {
     Report report(fy2016);
-    Fill_Sample(report);
+    Fill_Sample(report, "fy2016");
     if (!Finish_CRF()) throw std::runtime_error("no report file was made");
     const std::string path = CRFPath;
     Report_Release();

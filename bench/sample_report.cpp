@@ -1,12 +1,13 @@
 #include "sample_report.h"
 
-#include <cctype>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "common/csv.h"
 #include "common/db/sql_text.h"
+#include "screens/cell_entry.h"
 
 namespace tallmar {
 
@@ -42,27 +43,19 @@ std::vector<ChartLine> Wide_Chart(int general, int lines) {
 
 }  // namespace
 
-void Fill_Sample(Report& report) {
-    std::ifstream file(TALLMAR_SOURCE_DIR "/samples/fy2016/cells.csv");
-    if (!file) throw std::runtime_error("samples/fy2016/cells.csv is missing");
-    std::string line;
-    std::getline(file, line);  // the head
-    while (std::getline(file, line)) {
-        if (line.empty() || line[0] == '#') continue;
-        std::vector<std::string> parts;
-        for (std::size_t start = 0; parts.size() < 3; start = line.find(',', start) + 1) {
-            parts.push_back(line.substr(start, line.find(',', start) - start));
-            if (parts.size() == 3) parts.push_back(line.substr(line.find(',', start) + 1));
-        }
-        const std::string column = (std::isdigit(parts[2][0]) != 0 ? "Col_" : "") + parts[2];
-        const std::string where = parts[1].empty() ? ";" : Sql(" WHERE LineNum = ", parts[1], ";");
-        const auto store = [&] {
-            return report.Execute(Sql("UPDATE ", parts[0], " SET ", column, " = ", Quoted(parts[3]), where));
-        };
-        if (store() == 0 && !parts[1].empty()) {
-            report.Execute(Sql("INSERT INTO ", parts[0], " (LineNum) VALUES (", parts[1], ");"));
-            store();
-        }
+void Fill_Sample(Report& report, const std::string& year) {
+    const std::string path = TALLMAR_SOURCE_DIR "/samples/" + year + "/cells.csv";
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error(path + " is missing");
+    report.platform.Set_Now(Date_Of(2017, 2, 1));  // every sample's year is over
+    CsvReader reader(file);
+    reader.Next();  // the head
+    std::vector<CellText> cells;
+    while (const auto record = reader.Next()) {
+        cells.push_back({record->fields.at(0), record->fields.at(1), record->fields.at(2), record->fields.at(3)});
+    }
+    for (const CellOutcome& outcome : Enter_Cells(cells)) {
+        if (!outcome.stored) throw std::runtime_error(path + ": " + outcome.text);
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace tallmar {
 
-// Types the cells of samples/fy2016 into the report; a line that is not there is added.
-void Fill_Sample(Report& report);
+// Types the cells of samples/<year> into the report, as the command line does. Throws where one is refused.
+void Fill_Sample(Report& report, const std::string& year);
 // Puts a chart of `general` general service cost centers among `lines` lines in place of the report's own, and builds
 // A (calculated), B and B-1 anew with expenses and statistics on each line. Lines are those of the form and sublines of
 // them. Requires general from 5 to 75 and lines from general + 18 on.

@@ -12,6 +12,7 @@
 #include "report/code_lists.h"
 #include "report/open_report.h"
 #include "report/registry.h"
+#include "report/step.h"
 
 namespace tallmar {
 
@@ -58,8 +59,10 @@ void Sync_Cp2() {
     const std::vector<CodeOfArea> codes = Read_Codes();
     std::vector<std::string> listed;
     for (const CodeOfArea& code : codes) {
-        listed.push_back(Instance_Of(code));
-        if (!TableExists(listed.back(), true)) Build_Worksheet(listed.back());
+        const std::string item = Instance_Of(code);
+        listed.push_back(item);
+        // A code that cannot name a table is reported and keeps no other from its instance.
+        if (!TableExists(item, true)) Run_Step(item, [&] { Build_Worksheet(item); });
     }
     Drop_Instances(listed, "SELECT Item FROM Worksheets WHERE Item Like(\"Cp2m*\");");
     Drop_Instances(listed, "SELECT Item FROM Worksheets WHERE Item Like(\"Cp2c*\");");

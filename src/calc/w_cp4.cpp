@@ -4,6 +4,7 @@
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
+#include "common/format.h"
 #include "common/text.h"
 #include "common/variant.h"
 
@@ -81,7 +82,9 @@ void Build_Cp4() {
     Recordset codes = db.OpenRecordset("SELECT LineNum, Col_1 FROM S3p3 WHERE LineNum > 28 ORDER BY LineNum;",
                                        RecordsetType::Snapshot);
     for (int serial = 1; !codes.Eof(); codes.MoveNext()) {
-        Insert_Code_Line(serial++, {Nz_Str(codes["Col_1"]), false}, 0, 0, Null);
+        // Padded as the match with the codes pads them, so that what is typed on the line stays with its code.
+        const Value code = codes["Col_1"];
+        Insert_Code_Line(serial++, {Is_Blank(code) ? "" : Format(code, "0000"), false}, 0, 0, Null);
     }
     Finish_Table("Cp4", "ndx", 8);
 }

@@ -10,9 +10,8 @@ namespace tallmar {
 
 namespace {
 
-// Wide enough for the form's wording of line 57, the longest.
 constexpr std::array kColumns{
-    Column{"LineNum"}, Column{"Description", FieldType::Text, 80}, Column{"Col_1"}, Column{"Col_2"}, Column{"Col_3"},
+    Column{"LineNum"}, Column{"Description", FieldType::Text, 64}, Column{"Col_1"}, Column{"Col_2"}, Column{"Col_3"},
     Column{"Col_4"},
 };
 

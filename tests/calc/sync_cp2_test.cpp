@@ -75,4 +75,41 @@ TEST(SyncCp2Test, APeriodWithoutLimitsKeepsItsLinesByPosition) {
     EXPECT_EQ(r.Read("SELECT Count(*) AS Cnt FROM Cp4 WHERE Int(LineNum) = 23;"), Value(1));
 }
 
+TEST(SyncCp2Test, ALineOfARebuiltPartIVKeepsWhatIsTypedWithItsShortCode) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "160");
+    Sync_Cp2();
+    r.Build("Cp4");
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "MSA_Code"), Value("0160"));
+    r.Cell("Cp4", 23.01_cur, "Col_1", 7);
+    r.Calc();
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "Col_1"), Value(7_cur));
+}
+
+TEST(SyncCp2Test, ACodeThatCanNameNoTableIsReportedAndKeepsNoOtherOut) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "1'4");
+    List_Code(r, "29.01", "Col_1", "1600");
+    const auto messages = r.Calc_With_Messages();
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].form, "Cp2m1'4");
+    EXPECT_TRUE(TableExists("Cp2m1600", true));
+    EXPECT_EQ(r.Cell("Cp4", 23.02_cur, "MSA_Code"), Value("1600"));
+}
+
+TEST(SyncCp2Test, MSAsStandBeforeCBSAsAndACodeListedTwiceHasOneLine) {
+    Report r(fy1999);
+    r.Execute("INSERT INTO S3p3 (LineNum, Col_1, Col_2) VALUES (29, \"160\", \"16580\");");
+    r.Execute("INSERT INTO S3p3 (LineNum, Col_1, Col_2) VALUES (29.01, \"0160\", \"\");");
+    r.Execute("INSERT INTO S3p3 (LineNum, Col_1) VALUES (29.02, \"1400\");");
+    r.Calc();
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "MSA_Code"), Value("0160"));
+    EXPECT_EQ(r.Cell("Cp4", 23.02_cur, "MSA_Code"), Value("1400"));
+    EXPECT_EQ(r.Cell("Cp4", 23.03_cur, "MSA_Code"), Value("16580"));
+    EXPECT_EQ(r.Cell("Cp4", 23.03_cur, "Description"), Value("Per Beneficiary cost Limitation for CBSA:"));
+    EXPECT_EQ(r.Read("SELECT Count(*) AS Cnt FROM Cp4 WHERE Int(LineNum) = 23;"), Value(3));
+    // As typed, "160" has no four characters.
+    EXPECT_EQ(r.Cell("S3p3", 28, "Col_1"), Value("2"));
+}
+
 }  // namespace tallmar

@@ -47,16 +47,13 @@ std::vector<int> Leading_Order(const BoundSelect& select) {
 // Writes commas and the like between the parts of a list.
 class Between {
   public:
-    Between(SqlWriter& sql, std::string_view first, std::string_view next) : sql_(sql), mark_(first), next_(next) {}
-    SqlWriter& operator()() {
-        sql_ << mark_;
-        mark_ = next_;
-        return sql_;
-    }
+    Between(SqlWriter& sql, std::string_view first, std::string_view next) : sql_(sql), first_(first), next_(next) {}
+    SqlWriter& operator()() { return sql_ << (parts_++ == 0 ? first_ : next_); }
 
   private:
     SqlWriter& sql_;
-    std::string_view mark_, next_;
+    std::string_view first_, next_;
+    int parts_ = 0;
 };
 
 void Write_List(SqlWriter& sql, std::string_view lead, const Values& values) {
