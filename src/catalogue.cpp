@@ -20,7 +20,6 @@
 #include "calc/w_s21.h"
 #include "calc/w_s3.h"
 #include "calc/w_sp2.h"
-#include "calc/worksheet.h"
 #include "screens/forms.h"
 
 namespace tallmar {
@@ -33,29 +32,23 @@ void Only(const Item&) {
     procedure();
 }
 
-// A calculation that ends on 10/1/2000: a worksheet that is still registered later is left as it is.
-template <void (*procedure)(const Item&)>
-void Until_Cost_Limits_End(const Item& item) {
-    if (Is_Cost_Limit_Period()) procedure(item);
-}
-
 // In the order in which a key is looked up.
 constexpr std::array kFamilies{
     WorksheetFamily{"A", 4, Only<Build_A>, Only<Calc_A>, &kEditA, &kViewA},
-    WorksheetFamily{"A1", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, &kEditA1, &kViewA1},
-    WorksheetFamily{"A2", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, &kEditA2, &kViewA2},
-    WorksheetFamily{"A3", 0, Build_Compensation, Until_Cost_Limits_End<Calc_Compensation>, &kEditA3, &kViewA3},
+    WorksheetFamily{"A1", 0, Build_Compensation, Calc_Compensation, &kEditA1, &kViewA1},
+    WorksheetFamily{"A2", 0, Build_Compensation, Calc_Compensation, &kEditA2, &kViewA2},
+    WorksheetFamily{"A3", 0, Build_Compensation, Calc_Compensation, &kEditA3, &kViewA3},
     WorksheetFamily{"A4", 0, Only<Build_A4>, Only<Calc_A4>, &kEditA4, &kViewA4},
     WorksheetFamily{"A5", 3, Only<Build_A5>, Only<Calc_A5>, &kEditA5, &kViewA5},
     WorksheetFamily{"A6pA", 0, Only<Build_A6pA>, nullptr, &kEditA6pA, &kViewA6pA},
     WorksheetFamily{"A6pB", 0, Only<Build_A6pB>, Only<Calc_A6pB>, &kEditA6pB, &kViewA6pB},
     WorksheetFamily{"A6pC", 0, Only<Build_A6pC>, nullptr, &kEditA6pC, &kViewA6pC},
     WorksheetFamily{"A7", 0, Only<Build_A7>, Only<Calc_A7>, &kEditA7, &kViewA7},
-    WorksheetFamily{"A83p1*", 0, Build_A83, Until_Cost_Limits_End<Calc_A83>, &kEditA83p1, &kViewA83p1},
-    WorksheetFamily{"A83p2*", 1, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, &kViewA83p2},
-    WorksheetFamily{"A83p3*", 1, Build_A83, Until_Cost_Limits_End<Calc_A83>, nullptr, &kViewA83p3},
-    WorksheetFamily{"A83p4*", 1, Build_A83, Until_Cost_Limits_End<Calc_A83>, &kEditA83p4, &kViewA83p4},
-    WorksheetFamily{"A83p5*", 2, Build_A83, Until_Cost_Limits_End<Calc_A83>, &kEditA83p5, &kViewA83p5},
+    WorksheetFamily{"A83p1*", 0, Build_A83, Calc_A83, &kEditA83p1, &kViewA83p1},
+    WorksheetFamily{"A83p2*", 1, Build_A83, Calc_A83, nullptr, &kViewA83p2},
+    WorksheetFamily{"A83p3*", 1, Build_A83, Calc_A83, nullptr, &kViewA83p3},
+    WorksheetFamily{"A83p4*", 1, Build_A83, Calc_A83, &kEditA83p4, &kViewA83p4},
+    WorksheetFamily{"A83p5*", 2, Build_A83, Calc_A83, &kEditA83p5, &kViewA83p5},
     WorksheetFamily{"B", 0, Only<Build_B>, nullptr, nullptr, &kViewB},
     WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, &kEditB1, &kViewB1},
     WorksheetFamily{"B1X", 999, Only<Build_B1X>, nullptr, nullptr, nullptr},

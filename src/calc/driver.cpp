@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "calc/w_c.h"
+#include "calc/sync_cp2.h"
 #include "common/dates.h"
 #include "common/db/sql_text.h"
 #include "common/platform.h"
@@ -25,7 +25,7 @@ constexpr std::string_view kLogPrefix = "CalcAll";
 constexpr std::string_view kSelection =
     "SELECT * FROM Worksheets WHERE Calc_Lvl < 900 AND KillDate <= MakeDate ORDER BY Calc_Lvl;";
 
-// Worksheets whose calculation ended with the cost limits of 10/1/2000.
+// Worksheets whose calculation ended with the cost limits of 10/1/2000: one that is still registered is left as it is.
 constexpr ItemPattern kCostLimitItems[] = {"A1", "A2", "A3", "A83p*"};
 
 // A worksheet that needs a figure of a later one is calculated again behind it.

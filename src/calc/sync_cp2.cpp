@@ -1,3 +1,5 @@
+#include "calc/sync_cp2.h"
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -43,12 +45,9 @@ std::string Instance_Of(const CodeOfArea& code) {
 
 // Instances whose code is no longer listed.
 void Drop_Instances(const std::vector<std::string>& listed, const char* select) {
-    Recordset rows = db.OpenRecordset(select, RecordsetType::Snapshot);
-    for (; !rows.Eof(); rows.MoveNext()) {
-        const std::string item = Nz_Str(rows["Item"]);
-        if (std::ranges::any_of(listed, [&](const std::string& name) { return Same_Text(name, item); })) continue;
-        if (db.TableDefs().Has(item)) db.TableDefs().Delete(item);
-        db.Execute(Sql("Delete From Worksheets Where Item = '", item, "';"));
+    for (const std::string& item : Read_Items(select)) {
+        const auto same = [&](const std::string& name) { return Same_Text(name, item); };
+        if (std::ranges::none_of(listed, same)) Drop_Worksheet(item);
     }
 }
 

@@ -51,7 +51,7 @@ constexpr std::string_view kAnalysedLines = "(LineNum > 2) AND (LineNum < 29)";
 
 void Build_Compensation(const Item& item) {
     const Analysis& analysis = Find_Analysis(item);
-    Create_Table(item, kColumns);
+    Create_Table(item.Name(), kColumns);
     db.Execute(Sql("INSERT INTO ", item.Name(), "  SELECT  LineNum, CCName  FROM CostCenters;"));
     db.Execute(Sql("INSERT INTO ", item.Name(), " (LineNum, CCName) VALUES (29,'Total');"));
     db.Execute(Sql("CREATE UNIQUE INDEX ndx", item.Name(), " ON ", item.Name(), " (LineNum);"));

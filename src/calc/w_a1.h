@@ -12,23 +12,4 @@ void Build_Compensation(const Item& item);
 // Column 9 and line 29, over the lines above 2 and below 29.
 void Calc_Compensation(const Item& item);
 
-inline void Build_A1() {
-    Build_Compensation("A1");
-}
-inline void Build_A2() {
-    Build_Compensation("A2");
-}
-inline void Build_A3() {
-    Build_Compensation("A3");
-}
-inline void Calc_A1() {
-    Calc_Compensation("A1");
-}
-inline void Calc_A2() {
-    Calc_Compensation("A2");
-}
-inline void Calc_A3() {
-    Calc_Compensation("A3");
-}
-
 }  // namespace tallmar

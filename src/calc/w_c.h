@@ -37,8 +37,4 @@ void Sync_Cp4_Codes(const std::vector<CodeOfArea>& codes);
 void Build_Cp5();
 void Calc_Cp5();
 
-// Matches the instances of Part II and the lines of Part IV to the codes of S-3 Part III line 29: a new code gets its
-// instance, an instance without a code goes, with what was typed in it. Nothing happens in a report without Part IV.
-void Sync_Cp2();
-
 }  // namespace tallmar

@@ -131,7 +131,7 @@ void Build_Cp2(const Item& item) {
     const std::string& table = item.Name();
     std::vector<Column> columns(kColumns.begin(), kColumns.end());
     if (Is_Split_Period()) columns.push_back(kTotalPost);
-    Create_Table(item, columns);
+    Create_Table(item.Name(), columns);
     if (Is_Split_Period()) {
         Insert_Rows(item, "LineNum, Description", kSplitVisits);
     } else {

@@ -48,10 +48,6 @@ void Store_Payments(const Payments& payments, Currency line) {
 
 }  // namespace
 
-bool Is_D1_Lump_Sum(Currency line) {
-    return line >= 3.01_cur && line <= 3.98_cur;
-}
-
 void Build_D1() {
     Build_Table("D1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx", 0);
 }

@@ -6,7 +6,6 @@
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
 #include "common/numbers.h"
-#include "common/text.h"
 #include "common/variant.h"
 
 namespace tallmar {
@@ -48,10 +47,6 @@ struct Flags {
     bool chargeExempt = false;
     bool nominalCharge = false;
 };
-
-bool Is_Yes(const Value& answer) {
-    return To_Upper(Left(Nz_Str(answer), 1)) == "Y";
-}
 
 Flags Read_Flags() {
     Flags flags;

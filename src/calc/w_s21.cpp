@@ -4,7 +4,6 @@
 
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
-#include "common/text.h"
 #include "common/variant.h"
 
 namespace tallmar {
@@ -75,10 +74,9 @@ constexpr std::array<FixedRow, 17> kRows{{
     {17_cur, "Phone number/E-mail Address", ""},
 }};
 
-// An answer counts by its first letter.
-bool Is_Yes(Recordset& answers, const char* line) {
+bool Is_Yes_At(Recordset& answers, const char* line) {
     answers.FindFirst(line);
-    return !answers.NoMatch() && To_Upper(Left(Nz_Str(answers["Col_1"]), 1)) == "Y";
+    return !answers.NoMatch() && Is_Yes(answers["Col_1"]);
 }
 
 }  // namespace
@@ -89,11 +87,11 @@ void Build_S21() {
 
 void Calc_S21() {
     Recordset answers = db.OpenRecordset("Select * From S21 Order By LineNum;");
-    if (!Is_Yes(answers, "LineNum=6")) db.Execute("Update S21 Set Col_1=Null Where LineNum In(7,8);");
-    const bool usedPSR = Is_Yes(answers, "LineNum=9") || Is_Yes(answers, "LineNum=10");
+    if (!Is_Yes_At(answers, "LineNum=6")) db.Execute("Update S21 Set Col_1=Null Where LineNum In(7,8);");
+    const bool usedPSR = Is_Yes_At(answers, "LineNum=9") || Is_Yes_At(answers, "LineNum=10");
     if (!usedPSR) db.Execute("Update S21 Set Col_1=Null Where LineNum In(11,12,13);");
     // The label carries the user's description while the answer is Yes.
-    if (!Is_Yes(answers, "LineNum=13") || !usedPSR) {
+    if (!Is_Yes_At(answers, "LineNum=13") || !usedPSR) {
         db.Execute(Sql("Update S21 Set LineLabel=", Quoted(kOtherAdjustments), " Where LineNum=13;"));
     }
     answers.Close();

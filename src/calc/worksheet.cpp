@@ -25,12 +25,6 @@ FieldDef Find_Field(const Item& item, std::string_view field) {
 
 }  // namespace
 
-void Create_Table(const Item& item, std::span<const Column> columns) {
-    TableDef table = db.CreateTableDef(item.Name());
-    for (const Column& column : columns) table.Fields_Append(table.CreateField(column.name, column.type, column.size));
-    db.TableDefs().Append(table);
-}
-
 void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows) {
     if (rows.empty()) return;
     const std::string head = Sql("INSERT INTO ", item.Name(), " (", fields, ") VALUES (");
@@ -53,7 +47,7 @@ void Finish_Table(const Item& item, std::string_view index, int level) {
 
 void Build_Table(const Item& item, std::span<const Column> columns, std::string_view fields,
                  std::span<const FixedRow> rows, std::string_view index, int level) {
-    Create_Table(item, columns);
+    Create_Table(item.Name(), columns);
     Insert_Rows(item, fields, rows);
     Finish_Table(item, index, level);
 }

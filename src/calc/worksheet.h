@@ -1,7 +1,7 @@
 // What every worksheet module does alike: make its table, fill its fixed rows, store its totals.
 //
-// A build is Create_Table, Insert_Rows and whatever else the form demands, then Finish_Table; Build_Table is the three
-// in one. All work on the open report and throw DbError.
+// A build is Create_Table (report/tables.h), Insert_Rows and whatever else the form demands, then Finish_Table;
+// Build_Table is the three in one. All work on the open report and throw DbError.
 #pragma once
 
 #include <span>
@@ -12,14 +12,9 @@
 #include "common/item.h"
 #include "common/value.h"
 #include "report/open_report.h"
+#include "report/tables.h"
 
 namespace tallmar {
-
-struct Column {
-    std::string_view name;
-    FieldType type = FieldType::Currency;
-    int size = 0;  // of Text and Char only
-};
 
 // A line that the form always has.
 struct FixedRow {
@@ -28,8 +23,6 @@ struct FixedRow {
     const char* values;  // the rest of the row as it stands in the statement: "0,0,Null"; empty: no further fields
 };
 
-// An empty table named as the item, its columns in order. Throws TableExists: a rebuild drops the old table first.
-void Create_Table(const Item& item, std::span<const Column> columns);
 // INSERT INTO <item> (<fields>) VALUES (<line>,<label>,<values>); a row. `fields` names the line, the label and the
 // fields of `values`: "LineNum, Description,Col_1,Col_2". A label of the form may be longer than its field.
 void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows);

@@ -1,7 +1,6 @@
 #include "calc/driver.h"
 #include "cli/commands.h"
 #include "cli/open_for_command.h"
-#include "report/backup.h"
 
 namespace tallmar {
 
@@ -9,7 +8,6 @@ int Run_Calc(CommandContext& context) {
     const OpenedReport report(context.arguments.file);
     if (!report) return 1;
     context.platform.Print_Messages_As_Json(true);
-    Keep_Backup();
     Calc_All();
     return 0;
 }

@@ -44,7 +44,7 @@ std::string Temporary_Of(const std::string& path) {
     return path + ".tmp";
 }
 
-std::string Folder_Of(const std::string& path) {
+std::string Holding_Folder(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos) return ".";
     return slash == 0 ? "/" : path.substr(0, slash);
@@ -73,7 +73,7 @@ void Write_All(int handle, std::string_view bytes, const std::string& path) {
 }
 
 void Flush_Folder(const std::string& path) {
-    const FileHandle folder(::open(Folder_Of(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileHandle folder(::open(Holding_Folder(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.Get() >= 0) ::fsync(folder.Get());
 }
 
@@ -154,7 +154,7 @@ void Write_By_Name(const std::string& path, const OldFile& old, const std::funct
 void Write_File_Atomically(const std::string& path, const std::function<void(const FilePiece&)>& produce) {
     const std::string target = Real_Target(path);
     const OldFile old = Look_At(target);
-    const FileHandle nameless(::open(Folder_Of(target).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFileMode));
+    const FileHandle nameless(::open(Holding_Folder(target).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFileMode));
     if (nameless.Get() >= 0) {
         Fill(nameless, target, old, produce);
         Place_Nameless(nameless, target, old.exists);

@@ -14,11 +14,6 @@ class Item {
     const std::string& Name() const { return name_; }
     // The text from `position` (from 1) on: the code of Cp2c12345 is Rest(5).
     std::string Rest(std::size_t position) const { return position > name_.size() ? "" : name_.substr(position - 1); }
-    // The last character as a number: the hospice digit. -1 where it is none.
-    int Last_Digit() const {
-        const char c = name_.empty() ? ' ' : name_.back();
-        return c >= '0' && c <= '9' ? c - '0' : -1;
-    }
     friend bool operator==(const Item&, const Item&) = default;
 
   private:

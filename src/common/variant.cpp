@@ -29,6 +29,11 @@ bool Is_Blank(const Value& value) {
     return value.Is_Null() || Trim(value.To_Text()).empty();
 }
 
+bool Is_Yes(const Value& answer) {
+    const std::string text = answer.To_Text();
+    return !text.empty() && (text[0] == 'Y' || text[0] == 'y');
+}
+
 Value Round_Half(const Value& value, int digits) {
     if (!value.Is_Numeric()) return Null;
     return Round_Half(value.To_Double(), digits);

@@ -17,6 +17,8 @@ double Nz_Double(const Value& value);
 std::string Nz_Str(const Value& value, std::string_view otherwise = "");
 // Null, or nothing but blanks.
 bool Is_Blank(const Value& value);
+// True for an answer that begins with Y: the form's answers count by their first letter, in either case.
+bool Is_Yes(const Value& answer);
 // Rounded by Round_Half; Null where `value` is Null or no number.
 Value Round_Half(const Value& value, int digits);
 // B if A is Null and B is not, or if B is greater (less) than A; else A. Numbers compare as numbers.

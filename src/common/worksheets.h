@@ -3,7 +3,6 @@
 #pragma once
 
 #include <span>
-#include <string_view>
 
 #include "common/item.h"
 
@@ -22,7 +21,6 @@ struct WorksheetFamily {
 
 // The catalogue is installed once, by main() or by a test. Requires static storage.
 void Install_Catalogue(std::span<const WorksheetFamily> families);
-std::span<const WorksheetFamily> Catalogue();
 // Null where no family has this item.
 const WorksheetFamily* Find_Family(const Item& item);
 

@@ -69,6 +69,9 @@ struct Direction {
 constexpr Direction kSplit = {5_cur, 5.01_cur, "5", "5.01", "U"};
 constexpr Direction kUnsplit = {5.01_cur, 5_cur, "5.01", "5.00", "S"};
 
+constexpr std::string_view kLiveWorksheets =
+    "SELECT Item From Worksheets Where (KillDate <= MakeDate Or KillDate Is Null) And Calc_Lvl < 999 ORDER BY Item;";
+
 std::string Column_Number(Currency line) {
     return std::to_string(line.Scaled() / (Currency::kScale / 100));
 }
@@ -92,15 +95,7 @@ void Rename_Fields(const std::string& table, std::span<const std::string_view> s
 }
 
 void Exchange_AG(const Direction& direction) {
-    std::vector<std::string> items;
-    {
-        Recordset live = db.OpenRecordset(
-            "SELECT Item From Worksheets Where (KillDate <= MakeDate Or KillDate Is Null) And Calc_Lvl < 999 "
-            "ORDER BY Item;",
-            RecordsetType::Snapshot);
-        for (; !live.Eof(); live.MoveNext()) items.push_back(Nz_Str(live["Item"]));
-    }
-    for (const std::string& item : items) {
+    for (const std::string& item : Read_Items(kLiveWorksheets)) {
         for (const Exchange& exchange : kExchanges) {
             if (!exchange.items.Matches(item)) continue;
             Rename_Fields(item, exchange.fields, direction);

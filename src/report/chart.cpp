@@ -13,7 +13,7 @@ namespace tallmar {
 
 namespace {
 
-constexpr FieldRow kChartFields[] = {
+constexpr Column kChartFields[] = {
     {"LineNum", FieldType::Currency},   {"CCNum", FieldType::Currency},      {"CCName", FieldType::Text, 40},
     {"CCGroup", FieldType::Integer},    {"CCType", FieldType::Text, 1},      {"LineType", FieldType::Text, 1},
     {"MaxLines", FieldType::Integer},   {"ColLabel1", FieldType::Text, 16},  {"ColLabel2", FieldType::Text, 16},
@@ -117,7 +117,7 @@ void Add_Vaccine_Line() {
 }  // namespace
 
 void Build_CC() {
-    Append_Table("CostCenters", kChartFields);
+    Create_Table("CostCenters", kChartFields);
     for (const std::string_view row : kLabelledRows) db.Execute(Sql(kLabelledHead, row));
     for (const std::string_view row : kRows) db.Execute(Sql(kHead, row));
     if (FYEnd >= kVaccineLineFrom) db.Execute(Sql(kHead, kVaccineRow));

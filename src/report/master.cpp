@@ -11,7 +11,7 @@ namespace tallmar {
 
 namespace {
 
-constexpr FieldRow kMasterFields[] = {
+constexpr Column kMasterFields[] = {
     {"BuildDate", FieldType::Date},    {"FormNum", FieldType::Text, 8},   {"ProviderNumber", FieldType::Text, 8},
     {"FYStart", FieldType::Date},      {"FYEnd", FieldType::Date},        {"ProviderName", FieldType::Text, 36},
     {"AllCCs", FieldType::Integer},    {"GenSvcCCs", FieldType::Integer}, {"CapitalCCs", FieldType::Integer},
@@ -19,7 +19,7 @@ constexpr FieldRow kMasterFields[] = {
     {"BSubTot3", FieldType::Memo},     {"B1SubTot", FieldType::Memo},
 };
 
-constexpr FieldRow kHeaderLineFields[] = {
+constexpr Column kHeaderLineFields[] = {
     {"LineNum", FieldType::Long},
     {"LineText", FieldType::Text, 60},
 };
@@ -28,7 +28,7 @@ constexpr int kHeaderLines = 3;
 }  // namespace
 
 void Build_Master() {
-    Append_Table("Master", kMasterFields);
+    Create_Table("Master", kMasterFields);
     Recordset master = db.OpenRecordset("Master", RecordsetType::Table);
     master.AddNew();
     master.Fields("BuildDate").Set(The_Platform().Now());
@@ -42,7 +42,7 @@ void Build_Master() {
 }
 
 void Build_HeaderLines() {
-    Append_Table("HeaderLines", kHeaderLineFields);
+    Create_Table("HeaderLines", kHeaderLineFields);
     for (int line = 1; line <= kHeaderLines; ++line) {
         db.Execute(Sql("INSERT INTO HeaderLines (LineNum) VALUES (", line, ");"));
     }

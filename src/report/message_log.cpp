@@ -1,5 +1,7 @@
 #include "report/message_log.h"
 
+#include <algorithm>
+
 #include "common/db/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
@@ -11,7 +13,7 @@ namespace tallmar {
 
 namespace {
 
-constexpr FieldRow kErrLogFields[] = {
+constexpr Column kErrLogFields[] = {
     {"ErrLevel", FieldType::Text, 1},
     {"ErrForm", FieldType::Text, 12},
     {"ErrMessage", FieldType::Memo},
@@ -31,7 +33,7 @@ constexpr TitleLevel kTitleLevels[] = {{"ERROR", "E"}, {"WARNING", "W"}, {"INFO"
 
 std::string_view Level_Of(int buttons, const std::string& title) {
     for (const TitleLevel& row : kTitleLevels) {
-        if (title.find(row.word) != title.npos) return row.level;
+        if (title.find(row.word) != std::string::npos) return row.level;
     }
     for (const IconLevel& row : kIconLevels) {
         if ((buttons & row.icon) != 0) return row.level;
@@ -44,9 +46,9 @@ std::string Form_Of(std::string_view title) {
     constexpr std::string_view kWorksheet = "WORKSHEET", kTable = "TABLE";
     const std::string upper = To_Upper(title);
     std::string_view form;
-    if (const std::size_t at = upper.find(kWorksheet); at != upper.npos) {
+    if (const std::size_t at = upper.find(kWorksheet); at != std::string::npos) {
         form = Trim(title.substr(std::min(at + kWorksheet.size() + 1, title.size())));
-    } else if (const std::size_t table = upper.find(kTable); table != upper.npos) {
+    } else if (const std::size_t table = upper.find(kTable); table != std::string::npos) {
         form = title.substr(std::min(table + kTable.size() + 1, title.size()));
     } else {
         return "CRF";
@@ -56,6 +58,18 @@ std::string Form_Of(std::string_view title) {
 
 std::string Log_Table(std::string_view prefix) {
     return std::string(prefix) + "ErrLog";
+}
+
+// An old log is emptied and not made anew: with every change of the tables all statements are compiled again.
+bool Is_Log(const std::string& table) {
+    TableDefs tables = db.TableDefs();
+    tables.Refresh();
+    if (!tables.Has(table)) return false;
+    const TableShape shape = tables.Item(table).Shape();
+    return shape.indexes.empty() &&
+           std::ranges::equal(shape.fields, kErrLogFields, [](const FieldDef& field, const Column& row) {
+               return field == FieldDef{std::string(row.name), row.type, row.size};
+           });
 }
 
 void Show_Log(std::string_view prefix) {
@@ -79,9 +93,14 @@ void Show_Log(std::string_view prefix) {
 }  // namespace
 
 void Start_Msg_Log(std::string_view prefix) {
-    TableExists(Log_Table(prefix), true);  // never registered, so an old log goes
-    Append_Table(Log_Table(prefix), kErrLogFields);
-    db.TableDefs().Refresh();
+    const std::string table = Log_Table(prefix);
+    if (Is_Log(table)) {
+        db.Execute(Sql("DELETE * FROM ", table, ";"));
+    } else {
+        TableExists(table, true);  // never registered, so what stands there goes
+        Create_Table(table, kErrLogFields);
+        db.TableDefs().Refresh();
+    }
     MsgLogPrefix = prefix;
 }
 

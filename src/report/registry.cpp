@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/platform.h"
 #include "common/text.h"
+#include "common/variant.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
 #include "report/tables.h"
@@ -14,7 +15,7 @@ namespace tallmar {
 
 namespace {
 
-constexpr FieldRow kWorksheetsFields[] = {
+constexpr Column kWorksheetsFields[] = {
     {"Item", FieldType::Text, 16},    {"Calc_Lvl", FieldType::Integer},   {"MakeDate", FieldType::Date},
     {"ChngDate", FieldType::Date},    {"SaveDate", FieldType::Date},      {"CalcDate", FieldType::Date},
     {"CalcErrs", FieldType::Integer}, {"KillDate", FieldType::Date},      {"PrntDate", FieldType::Date},
@@ -109,7 +110,7 @@ std::string_view Title_Text(std::string_view argument) {
 }  // namespace
 
 void Build_Worksheets() {
-    Append_Table("Worksheets", kWorksheetsFields);
+    Create_Table("Worksheets", kWorksheetsFields);
     Recordset worksheets = db.OpenRecordset("Worksheets", RecordsetType::Table);
     const Date now = The_Platform().Now();
     worksheets.AddNew();
@@ -192,6 +193,18 @@ bool TableExists(std::string_view name, bool inRegistry) {
     if (row["Cnt"].To_Long() > 0) return true;
     tables.Delete(name);
     return false;
+}
+
+std::vector<std::string> Read_Items(std::string_view select) {
+    std::vector<std::string> items;
+    Recordset rows = db.OpenRecordset(select, RecordsetType::Snapshot);
+    for (; !rows.Eof(); rows.MoveNext()) items.push_back(Nz_Str(rows["Item"]));
+    return items;
+}
+
+void Drop_Worksheet(std::string_view item) {
+    if (db.TableDefs().Has(item)) db.TableDefs().Delete(item);
+    db.Execute(Sql("Delete From Worksheets Where Item = ", Quoted(item), ";"));
 }
 
 bool Field_Exists(const Recordset& recordset, std::string_view name) {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/db/database.h"
 
@@ -21,6 +22,10 @@ std::string WorksheetName(std::string_view item);
 // True where the table is there, and with `inRegistry` registered. A table that should be registered and is not is
 // left over from an interrupted job: it is deleted, and the answer is False.
 bool TableExists(std::string_view name, bool inRegistry);
+// The Items that a SELECT over the registry names, in its order.
+std::vector<std::string> Read_Items(std::string_view select);
+// Deletes a worksheet's table, where it is there, and its row of the registry.
+void Drop_Worksheet(std::string_view item);
 // Without regard to case.
 bool Field_Exists(const Recordset& recordset, std::string_view name);
 

@@ -12,7 +12,7 @@ namespace tallmar {
 
 namespace {
 
-constexpr FieldRow kLogFields[] = {
+constexpr Column kLogFields[] = {
     {"LogType", FieldType::Text, 1}, {"DateTime", FieldType::Date},      {"Severity", FieldType::Text, 7},
     {"Module", FieldType::Text, 32}, {"Procedure", FieldType::Text, 32}, {"Worksheet", FieldType::Text, 16},
     {"Message", FieldType::Memo},
@@ -24,7 +24,7 @@ constexpr std::string_view kHead =
 }  // namespace
 
 void Build_Log() {
-    Append_Table("Log", kLogFields);
+    Create_Table("Log", kLogFields);
     db.Execute(Sql(kHead, "'*', '", General_Date(The_Platform().Now()),
                    "', 'F.Y.I.', 'Build_Log', 'Build_Log', 'Log', 'Log table built/initialized.');"));
     Edit_Worksheets("Log", "Make", kInternalLevel);

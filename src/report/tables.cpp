@@ -4,9 +4,9 @@
 
 namespace tallmar {
 
-void Append_Table(std::string_view name, std::span<const FieldRow> fields) {
+void Create_Table(std::string_view name, std::span<const Column> fields) {
     TableDef table = db.CreateTableDef(name);
-    for (const FieldRow& field : fields) table.Fields_Append(table.CreateField(field.name, field.type, field.size));
+    for (const Column& field : fields) table.Fields_Append(table.CreateField(field.name, field.type, field.size));
     db.TableDefs().Append(table);
 }
 

@@ -1,4 +1,4 @@
-// New tables from their list of fields.
+// New tables from their list of columns.
 #pragma once
 
 #include <span>
@@ -8,14 +8,15 @@
 
 namespace tallmar {
 
-// A field of a table that the program lays out.
-struct FieldRow {
+// A column of a table that the program lays out. Most cells of the form are amounts.
+struct Column {
     std::string_view name;
-    FieldType type;
+    FieldType type = FieldType::Currency;
     int size = 0;  // of Text and Char only
 };
 
-// Appends an empty table to the open report. Throws DbError TableExists.
-void Append_Table(std::string_view name, std::span<const FieldRow> fields);
+// An empty table in the open report, its columns in order. Throws DbError TableExists: a rebuild drops the old one
+// first.
+void Create_Table(std::string_view name, std::span<const Column> fields);
 
 }  // namespace tallmar

@@ -37,15 +37,7 @@ bool Old_Worksheets_Are_Due() {
 }
 
 void Remove_Old_Worksheets() {
-    std::vector<std::string> items;
-    {
-        Recordset rows = db.OpenRecordset(kOldWorksheets, RecordsetType::Snapshot);
-        for (; !rows.Eof(); rows.MoveNext()) items.push_back(Nz_Str(rows["Item"]));
-    }
-    for (const std::string& item : items) {
-        if (db.TableDefs().Has(item)) db.TableDefs().Delete(item);
-        db.Execute(Sql("Delete From Worksheets Where Item = '", item, "';"));
-    }
+    for (const std::string& item : Read_Items(kOldWorksheets)) Drop_Worksheet(item);
 }
 
 bool S21_Is_Due() {

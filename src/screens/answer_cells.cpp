@@ -180,9 +180,4 @@ const PopupList* Popup_Of(AnswerKind kind) {
     return list == nullptr ? nullptr : &list->popup;
 }
 
-bool Is_Yes(const Value& answer) {
-    const std::string text = answer.To_Text();
-    return !text.empty() && (text[0] == 'Y' || text[0] == 'y');
-}
-
 }  // namespace tallmar

@@ -42,7 +42,4 @@ CellResult Check_Answer(AnswerKind kind, std::string_view text, int length = 1);
 // The list that opens over a cell of this kind; null where there is none.
 const PopupList* Popup_Of(AnswerKind kind);
 
-// True where the answer begins with Y.
-bool Is_Yes(const Value& answer);
-
 }  // namespace tallmar

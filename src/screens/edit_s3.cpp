@@ -1,7 +1,7 @@
 // frmEditS3p1 to frmEditS3p4: visits, staff, MSA and CBSA codes, payment statistics; and the view of S Part II.
 #include <array>
 
-#include "calc/w_c.h"
+#include "calc/sync_cp2.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
 #include "report/code_lists.h"

@@ -1,18 +1,10 @@
-// Every worksheet of the older and of the newer forms: what its build leaves in the registry.
+// Every worksheet of the older and of the newer forms: its lines, and the calculation of a report of them all.
 #include "calc/worksheets_fixture.h"
 
 namespace tallmar {
 namespace {
 
 class WorksheetFamilies : public WorksheetTest, public testing::WithParamInterface<const char*> {};
-
-TEST_P(WorksheetFamilies, BuildStampsTheRegistryWithTheLevelOfTheCatalogue) {
-    Begin(fy1999, {GetParam()});
-    const Row row = db.Read_Row(Sql("SELECT * FROM Worksheets WHERE Item = ", Quoted(GetParam()), ";"));
-    ASSERT_TRUE(row);
-    EXPECT_EQ(row["Calc_Lvl"], Value(Find_Family(GetParam())->calcLevel));
-    EXPECT_EQ(row["ItemName"], Value(WorksheetName(GetParam())));
-}
 
 TEST_P(WorksheetFamilies, LineNumbersAreUnique) {
     Begin(fy1999, {GetParam()});

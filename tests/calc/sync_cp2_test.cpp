@@ -1,6 +1,7 @@
+#include "calc/sync_cp2.h"
+
 #include <gtest/gtest.h>
 
-#include "calc/w_c.h"
 #include "common/db/sql_text.h"
 #include "report/registry.h"
 #include "support/report_fixture.h"

@@ -44,7 +44,7 @@ TEST_F(Compensation, EveryOtherClassCountsInTheLineTotal) {
         Put("A1", 5_cur, field, amount);
         amount *= 10;
     }
-    Calc_A1();
+    Calc_Compensation("A1");
     EXPECT_CELL("A1", 5_cur, "Col_9", 1111111);
     EXPECT_CELL("A1", 29_cur, "Col_8", 1000000);
 }
@@ -52,7 +52,7 @@ TEST_F(Compensation, EveryOtherClassCountsInTheLineTotal) {
 TEST_F(Compensation, CapitalLinesAreOutsideTheTotals) {
     Put("A1", 1_cur, "Col_8", 500);
     Put("A1", 3_cur, "Col_8", 20);
-    Calc_A1();
+    Calc_Compensation("A1");
     EXPECT_SHADED("A1", 1_cur, "Col_9");
     EXPECT_CELL("A1", 29_cur, "Col_8", 20);
     EXPECT_CELL("A1", 29_cur, "Col_9", 20);
@@ -60,18 +60,19 @@ TEST_F(Compensation, CapitalLinesAreOutsideTheTotals) {
 
 TEST_F(Compensation, NullTotalIsStoredAsZero) {
     db.Execute("UPDATE A2 SET Col_1 = Null;");
-    Calc_A2();
+    Calc_Compensation("A2");
     EXPECT_CELL("A2", 29_cur, "Col_1", 0);
 }
 
-TEST_F(Compensation, AnAnalysisThatStaysRegisteredIsNotCalculatedFromOctober2000On) {
-    Put("A1", 6_cur, "Col_5", 7);
+TEST(CompensationAnalyses, OneThatStaysRegisteredIsNotCalculatedFromOctober2000On) {
+    Report report(fy1999);
+    report.Cell("A1", 6, 5, 7);
     FYStart = kCostLimitsEnd;
-    Calc("A1");
-    EXPECT_CELL("A1", 6_cur, "Col_9", 0);
+    report.Calc();
+    EXPECT_CELL("A1", 6, 9, 0);
     FYStart = Date{kCostLimitsEnd.serial - 1};
-    Calc("A1");
-    EXPECT_CELL("A1", 6_cur, "Col_9", 7);
+    report.Calc();
+    EXPECT_CELL("A1", 6, 9, 7);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Worksheet D: Part I takes the lesser of cost and limits, Part II runs down to the balance, D-1 holds the payments.
 #include <gtest/gtest.h>
 
+#include "calc/sync_cp2.h"
 #include "calc/w_c.h"
 #include "support/report_fixture.h"
 

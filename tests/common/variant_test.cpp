@@ -34,6 +34,15 @@ TEST(VariantTest, BlankIsNullOrBlanks) {
     EXPECT_FALSE(Is_Blank(0));
 }
 
+TEST(VariantTest, AnAnswerIsYesByItsFirstLetter) {
+    EXPECT_TRUE(Is_Yes("Y"));
+    EXPECT_TRUE(Is_Yes("yes, of course"));
+    EXPECT_FALSE(Is_Yes("No, yes"));
+    EXPECT_FALSE(Is_Yes(" Y"));
+    EXPECT_FALSE(Is_Yes(""));
+    EXPECT_FALSE(Is_Yes(Null));
+}
+
 TEST(VariantTest, RoundHalfOfNoNumberIsNull) {
     EXPECT_EQ(Round_Half(Value(12.5_cur), 0), Value(13.0));
     EXPECT_EQ(Round_Half(Value("-12.5"), 0), Value(-13.0));

@@ -71,6 +71,16 @@ TEST_F(MessageLogTest, StartingTwiceLeavesAnEmptyTable) {
     EXPECT_EQ(Count("CalcAllErrLog"), 0);
 }
 
+TEST_F(MessageLogTest, ALogOfAnotherShapeIsMadeAnew) {
+    db.Execute("CREATE TABLE JunkErrLog (ErrLevel Text(1), ErrMessage Memo);");
+    EXPECT_EQ(Logged(kStop, "Worksheet A"), "E/A");
+    db.Execute("CREATE UNIQUE INDEX ndx ON JunkErrLog (ErrForm);");
+    Start_Msg_Log("Junk");
+    Report_Msg("one", kStop, "Worksheet A");
+    Report_Msg("two", kStop, "Worksheet A");
+    EXPECT_EQ(Count("JunkErrLog"), 2);
+}
+
 TEST_F(MessageLogTest, EndListsTheRowsByFormAndLevel) {
     Start_Msg_Log("CalcAll");
     Report_Msg("third", kQuestion, "Worksheet B");

@@ -50,9 +50,6 @@ enum class Op : std::uint8_t {
     GreaterEqual,
 };
 inline constexpr int kOpCount = 14;
-constexpr bool Is_Comparison(Op op) {
-    return op >= Op::Equal;
-}
 constexpr std::string_view kOpSigns[kOpCount] = {"+", "-", "*",  "/", "\\", "Mod", "^",
                                                  "&", "=", "<>", "<", "<=", ">",   ">="};
 
