@@ -27,7 +27,9 @@ need_packages() {
 }
 
 # What the program itself is built from, and what its tests need besides.
+# shellcheck disable=SC2034  # used by those who source this file
 kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev)
+# shellcheck disable=SC2034
 kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format git)
 
 # build_preset PRESET [TARGET ...]   Configures once and builds; the compiler's words only when the build fails.
