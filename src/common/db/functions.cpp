@@ -120,7 +120,7 @@ constexpr FunctionRow kFunctions[] = {
      1,
      {kNumber},
      kPropagates,
-     {{{W, "avg($1)", F}, {C, "(avg($1)/10000.0)", F}, {F, "avg($1)", F}}},
+     {{{W, "avg($1)", F}, {C, "(t_sum($1)/(10000.0*count($1)))", F}, {F, "avg($1)", F}}},
      "Avg(2)",
      "2"},
     {"COUNT", kAggregate, 1, 1, {kAny}, kSeen, {{{N, "count($1)", W}}}, "Count(*)", "1"},
