@@ -50,7 +50,7 @@ TEST_F(SqlTest, ALineThatFailsTakesTheLinesBeforeItBack) {
     const Ran ran =
         Sql("-", "CREATE TABLE T (N Long);\nINSERT INTO T VALUES (7);\nSELECT N FROM T;\nDELETE FROM Tt;\n");
     EXPECT_EQ(ran.status, 1);
-    EXPECT_EQ(ran.out, "{\"rows\":0}\n{\"rows\":1}\n{\"N\":7}\n");
+    EXPECT_EQ(ran.out, "") << "what was taken back is not told as done";
     EXPECT_EQ(Sql("SELECT N FROM T").status, 1);
 }
 
