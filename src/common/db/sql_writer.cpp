@@ -191,11 +191,9 @@ void SqlWriter::Binary(const Bound& bound, bool inChain) {
         case Form::Long:
             return Checked(bound, inChain);
         case Form::JoinedAll:
-            *this << "(ifnull(";
-            Value(*bound.args[0]);
-            *this << ",'')||ifnull(";
-            Value(*bound.args[1]);
-            *this << ",''))";
+            *this << "(";
+            Joined(bound);
+            *this << ")";
             return;
         default:
             break;
@@ -210,6 +208,20 @@ void SqlWriter::Binary(const Bound& bound, bool inChain) {
         Value(*bound.args[1]);
     }
     *this << ")";
+}
+
+// a & b & c in one row: each level of parentheses takes room in SQLite's parser.
+void SqlWriter::Joined(const Bound& bound) {
+    for (const BoundPtr& part : bound.args) {
+        if (part != bound.args.front()) *this << "||";
+        if (part->kind == BoundKind::Binary && part->form == Form::JoinedAll) {
+            Joined(*part);
+            continue;
+        }
+        *this << "ifnull(";
+        Value(*part);
+        *this << ",'')";
+    }
 }
 
 // A sum of amounts that overflows becomes a REAL in SQLite and stays one under further sums, and a Double that

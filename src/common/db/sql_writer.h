@@ -30,6 +30,7 @@ class SqlWriter {
 
   private:
     void Binary(const Bound& bound, bool inChain);
+    void Joined(const Bound& bound);
     void Checked(const Bound& bound, bool inChain);
     void Call(const Bound& bound);
     void Around(std::string_view sql, const Bound& value, bool inChain);

@@ -21,6 +21,8 @@ constexpr Translation kTranslations[] = {
     {SQLITE_PERM, DbErrorCode::CannotOpen},     {SQLITE_AUTH, DbErrorCode::InvalidOperation},
 };
 constexpr int kPrimaryCode = 0xff;
+// SQLite's words for an expression that is nested beyond the room of its parser.
+constexpr std::string_view kTooDeep = "parser stack overflow";
 
 // "UNIQUE constraint failed: A.LineNum, A.Item" names the table A.
 std::string Table_Of_Constraint(std::string_view message) {
@@ -35,6 +37,7 @@ std::string Table_Of_Constraint(std::string_view message) {
 DbError Error_Of(sqlite3* handle, int result, std::string_view path) {
     const std::string_view message = handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(result);
     if (const auto callback = Decode_Error(message)) return DbError(callback->code, callback->argument);
+    if (message == kTooDeep) return DbError(DbErrorCode::TooComplex);
     const int primary = result & kPrimaryCode;
     // Another program has put a new file in the place of the open one.
     if (result == SQLITE_READONLY_DBMOVED) return DbError(DbErrorCode::Locked, path);
