@@ -13,30 +13,16 @@
 #include <set>
 #include <sstream>
 
-#include "cli/cli.h"
-#include "support/temp_folder.h"
+#include "cli_test.h"
 
 namespace tallmar {
 
 namespace {
 
 namespace fs = std::filesystem;
-using Args = std::vector<std::string>;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kKillsACommand = 24;
-
-struct Ran {
-    int status;
-    std::string out, err;
-};
-
-Ran Run_Tallmar(const Args& args) {
-    std::istringstream in;
-    std::ostringstream out, err;
-    const int status = Run_Command_Line(args, in, out, err);
-    return {status, out.str(), err.str()};
-}
 
 pid_t Start(const Args& args) {
     const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar";
@@ -71,10 +57,8 @@ std::string State(const std::string& file) {
     return std::regex_replace(dump.out, moment, "moment");
 }
 
-class KillTest : public testing::Test {
+class KillTest : public CliTest {
   protected:
-    std::string Path(const std::string& name) const { return folder_.Path() + "/" + name; }
-
     Args New_Command(const std::string& file, const std::string& name) const {
         return {"new", file, "--provider", "14-7100", "--start", "10/1/2015", "--end", "9/30/2016", "--name", name};
     }
@@ -82,11 +66,6 @@ class KillTest : public testing::Test {
         ASSERT_EQ(Run_Tallmar(New_Command(file, "Prairie Hearth Home Health")).status, 0);
         const Ran entered = Run_Tallmar({"enter", file, std::string(TALLMAR_SOURCE_DIR) + "/samples/fy2016/cells.csv"});
         ASSERT_EQ(entered.status, 0) << entered.err;
-    }
-    std::set<std::string> Names() const {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder_.Path())) names.insert(entry.path().filename());
-        return names;
     }
     // Copies the files of `before` (name -> path of the original, empty: absent), runs and kills `command` at random
     // moments, and holds the state of `result` against the two that are allowed.
@@ -122,9 +101,6 @@ class KillTest : public testing::Test {
             }
         }
     }
-
-  private:
-    TempFolder folder_;
 };
 
 }  // namespace

@@ -61,6 +61,7 @@ TEST_F(SqlCommand, AFailedStatementTellsWhereAndPrintsNothing) {
               "Error 3078: Unknown table 'Nope' at character 15 of: SELECT * FROM Nope\n");
     EXPECT_EQ(Fail({"sql", crf, "UPDATE Nope SET Col_1 = 1"}),
               "Error 3078: Unknown table 'Nope' at character 8 of: UPDATE Nope SET Col_1 = 1\n");
+    EXPECT_EQ(Fail({"sql", crf, "UPDATE A SET Col_1 = 1/0"}), "Error 11: Division by zero\n");
     // The second row is the one that fails.
     EXPECT_EQ(Fail({"sql", crf, "SELECT 1/(LineNum-4) AS X FROM Sp2"}), "Error 11: Division by zero\n");
     for (const char* statement : {"", " ", ";", "SELECT * FROM Sp2; DELETE * FROM Sp2", "-- x", "PRAGMA user_version",
@@ -89,6 +90,16 @@ TEST_F(SqlCommand, OneBadLineTakesAllLinesBack) {
               "line 4: Error 3075: Syntax error near 'bogus' at character 1 of: bogus\n");
     EXPECT_EQ(Read_Bytes(crf), before);
     EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(SqlCommand, TablesMadeByABatchGoWithIt) {
+    Fail({"sql", crf, "-"}, "CREATE TABLE T (N Long);\nINSERT INTO T VALUES (7);\nSELECT N FROM T;\nDELETE FROM Tt;\n");
+    Fail({"sql", crf, "SELECT N FROM T"});
+}
+
+TEST_F(SqlCommand, RowsComeInTheOrderAsked) {
+    EXPECT_EQ(Sql("SELECT TOP 2 LineNum FROM A WHERE LineNum < 5 ORDER BY LineNum DESC, CCName"),
+              "{\"LineNum\":4}\n{\"LineNum\":3}\n");
 }
 
 TEST_F(SqlCommand, HostileTextsAreErrorsOrTexts) {

@@ -2,7 +2,11 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <iterator>
@@ -107,5 +111,30 @@ class DbTest : public testing::Test {
         db = DBEngine::OpenDatabase(path);
     }
 };
+
+// Changes the table A of the file in a program of its own, which is killed in the middle of its job, some of the job
+// in the file already. The journal stays.
+inline void Be_Killed_In_A_Job(const std::string& path) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        try {
+            Database mine = DBEngine::OpenDatabase(path);
+            Job job(mine);
+            mine.Execute("UPDATE A SET x = 100");
+            Make_Table(mine, "Big", {{"t", FieldType::Memo}});
+            // More than the pages kept in memory: some are written to the file early.
+            const std::string line(20'000, 'x');
+            for (int i = 0; i < 2'000; ++i) mine.Execute("INSERT INTO Big (t) VALUES ('" + line + "')");
+            ::kill(::getpid(), SIGKILL);
+        } catch (...) {  // the status tells it
+        }
+        ::_exit(1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_TRUE(std::filesystem::exists(path + "-journal"));
+}
 
 }  // namespace tallmar

@@ -197,26 +197,7 @@ TEST_F(JobTest, KilledAtAnyMomentTheFileHoldsWholeJobs) {
 // A kill in the middle of a job takes the file back, whatever of the job has reached the disk.
 TEST_F(JobTest, AKilledJobLeavesTheFileAsItWas) {
     db.Close();
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        try {
-            Database mine = DBEngine::OpenDatabase(path);
-            Job job(mine);
-            mine.Execute("UPDATE A SET x = 100");
-            Make_Table(mine, "Big", {{"t", FieldType::Memo}});
-            // More than the pages kept in memory: some are written to the file early.
-            const std::string line(20'000, 'x');
-            for (int i = 0; i < 2'000; ++i) mine.Execute("INSERT INTO Big (t) VALUES ('" + line + "')");
-            ::kill(::getpid(), SIGKILL);
-        } catch (...) {
-        }
-        ::_exit(1);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFSIGNALED(status));
-    EXPECT_TRUE(std::filesystem::exists(path + "-journal"));
+    Be_Killed_In_A_Job(path);
     db = DBEngine::OpenDatabase(path);
     EXPECT_EQ(Content(), "1;");
     EXPECT_FALSE(db.TableDefs().Has("Big"));

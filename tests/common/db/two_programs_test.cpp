@@ -24,28 +24,6 @@ class TwoProgramsTest : public DbTest {
         Database other = DBEngine::OpenDatabase(file);
         return Rows(other, "A");
     }
-    // A program that dies in the middle of its job, some of the job in the file already.
-    void Be_Killed_In_A_Job() const {
-        const pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            try {
-                Database mine = DBEngine::OpenDatabase(path);
-                Job job(mine);
-                mine.Execute("UPDATE A SET x = 100");
-                Make_Table(mine, "Big", {{"t", FieldType::Memo}});
-                const std::string line(20'000, 'x');
-                for (int i = 0; i < 2'000; ++i) mine.Execute("INSERT INTO Big (t) VALUES ('" + line + "')");
-                ::kill(::getpid(), SIGKILL);
-            } catch (...) {
-            }
-            ::_exit(1);
-        }
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status));
-        ASSERT_TRUE(fs::exists(path + "-journal"));
-    }
 };
 
 TEST_F(TwoProgramsTest, AJobForReadingSeesOneState) {
@@ -118,7 +96,7 @@ TEST_F(TwoProgramsTest, AReplacedFileTakesNoChangeOfWhoHasTheOldOne) {
 // The journal of a killed job belongs to the old file and must never be played back into the new one.
 TEST_F(TwoProgramsTest, AFileReplacedAfterAKillKeepsNothingOfTheOldOne) {
     db.Close();
-    Be_Killed_In_A_Job();
+    Be_Killed_In_A_Job(path);
     Database created = DBEngine::CreateDatabase(path, "");
     Make_Table(created, "A", {{"x", FieldType::Long}});
     created.Execute("INSERT INTO A (x) VALUES (7)");
