@@ -9,6 +9,9 @@ function(tallmar_floor name folder)
   endif()
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC tallmar_options ${ARGN})
+  if(folder MATCHES "^(screens/(view|edit)|shell)$")
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
 endfunction()
 
 # The tests of one folder: one program, one ctest name a test.
@@ -23,4 +26,19 @@ function(tallmar_tests name folder)
   target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                              TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+endfunction()
+
+# The same on Qt: a main of its own gives the program a desktop without a display, settings and a home.
+function(tallmar_desktop_tests name folder)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_test.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${ARGN} tallmar_test_desktop GTest::gtest GTest::gmock Qt6::Test)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                             TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+                       PROPERTIES TIMEOUT 300 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()

@@ -28,7 +28,7 @@ need_packages() {
 
 # What the program itself is built from, and what its tests need besides.
 # shellcheck disable=SC2034  # used by those who source this file
-kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev)
+kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev qt6-base-dev libgl1-mesa-dev fonts-dejavu-core)
 # shellcheck disable=SC2034
 kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format git)
 

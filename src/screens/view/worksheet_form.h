@@ -1,0 +1,84 @@
+// What edit and view forms share: the grid `grd`, the record line `dat`, the button strip `picButtons`, and the caption
+// that holds mode and item. The form asks the main window by its signals and knows nothing of it.
+#pragma once
+
+#include <QPushButton>
+#include <QWidget>
+#include <memory>
+#include <string>
+
+#include "screens/dispatch.h"
+#include "screens/view/grid_model.h"
+#include "screens/view/grid_view.h"
+
+class QLabel;
+
+namespace tallmar {
+
+class WorksheetForm : public QWidget {
+    Q_OBJECT
+
+  public:
+    ~WorksheetForm() override;
+
+    // The object name is the form's: "frmEditA".
+    const Item& Worksheet() const { return form_->Worksheet(); }
+    FormMode Mode() const { return mode_; }
+    std::string Caption() const { return Form_Caption(mode_, Worksheet()); }
+    GridView& Grid() const { return *grd_; }
+    GridModel& Model() const { return *model_; }
+
+    // Commit_Grid: stores the row under edit. False where it stays under edit: the form stays open then. A view form
+    // has nothing to store.
+    virtual bool Commit_Grid() { return true; }
+    // Reads the rows again and keeps the place.
+    virtual void Requery();
+    // Tool tips of next and previous, enabled or not: the registry may have changed.
+    void Refresh_Neighbours();
+    // The size at which the whole grid and the buttons are in sight (Size_Form_To_Grid).
+    QSize sizeHint() const override;
+
+  signals:
+    // cmdOpenView, cmdOpenEdit, cmdNext, cmdPrevious.
+    void Open_Requested(tallmar::FormMode mode, const QString& item);
+    // cmdRecalculate. An edit form has stored its row; it then asks for its view.
+    void Recalculate_Requested();
+    void Print_Requested();
+    // The first change of a cell since the form opened or its rows were stored: an open view is stale.
+    void Cell_Changed();
+    // What went into the table: "Worksheet A, line 5: 2 cells stored."
+    void Stored(const QString& what);
+
+  protected:
+    WorksheetForm(FormMode mode, const FormDescription& description, Item item, QWidget* parent);
+    // Called by the constructors of the two kinds, with their model. Takes it over.
+    void Set_Up(GridModel* model, GridView* grd);
+    // A button of the strip, in the order of the calls; `name` is the control's ("cmdClose"). Null where the form's
+    // print function is not there yet: the caller disables what it cannot serve.
+    QPushButton* Add_Button(const char* name, const QString& caption, const QString& tip = {});
+    OpenForm& Form() const { return *form_; }
+    // Closing: Commit_Grid first; a refusal keeps the window.
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void Layout_Buttons();
+    void Show_Record_Status();
+
+    FormMode mode_;
+    std::unique_ptr<OpenForm> form_;
+    GridModel* model_ = nullptr;
+    GridView* grd_ = nullptr;
+    QWidget* picButtons_ = nullptr;
+    QLabel* dat_ = nullptr;
+};
+
+// The form of the item: ViewForm here, EditForm in screens/edit.
+class ViewForm : public WorksheetForm {
+    Q_OBJECT
+
+  public:
+    ViewForm(const FormDescription& description, Item item, QWidget* parent = nullptr);
+};
+
+}  // namespace tallmar
