@@ -69,9 +69,13 @@ check_floors() {
         }' "${sources[@]}"
 }
 
+# Qt on its three floors, and there without style sheets: they break dark and high-contrast palettes.
 check_qt() {
-    mapfile -t sources < <(of '^src/.*\.(h|cpp)$' | grep -Ev '^src/(screens/(edit|view)|shell)/')
+    local desktop='^src/(screens/(edit|view)|shell)/'
+    mapfile -t sources < <(of '^src/.*\.(h|cpp)$' | grep -Ev "$desktop")
     lines_with '#[ \t]*include[ \t]*<Q(t|[A-Z])' "${sources[@]}"
+    mapfile -t sources < <(of "$desktop")
+    lines_with 'setStyleSheet' "${sources[@]}"
 }
 
 check_sqlite() {
@@ -87,15 +91,16 @@ check_platform() {
 }
 
 check_headers() {
-    local flags=() qt
-    if qt=$(pkg-config --cflags Qt6Widgets 2>/dev/null); then
-        read -ra flags <<<"$qt -fPIC"
-        mapfile -t headers < <(of '^(src|tests)/.*\.h$')
+    local qt flags=() headers folder
+    mapfile -t headers < <(of '^(src|tests)/.*\.h$')
+    if qt=$(qmake6 -query QT_INSTALL_HEADERS 2>/dev/null); then
+        flags=(-fPIC -isystem "$qt")
+        for folder in QtCore QtGui QtWidgets QtTest; do flags+=(-isystem "$qt/$folder"); done
     else
-        mapfile -t headers < <(of '^(src|tests)/.*\.h$' | grep -Ev '^src/(screens/(edit|view)|shell)/')
+        mapfile -t headers < <(printf '%s\n' "${headers[@]}" | grep -Ev '/(screens/(edit|view)|shell|desktop)/')
     fi
     printf '%s\n' "${headers[@]}" |
-        xargs -P 2 -I{} sh -c 'header=$1; shift
+        xargs -P "$(nproc)" -I{} sh -c 'header=$1; shift
             g++ -std=c++20 -fsyntax-only -Wall -Wextra -Isrc -Itests "$@" -include "$header" -x c++ /dev/null 2>&1 |
                 grep -E "error|warning" | head -n 3' -- {} "${flags[@]}"
 }

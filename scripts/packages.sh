@@ -26,20 +26,27 @@ need_packages() {
     rm -f "$log"
 }
 
-# What the program itself is built from, and what its tests need besides.
+# What the programs are built from, what their tests need besides, and what pictures of the desktop need: a screen and
+# a window manager, small ones. qt6-base-dev brings the platforms of Qt (xcb and offscreen) and a font.
 # shellcheck disable=SC2034  # used by those who source this file
-kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev qt6-base-dev libgl1-mesa-dev fonts-dejavu-core)
+kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev qt6-base-dev)
 # shellcheck disable=SC2034
-kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev clang-format git)
+kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core clang-format git)
+# shellcheck disable=SC2034
+kPicturePackages=(xvfb xauth jwm)
 
-# build_preset PRESET [TARGET ...]   Configures once and builds; the compiler's words only when the build fails.
-# What kConfigure holds goes to the configuration.
+# has_tests PRESET   True where the build folder is there and holds the tests.
+has_tests() { grep -qs '^TALLMAR_TESTS:[A-Z]*=ON' "build/$1/CMakeCache.txt"; }
+
+# build_preset PRESET [TARGET ...]   Configures where needed and builds; the compiler's words only when the build fails.
+# What kConfigure holds goes to the first configuration; without it a folder made for the programs alone gets its tests.
 kConfigure=()
 build_preset() {
     local preset=$1 log
     shift
     log=$(mktemp)
-    if [ ! -f "build/$preset/build.ninja" ] && ! cmake --preset "$preset" "${kConfigure[@]}" >"$log" 2>&1; then
+    if { [ ! -f "build/$preset/build.ninja" ] || { [ ${#kConfigure[@]} -eq 0 ] && ! has_tests "$preset"; }; } &&
+        ! cmake --preset "$preset" "${kConfigure[@]}" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         return 1
