@@ -1,0 +1,58 @@
+// Answers the real boxes and dialogs that a test's action opens. Strict: a box that no test expects fails the test and
+// is dismissed, and so does an expected box that never comes. Runs while an event loop runs, that of the box included.
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "common/platform.h"
+
+namespace tallmar {
+
+class BoxDriver {
+  public:
+    BoxDriver();
+    ~BoxDriver();
+    BoxDriver(const BoxDriver&) = delete;
+    BoxDriver& operator=(const BoxDriver&) = delete;
+
+    static constexpr int kAnyButtons = -1;
+    // A message box; `buttons` are its buttons, icon and default as Platform::Message_Box takes them. The answer is
+    // given by a click on the button.
+    void Expect_Box(std::string_view title, std::string_view text, Answer answer = Answer::Ok,
+                    int buttons = kAnyButtons);
+    void Expect_Box_Starting(std::string_view title, std::string_view textStart, Answer answer = Answer::Ok,
+                             int buttons = kAnyButtons);
+    // Any other modal window by its object name ("frmHelpAbout"). `act` drives it and closes it in the end; boxes that
+    // it opens meanwhile are answered from the same queue.
+    void Expect_Dialog(std::string_view name, std::function<void(QWidget&)> act);
+
+    // Whether everything expected has come.
+    bool Done() const { return expected_.empty(); }
+    int Boxes_Seen() const { return seen_; }
+
+  private:
+    struct Expected {
+        std::string title, text;
+        bool wholeText = true;
+        Answer answer = Answer::Ok;
+        int buttons = kAnyButtons;
+        std::string dialog;  // empty: a message box
+        std::function<void(QWidget&)> act;
+    };
+    void Look();
+    void Wait();
+    void Answer_Modal(QWidget& modal);
+
+    std::deque<Expected> expected_;
+    QPointer<QWidget> handled_;
+    QObject life_;  // no look after the driver has gone
+    int seen_ = 0;
+};
+
+}  // namespace tallmar
