@@ -23,10 +23,14 @@ void Load_ProductTitle() {
     if (!line.empty()) ProductTitle = line;
 }
 
-std::string Window_Caption() {
+std::string Short_Version() {
     std::string version = TALLMAR_VERSION;
     version.resize(version.rfind('.'));
-    std::string caption = ProductTitle + " " + std::string(kProgramTitle) + " (version " + version + ")";
+    return version;
+}
+
+std::string Window_Caption() {
+    std::string caption = ProductTitle + " " + std::string(kProgramTitle) + " (version " + Short_Version() + ")";
     if (!CRFPath.empty()) caption += " -- " + CRFTitle;
     return caption;
 }

@@ -1,0 +1,28 @@
+// What the dialogs share: how they are made, named and shown.
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <memory>
+#include <string_view>
+
+class QDialogButtonBox;
+class QPushButton;
+
+namespace tallmar {
+
+// Owned by whoever shows it; `parent` is the window that it stands over.
+using DialogPtr = std::unique_ptr<QDialog>;
+
+QString Text(std::string_view text);
+std::string Plain(const QString& text);
+
+// An empty dialog with the name of its form and its caption, without the "?" of some desktops.
+DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent);
+// A button of the box: its control's name, and the caption with its access key.
+QPushButton* Add_Button(QDialogButtonBox& box, const char* name, const QString& caption, int role);
+// Shows it over its parent until it is accepted or rejected; a job that hides it meanwhile does not end it. True when
+// it was accepted.
+bool Run_Modal(QDialog& dialog);
+
+}  // namespace tallmar
