@@ -5,13 +5,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-#if defined(__SANITIZE_ADDRESS__)
-// What the font and theme libraries keep until the process ends.
-extern "C" const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig\nleak:libglib\nleak:libQt6Gui\nleak:libQt6XcbQpa\nleak:libdbus\n";
-}
-#endif
-
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
