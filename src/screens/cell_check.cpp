@@ -5,7 +5,6 @@
 
 #include "common/db/sql_text.h"
 #include "common/numbers.h"
-#include "common/platform.h"
 #include "report/open_report.h"
 
 namespace tallmar {
@@ -45,6 +44,31 @@ Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments) {
     std::string text = Replace(box.text, "<places>", std::to_string(arguments.places));
     text = Replace(text, "<length>", std::to_string(arguments.length));
     return {.title = std::string(box.title), .text = Replace(text, "<text>", arguments.text)};
+}
+
+namespace {
+QuietBoxes* quietBoxes = nullptr;
+}
+
+QuietBoxes::QuietBoxes() : before_(std::exchange(quietBoxes, this)) {}
+QuietBoxes::~QuietBoxes() {
+    quietBoxes = before_;
+}
+bool QuietBoxes::Is_On() {
+    return quietBoxes != nullptr;
+}
+
+void Warn(const Refusal& box) {
+    if (quietBoxes != nullptr) {
+        quietBoxes->warnings_.push_back(box);
+    } else {
+        The_Platform().Message_Box(box.text, kExclamation, box.title);
+    }
+}
+
+Answer Ask(const Refusal& box, int buttons) {
+    if (quietBoxes != nullptr) return Answer::None;
+    return The_Platform().Message_Box(box.text, buttons, box.title);
 }
 
 CellResult Refuse(const BoxText& box, const BoxArguments& arguments) {
@@ -103,8 +127,7 @@ CellResult Validate_Numeric(std::string_view text, int places, const BoxText& no
     const std::optional<double> amount = Parse_Amount(text);
     if (!amount) return Refuse(nonNumeric, {.text = text, .places = places});
     if (Is_Precise(*amount, places)) return Accept(*amount);
-    const Refusal warning = Fill_Box(rounding, {.text = text, .places = places});
-    The_Platform().Message_Box(warning.text, kExclamation, warning.title);
+    Warn(Fill_Box(rounding, {.text = text, .places = places}));
     return Accept(Round_Half(*amount, places));
 }
 

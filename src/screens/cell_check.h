@@ -4,7 +4,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
+#include "common/platform.h"
 #include "screens/form_description.h"
 
 namespace tallmar {
@@ -44,6 +47,27 @@ struct BoxArguments {
     int length = 0;
 };
 Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments = {});
+
+// While one lives the checks show nothing: what they would warn of is collected, and what they would ask is not asked.
+class QuietBoxes {
+  public:
+    QuietBoxes();
+    ~QuietBoxes();
+    QuietBoxes(const QuietBoxes&) = delete;
+    QuietBoxes& operator=(const QuietBoxes&) = delete;
+    static bool Is_On();
+    // What was warned of since the last time.
+    std::vector<Refusal> Take_Warnings() { return std::exchange(warnings_, {}); }
+
+  private:
+    friend void Warn(const Refusal& box);
+    QuietBoxes* before_;
+    std::vector<Refusal> warnings_;
+};
+// A box of a check that only warns.
+void Warn(const Refusal& box);
+// A question of a check, the icon among the buttons. Answer::None where nothing is asked: the entry is refused then.
+Answer Ask(const Refusal& box, int buttons);
 
 CellResult Refuse(const BoxText& box, const BoxArguments& arguments = {});
 CellResult Accept(Value value);

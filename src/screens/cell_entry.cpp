@@ -95,6 +95,7 @@ bool OpenForm::Go_To(Currency line) {
     Row row = db.Read_Row(query + ";");
     if (!row && (form_.canMake == nullptr || !form_.canMake(line))) return false;
     row_ = RowUnderEdit(line, std::move(row));
+    sidesBefore_.reset();
     return true;
 }
 
@@ -110,6 +111,7 @@ CellOutcome OpenForm::Enter(const GridColumn& column, std::string_view text) {
         if (!form_.order.empty()) place += Sql(", line ", row_.Line());
         return Refused(kLockedCell, Sql(place, ", column ", column.field));
     }
+    if (!sidesBefore_ && !form_.sides.empty()) sidesBefore_ = Read_Sides(form_.sides, row_.Line());
     CellResult result =
         column.kind == CellKind::Own ? form_.check({item_, column, row_}, text) : Validate_Cell(column, text);
     if (result.refusal) return Refused(std::move(*result.refusal));
@@ -126,10 +128,24 @@ CellOutcome OpenForm::Enter(const GridColumn& column, std::string_view text) {
 }
 
 CellOutcome OpenForm::Leave_Row() {
-    if (row_.Entered().empty()) return {};
+    if (!Has_Entries()) return {};
     if (form_.leaveRow != nullptr) {
         if (std::optional<Refusal> refusal = form_.leaveRow(item_, row_)) return Refused(std::move(*refusal));
     }
+    RowUnderEdit stored;
+    CellOutcome outcome = Store_Row(stored);
+    if (!outcome.stored) return outcome;
+    try {
+        if (form_.rowStored != nullptr) form_.rowStored(item_, stored, columns_);
+    } catch (const DbError&) {
+        Record_Row(stored);
+        throw;
+    }
+    Record_Row(stored);
+    return outcome;
+}
+
+CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
     std::string update = Sql("UPDATE ", item_.Name(), " SET ");
     std::string_view separator;
     for (const auto& [field, value] : row_.Entered()) {
@@ -146,18 +162,22 @@ CellOutcome OpenForm::Leave_Row() {
     } catch (const DbError& error) {
         return Refused(kNotStored, error.Description());
     }
-    const RowUnderEdit stored = std::exchange(row_, {});
+    stored = std::exchange(row_, {});
     changed_ = true;
-    if (form_.rowStored != nullptr) form_.rowStored(item_, stored, columns_);
     return {};
 }
 
 void OpenForm::Cancel_Row() {
+    // A check may have written beside the table.
+    if (const auto before = std::exchange(sidesBefore_, std::nullopt)) {
+        for (const TableChange& change : Differences(*before, Read_Sides(form_.sides, row_.Line()))) Put_Back(change);
+    }
     row_ = {};
 }
 
 void OpenForm::Follow_Changes() {
     if (std::exchange(changed_, false) && form_.follow != nullptr) form_.follow();
+    Settle_Sides();
 }
 
 void OpenForm::Close() {

@@ -1,11 +1,13 @@
 // The one way by which a typed value gets into a cell, from the grid and from the command line.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "screens/edit_history.h"
 #include "screens/form_description.h"
 
 namespace tallmar {
@@ -20,6 +22,13 @@ struct CellOutcome {
 
 // Beeps and shows the stop box of a cell that was refused.
 void Show_Refusal(const CellOutcome& outcome);
+
+// What an undo did.
+struct UndoOutcome {
+    Currency line;                  // that the cursor goes to
+    std::string text;               // "Worksheet A, line 5: 2 cells taken back."
+    std::vector<std::string> kept;  // what had changed since and stays, a sentence each
+};
 
 // A form over the table of an item. Cells go into the row under edit; the row goes into the table, in one statement,
 // when the cursor leaves it.
@@ -37,23 +46,61 @@ class OpenForm {
     // Puts the cursor in the row; the row before must have been left. False where the form does not show the line and
     // could not make it.
     bool Go_To(Currency line);
+    const RowUnderEdit& Under_Edit() const { return row_; }
+    // Something was entered in the row and is not stored.
+    bool Has_Entries() const { return !row_.Entered().empty(); }
     bool Is_Locked(const GridColumn& column) const;
     CellOutcome Enter(const GridColumn& column, std::string_view text);
     // Commit_Grid: writes the row under edit. A refusal keeps it under edit, an engine's error too.
     CellOutcome Leave_Row();
-    // Gives up what was entered in the row.
+    // Gives up what was entered in the row; the cursor is in none then.
     void Cancel_Row();
     // Brings other worksheets up to the rows stored since the last time; nothing where none was.
     void Follow_Changes();
     // Follow_Changes and the form's closing step. The last row must have been left.
     void Close();
 
+    // cmdAdd on the row of line `current`, 0 without one: the line of the new row. cmdDelete. Both in one step of the
+    // file; they throw DbError, and nothing has changed then. Require that the description has them and that the row
+    // was left.
+    Currency Add_Row(Currency current);
+    void Remove_Row(Currency line);
+
+    // Takes the last step back: a row as it was stored, a row that came or went, or a whole OneStep. Former values go
+    // in by the way of every entry but its check. Cells that no longer hold what the step stored stay. Requires that
+    // nothing is entered in the row. Throws DbError; the step is still there then.
+    bool Can_Undo() const { return !steps_.empty(); }
+    UndoOutcome Undo();
+
+    // Rows that are stored, added and removed while it lives are one step; `what` names it: "paste".
+    class OneStep {
+      public:
+        OneStep(OpenForm& form, std::string what);
+        ~OneStep();
+        OneStep(const OneStep&) = delete;
+        OneStep& operator=(const OneStep&) = delete;
+
+      private:
+        OpenForm& form_;
+    };
+
   private:
+    CellOutcome Store_Row(RowUnderEdit& stored);
+    void Record_Row(const RowUnderEdit& stored);
+    void Record(EditPart part, std::string_view what);
+    void Settle_Sides();
+    std::size_t Undo_Part(const EditPart& part, UndoOutcome& outcome);
+    std::size_t Undo_Cells(const EditPart& part, UndoOutcome& outcome);
+    bool Still_Stands(const TableChange& change) const;
+
     const FormDescription& form_;
     Item item_;
     std::vector<GridColumn> columns_;  // in the order of the table
     RowUnderEdit row_;
-    bool changed_ = false;  // rows were stored since Follow_Changes
+    bool changed_ = false;                                // rows were stored since Follow_Changes
+    std::optional<std::vector<TableState>> sidesBefore_;  // as the first entry of the row found them
+    std::vector<EditStep> steps_;
+    bool grouped_ = false;  // the last step still grows
 };
 
 // One cell as text: the line is left empty on a table without LineNum.

@@ -4,7 +4,6 @@
 #include "calc/stat_columns.h"
 #include "calc/w_b1.h"
 #include "common/db/sql_text.h"
-#include "common/platform.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
@@ -160,7 +159,7 @@ CellResult Check(const CellPlace& place, std::string_view text) {
 
     const double amount = result.value.To_Double();
     const bool accumulated = warning->tag == kAccumulated;
-    switch (The_Platform().Message_Box(warning->box.text, warning->buttons + kExclamation, warning->box.title)) {
+    switch (Ask(Fill_Box(warning->box), warning->buttons + kExclamation)) {
         case Answer::Ok:
             if (overridden) {
                 db.Execute(Sql("DELETE FROM B1X", where));
@@ -176,7 +175,7 @@ CellResult Check(const CellPlace& place, std::string_view text) {
             return result;
         default:
             result = Refuse(warning->box);
-            result.refusal->shown = true;
+            result.refusal->shown = !QuietBoxes::Is_On();
             return result;
     }
 }
@@ -188,6 +187,8 @@ void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn> co
     }
 }
 
+constexpr std::array kSides{SideTable{"B1X", "RowCCNum"}};
+
 }  // namespace
 
 constinit const FormDescription kEditB1{.name = "frmEditB1",
@@ -197,7 +198,8 @@ constinit const FormDescription kEditB1{.name = "frmEditB1",
                                         .nullIsShaded = true,
                                         .locked = Locked,
                                         .check = Check,
-                                        .rowStored = Stored};
+                                        .rowStored = Stored,
+                                        .sides = kSides};
 constinit const FormDescription kViewB1{
     .name = "frmViewB1", .columns = kFixed, .moreColumns = View_Columns, .readOnly = true};
 constinit const FormDescription kViewB{

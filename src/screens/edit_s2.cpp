@@ -92,6 +92,8 @@ bool Is_Hospice_Name(Currency line, std::string_view field) {
 }
 
 constexpr BoxText kFormsStayOpen{"Close form frmEditS2", "The option was not changed, since forms are open."};
+// Among many cells nothing is asked.
+constexpr BoxText kAsks{"Entry Error", "This answer changes other worksheets.  Please enter it by itself."};
 constexpr BoxText kHospiceStays{"Remove Hospice", "The hospice was not removed."};
 
 CellResult Already_Answered(const BoxText& box) {
@@ -100,19 +102,30 @@ CellResult Already_Answered(const BoxText& box) {
     return result;
 }
 
+// The exchange of 5.00 and 5.01 reshapes worksheets that may be on the screen.
+bool Forms_Stay_Open() {
+    return The_Platform().Close_All_Forms();
+}
+
 CellResult Check(const CellPlace& place, std::string_view text) {
     const Currency line = place.row.Line();
     const AnswerKind kind = Find_Answer(kAnswers, line, place.column.field)->kind;
     CellResult result = Check_Answer(kind, text, place.column.limit);
     if (result.refusal) return result;
-    // The exchange of 5.00 and 5.01 reshapes worksheets that may be on the screen.
-    if (kind == AnswerKind::SplitOption && The_Platform().Close_All_Forms()) return Already_Answered(kFormsStayOpen);
     const bool cleared = result.value.Is_Null() && !Is_Blank(place.row.Stored(place.column.field));
-    if (cleared && Is_Hospice_Name(line, place.column.field) && Form_Hooks().hospiceCleared != nullptr &&
-        !Form_Hooks().hospiceCleared(line)) {
-        return Already_Answered(kHospiceStays);
-    }
+    const bool asks = cleared && Is_Hospice_Name(line, place.column.field) && Form_Hooks().hospiceCleared != nullptr;
+    if (QuietBoxes::Is_On() && (kind == AnswerKind::SplitOption || asks)) return Refuse(kAsks);
+    if (kind == AnswerKind::SplitOption && Forms_Stay_Open()) return Already_Answered(kFormsStayOpen);
+    if (asks && !Form_Hooks().hospiceCleared(line)) return Already_Answered(kHospiceStays);
     return result;
+}
+
+// What the former answer asks before it stands again.
+bool May_Undo(const RowUnderEdit& row) {
+    if (!row.Entered().contains("Col_1")) return true;
+    if (row.Line() == kOptionLine) return !Forms_Stay_Open();
+    const bool clears = Is_Hospice_Name(row.Line(), "Col_1") && Is_Blank(row["Col_1"]);
+    return !clears || Form_Hooks().hospiceCleared == nullptr || Form_Hooks().hospiceCleared(row.Line());
 }
 
 void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn>) {
@@ -140,6 +153,7 @@ constinit const FormDescription kEditS2{.name = "frmEditS2",
                                         .locked = Locked,
                                         .check = Check,
                                         .rowStored = Stored,
+                                        .undoAllowed = May_Undo,
                                         .popup = Popup,
                                         .headsAt = Heads};
 constinit const FormDescription kViewS2{

@@ -91,6 +91,8 @@ bool Can_Make_Code(Currency line) {
     return line.Int() == kFirstCode && (line * 100_cur).Is_Whole();
 }
 
+constexpr std::array kFollowers{SideTable{"Cp2*"}, SideTable{"Cp4"}};
+
 // Each code has a worksheet of C Part II and a line of Part IV.
 void Follow_Codes() {
     Load_MSA();
@@ -121,6 +123,7 @@ constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
                                           .columns = kCodes,
                                           .check = Check_Code,
                                           .follow = Follow_Codes,
+                                          .sides = kFollowers,
                                           .canMake = Can_Make_Code,
                                           .add = Add_Code,
                                           .remove = Remove_Code};

@@ -110,6 +110,14 @@ struct NewRow {
     std::string_view values;
 };
 
+// A table beside the form's own that changes with its rows, and goes back with them when they are taken back. With
+// `rowField` it holds rows of the line, which the form's check writes (B1X); without, it follows what was stored (C
+// Part II follows the codes).
+struct SideTable {
+    ItemPattern tables;
+    std::string_view rowField = {};
+};
+
 struct FormDescription {
     std::string_view name;               // "frmEditA"
     std::string_view where = {};         // the rows shown; empty: all
@@ -134,6 +142,9 @@ struct FormDescription {
     void (*follow)() = nullptr;
     // As the form closes.
     void (*closing)(const Item&) = nullptr;
+    std::span<const SideTable> sides = {};
+    // Asked before former values, entered in the row, are stored again. False: the row stays as it is.
+    bool (*undoAllowed)(const RowUnderEdit&) = nullptr;
 
     // A line that is not there and could be made.
     bool (*canMake)(Currency line) = nullptr;

@@ -1,0 +1,195 @@
+#include "screens/paste.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/dates.h"
+#include "common/db/sql_text.h"
+#include "common/variant.h"
+#include "report/open_report.h"
+#include "screens/cell_check.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kSeparators = "\t\r\n";
+
+constexpr std::string_view kNoColumn = "There is no column here.";
+constexpr std::string_view kNoRow = "There is no row here, and the worksheet takes no more.";
+constexpr std::string_view kGone = "The line is no longer there.";
+
+// One cell from `at` on, which then stands on the character behind it.
+std::string Take_Cell(std::string_view text, std::size_t& at) {
+    std::string cell;
+    const bool isQuoted = at < text.size() && text[at] == '"';
+    // A quote that is never closed is a plain one: inches, not a cell of many lines.
+    if (isQuoted && text.find('"', at + 1) != std::string_view::npos) {
+        std::size_t to = at + 1;
+        for (; to < text.size(); ++to) {
+            if (text[to] != '"') {
+                cell += text[to];
+            } else if (to + 1 < text.size() && text[to + 1] == '"') {
+                cell += text[to++];
+            } else {
+                break;
+            }
+        }
+        const bool ends = to + 1 >= text.size() || kSeparators.find(text[to + 1]) != std::string_view::npos;
+        if (to < text.size() && ends) {
+            at = to + 1;
+            return cell;
+        }
+        cell.clear();
+    }
+    const std::size_t end = std::min(text.find_first_of(kSeparators, at), text.size());
+    cell = text.substr(at, end - at);
+    at = end;
+    return cell;
+}
+
+// The text says what the cell holds already. A blank says so of a cell without an amount.
+bool Holds(const Value& value, std::string_view text) {
+    const std::string_view trimmed = Trim(text);
+    const bool isZero = !value.Is<std::string>() && value.Is_Numeric() && value.To_Double() == 0;
+    if (Is_Blank_Text(trimmed)) return Is_Blank(value) || isZero;
+    if (value.Is_Null()) return false;
+    if (value.Is<Date>()) return Parse_Date(trimmed) == std::optional(value.To_Date());
+    if (value.Is<std::string>()) return value.To_Text() == trimmed;
+    const std::optional<double> amount = Parse_Amount(trimmed);
+    return amount && value.Is_Numeric() && *amount == value.To_Double();
+}
+
+// Enters the rows of one block, and keeps what has to be told.
+class BlockEntry {
+  public:
+    BlockEntry(OpenForm& form, BlockOutcome& outcome) : form_(form), outcome_(outcome) {}
+
+    void Enter_Row(const BlockRow& row);
+
+  private:
+    void Note(const BlockCell& cell, std::string_view reason, bool refused = true) {
+        outcome_.notes.push_back(
+            {line_, cell.column == nullptr ? "" : cell.column->field, cell.text, std::string(reason), refused});
+    }
+    void Refuse_All(const BlockRow& row, std::string_view reason) {
+        for (const BlockCell& cell : row.cells) {
+            if (!Is_Blank_Text(cell.text)) Note(cell, reason);
+        }
+    }
+    bool Find_Line(const BlockRow& row);
+
+    OpenForm& form_;
+    BlockOutcome& outcome_;
+    QuietBoxes quiet_;
+    std::optional<Currency> line_;
+    Currency last_;
+};
+
+bool BlockEntry::Find_Line(const BlockRow& row) {
+    line_ = row.line;
+    if (line_) return true;
+    const bool isBlank = std::ranges::all_of(row.cells, [](const auto& cell) { return Is_Blank_Text(cell.text); });
+    if (isBlank) return false;
+    if (form_.Description().add == nullptr) {
+        Refuse_All(row, kNoRow);
+        return false;
+    }
+    try {
+        line_ = form_.Add_Row(last_);
+    } catch (const DbError&) {
+        Refuse_All(row, kNoRow);
+    }
+    return line_.has_value();
+}
+
+void BlockEntry::Enter_Row(const BlockRow& row) {
+    if (!Find_Line(row)) return;
+    last_ = *line_;
+    if (!form_.Go_To(*line_)) return Refuse_All(row, kGone);
+    std::vector<const BlockCell*> entered;
+    for (const BlockCell& cell : row.cells) {
+        if (cell.column == nullptr) {
+            if (!Is_Blank_Text(cell.text)) Note(cell, kNoColumn);
+            continue;
+        }
+        if (Holds(form_.Under_Edit()[cell.column->field], cell.text)) continue;
+        const CellOutcome entry = form_.Enter(*cell.column, cell.text);
+        for (const Refusal& warning : quiet_.Take_Warnings()) Note(cell, warning.text, false);
+        if (entry.stored) {
+            entered.push_back(&cell);
+        } else if (!Is_Blank_Text(cell.text) || !form_.Is_Locked(*cell.column)) {
+            Note(cell, entry.text);
+        }
+    }
+    if (entered.empty()) return form_.Cancel_Row();
+    const CellOutcome left = form_.Leave_Row();
+    if (left.stored) {
+        ++outcome_.rows;
+        outcome_.cells += entered.size();
+        return;
+    }
+    form_.Cancel_Row();
+    for (const BlockCell* cell : entered) Note(*cell, left.text);
+}
+
+}  // namespace
+
+ClipboardRows Parse_Clipboard(std::string_view text) {
+    ClipboardRows rows;
+    // Some programs end the text with a zero.
+    text = text.substr(0, text.find('\0'));
+    std::size_t at = 0;
+    while (at < text.size()) {
+        std::vector<std::string>& row = rows.emplace_back();
+        row.push_back(Take_Cell(text, at));
+        while (at < text.size() && text[at] == '\t') row.push_back(Take_Cell(text, ++at));
+        if (at < text.size() && text[at] == '\r') ++at;
+        if (at < text.size() && text[at] == '\n') ++at;
+    }
+    return rows;
+}
+
+std::vector<BlockRow> Block_At(const ClipboardRows& rows, std::span<const Currency> lines,
+                               std::span<const GridColumn* const> columns) {
+    std::vector<BlockRow> block;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        BlockRow& row = block.emplace_back();
+        if (i < lines.size()) row.line = lines[i];
+        for (std::size_t k = 0; k < rows[i].size(); ++k) {
+            row.cells.push_back({k < columns.size() ? columns[k] : nullptr, rows[i][k]});
+        }
+    }
+    return block;
+}
+
+BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::string_view what) {
+    BlockOutcome outcome;
+    Job job(db);
+    {
+        const OpenForm::OneStep step(form, std::string(what));
+        BlockEntry entry(form, outcome);
+        for (const BlockRow& row : rows) entry.Enter_Row(row);
+    }
+    form.Follow_Changes();
+    job.Commit();
+    return outcome;
+}
+
+std::vector<Platform::BatchMessage> Block_Messages(const OpenForm& form, const BlockOutcome& outcome) {
+    std::vector<Platform::BatchMessage> messages;
+    for (const BlockNote& note : outcome.notes) {
+        std::string place;
+        if (note.line && !form.Description().order.empty()) place = Sql("Line ", *note.line);
+        if (const GridColumn* column = note.column.empty() ? nullptr : form.Find_Column(note.column)) {
+            const std::string& name = column->label.empty() ? column->field : column->label;
+            place += (place.empty() ? "" : ", ") + name;
+        }
+        if (!place.empty()) place += " ";
+        messages.push_back(
+            {note.refused ? "E" : "W", form.Worksheet().Name(), Sql(place, "['", note.text, "']: ", note.reason)});
+    }
+    return messages;
+}
+
+}  // namespace tallmar

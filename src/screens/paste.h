@@ -1,0 +1,50 @@
+// Many cells at once: what the clipboard holds goes into a form from a cell on, one text fills a selection, Delete
+// clears one. Each cell goes through its check; nothing is shown meanwhile, and what was refused comes back as a list.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/platform.h"
+#include "screens/cell_entry.h"
+
+namespace tallmar {
+
+// Rows of cells as spreadsheets put them on the clipboard: tabs between cells, CR LF, LF or CR between rows and at the
+// end; a cell in quotes may hold them all, and its quotes doubled.
+using ClipboardRows = std::vector<std::vector<std::string>>;
+ClipboardRows Parse_Clipboard(std::string_view text);
+
+struct BlockCell {
+    const GridColumn* column;  // null: beyond the last
+    std::string text;
+};
+struct BlockRow {
+    std::optional<Currency> line;  // none: beyond the last; the row is added where the form has an Add
+    std::vector<BlockCell> cells;
+};
+// `lines` and `columns` as the form shows them, from the cell on.
+std::vector<BlockRow> Block_At(const ClipboardRows& rows, std::span<const Currency> lines,
+                               std::span<const GridColumn* const> columns);
+
+struct BlockNote {
+    std::optional<Currency> line;
+    std::string column, text, reason;
+    bool refused = true;  // else taken, as the reason says
+};
+struct BlockOutcome {
+    std::size_t cells = 0, rows = 0;  // that were stored
+    std::vector<BlockNote> notes;
+};
+// One Job and one step of the undo, which `what` names: "paste". A cell that would hold what it holds is passed over,
+// locked or not. Requires that nothing is entered in the form's row. DbError of what follows the rows reaches the
+// caller; the rows are stored then.
+BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::string_view what);
+
+// The notes as the list of messages shows them.
+std::vector<Platform::BatchMessage> Block_Messages(const OpenForm& form, const BlockOutcome& outcome);
+
+}  // namespace tallmar

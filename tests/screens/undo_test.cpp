@@ -1,0 +1,258 @@
+// What a form stored is taken back step by step.
+#include <optional>
+
+#include "report/open_report.h"
+#include "screens/cell_entry.h"
+#include "screens/entry_test.h"
+#include "screens/forms.h"
+
+namespace tallmar {
+
+namespace {
+
+// Enters one cell and leaves the row, as the grid does.
+std::string Key(OpenForm& form, Currency line, std::string_view column, std::string_view text) {
+    if (!form.Go_To(line)) return "no such line";
+    CellOutcome outcome = form.Enter(*form.Find_Column(column), text);
+    if (outcome.stored) outcome = form.Leave_Row();
+    if (!outcome.stored) form.Cancel_Row();
+    form.Follow_Changes();
+    return outcome.stored ? "stored" : outcome.title;
+}
+
+std::int64_t Rows_Of(std::string_view table) {
+    return db.Read_Row("SELECT Count(*) AS Cnt FROM " + std::string(table) + ";")["Cnt"].To_Long();
+}
+
+}  // namespace
+
+TEST(Undo, PutsBackARowAsItWas) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    EXPECT_FALSE(form.Can_Undo());
+    ASSERT_TRUE(form.Go_To(6_cur));
+    ASSERT_TRUE(form.Enter(*form.Find_Column("1"), "1200").stored);
+    ASSERT_TRUE(form.Enter(*form.Find_Column("5"), "(70)").stored);
+    EXPECT_FALSE(form.Can_Undo()) << "nothing is stored yet";
+    EXPECT_TRUE(form.Has_Entries());
+    ASSERT_TRUE(form.Leave_Row().stored);
+    EXPECT_FALSE(form.Has_Entries());
+    ASSERT_EQ(Key(form, 7_cur, "1", "5"), kStored);
+
+    UndoOutcome undone = form.Undo();
+    EXPECT_EQ(undone.line, 7_cur);
+    EXPECT_EQ(undone.text, "Worksheet A, line 7: 1 cell taken back.");
+    EXPECT_CELL("A", 7, 1, 0_cur);
+    EXPECT_CELL("A", 6, 1, 1200_cur);
+    undone = form.Undo();
+    EXPECT_EQ(undone.text, "Worksheet A, line 6: 2 cells taken back.");
+    EXPECT_TRUE(undone.kept.empty());
+    EXPECT_CELL("A", 6, 1, 0_cur);
+    EXPECT_CELL("A", 6, 5, 0_cur);
+    EXPECT_FALSE(form.Can_Undo());
+}
+
+TEST(Undo, PutsBackNull) {
+    Report r(fy2016);
+    OpenForm form(kEditS2, "S2");
+    ASSERT_EQ(Key(form, 1_cur, "1", "418 Old Mill Road"), kStored);
+    form.Undo();
+    EXPECT_CELL("S2", 1, 1, Null);
+}
+
+TEST(Undo, WhatWasTypedAgainIsNoStep) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    ASSERT_EQ(Key(form, 6_cur, "1", "0"), kStored);
+    EXPECT_FALSE(form.Can_Undo());
+}
+
+TEST(Undo, KeepsWhatChangedSince) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    ASSERT_TRUE(form.Go_To(6_cur));
+    ASSERT_TRUE(form.Enter(*form.Find_Column("1"), "1200").stored);
+    ASSERT_TRUE(form.Enter(*form.Find_Column("5"), "70").stored);
+    ASSERT_TRUE(form.Leave_Row().stored);
+    r.Cell("A", 6, 5, 99_cur);
+    const UndoOutcome undone = form.Undo();
+    EXPECT_EQ(undone.text, "Worksheet A, line 6: 1 cell taken back.");
+    ASSERT_EQ(undone.kept.size(), 1U);
+    EXPECT_EQ(undone.kept.front(), "Worksheet A, line 6, Other Costs: changed since then and kept.");
+    EXPECT_CELL("A", 6, 1, 0_cur);
+    EXPECT_CELL("A", 6, 5, 99_cur);
+}
+
+TEST(Undo, TellsOfALineThatIsGone) {
+    Report r(fy2016);
+    OpenForm form(kEditF, "F");
+    ASSERT_EQ(Key(form, 5_cur, "1", "7"), kStored);
+    r.Execute("DELETE FROM F WHERE LineNum = 5;");
+    const UndoOutcome undone = form.Undo();
+    EXPECT_EQ(undone.text, "Worksheet F, line 5: nothing taken back.");
+    EXPECT_EQ(undone.kept, std::vector<std::string>{"Worksheet F, line 5 is no longer there."});
+    EXPECT_FALSE(form.Can_Undo());
+}
+
+TEST(Undo, ACalculationLeavesTheHistory) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
+    r.Calc();
+    EXPECT_TRUE(form.Undo().kept.empty());
+    EXPECT_CELL("A", 6, 1, 0_cur);
+    EXPECT_CELL("A", 6, 6, 1200_cur) << "computed cells wait for the next calculation";
+}
+
+TEST(Undo, TakesARowBackThatAddMade) {
+    Report r(fy2016);
+    OpenForm form(kEditA4, "A4");
+    EXPECT_EQ(form.Add_Row({}), 1_cur);
+    EXPECT_EQ(form.Add_Row(1_cur), 2_cur);
+    ASSERT_EQ(Key(form, 1_cur, "Explanation", "Insurance"), kStored);
+    ASSERT_EQ(Key(form, 1_cur, "3", "5"), kStored);
+    EXPECT_CELL("A4", 1, 2, "Administrative & General");
+    EXPECT_EQ(form.Undo().text, "Worksheet A4, line 1: 1 cell taken back.") << "the name beside it is not counted";
+    EXPECT_CELL("A4", 1, 2, Null);
+    form.Undo();
+    EXPECT_EQ(form.Undo().text, "Worksheet A4: taken back: line 2 added.");
+    EXPECT_EQ(form.Undo().line, 1_cur);
+    EXPECT_EQ(Rows_Of("A4"), 1);
+}
+
+TEST(Undo, BringsARemovedLineBackAndMovesTheOthers) {
+    Report r(fy2016);
+    OpenForm form(kEditA4, "A4");
+    for (int i = 0; i < 3; ++i) form.Add_Row({});
+    for (const auto& [line, text] : {std::pair{1_cur, "one"}, {2_cur, "two"}, {3_cur, "three"}}) {
+        ASSERT_EQ(Key(form, line, "Explanation", text), kStored);
+    }
+    form.Remove_Row(2_cur);
+    EXPECT_CELL("A4", 2, "Explanation", "three");
+    EXPECT_EQ(form.Undo().text, "Worksheet A4: taken back: line 2 removed.");
+    EXPECT_CELL("A4", 1, "Explanation", "one");
+    EXPECT_CELL("A4", 2, "Explanation", "two");
+    EXPECT_CELL("A4", 3, "Explanation", "three");
+    EXPECT_CELL("A4", 2, 4, 0_cur);
+    EXPECT_EQ(Rows_Of("A4"), 4);
+}
+
+TEST(Undo, LeavesMovedLinesThatChangedSince) {
+    Report r(fy2016);
+    OpenForm form(kEditA4, "A4");
+    for (int i = 0; i < 3; ++i) form.Add_Row({});
+    ASSERT_EQ(Key(form, 3_cur, "Explanation", "three"), kStored);
+    form.Remove_Row(2_cur);
+    r.Cell("A4", 2, "Explanation", "from elsewhere");
+    const UndoOutcome undone = form.Undo();
+    EXPECT_EQ(undone.text, "Worksheet A4, line 2: nothing taken back.");
+    EXPECT_EQ(undone.kept, std::vector<std::string>{"Worksheet A4, line 2: changed since then and kept."});
+    EXPECT_EQ(Rows_Of("A4"), 3);
+}
+
+TEST(Undo, TheFormsOwnLineIsNoStepOfDelete) {
+    Report r(fy2016);
+    OpenForm form(kEditA5, "A5");
+    form.Remove_Row(3_cur);
+    EXPECT_FALSE(form.Can_Undo());
+}
+
+TEST(Undo, AddAndDeleteOfEveryFormGoBack) {
+    struct Case {
+        const char* item;
+        const FormDescription& form;
+        Currency current;
+    };
+    for (const auto& [item, description, current] :
+         {Case{"A4", kEditA4, {}}, Case{"A5", kEditA5, 13_cur}, Case{"A6pB", kEditA6pB, 1_cur},
+          Case{"A6pC", kEditA6pC, 1_cur}, Case{"S3p3", kEditS3p3, {}}, Case{"D1", kEditD1, 3.5_cur},
+          Case{"F1", kEditF1, 6_cur}, Case{"F2", kEditF2, 5_cur}}) {
+        Report r(fy2016);
+        OpenForm form(description, item);
+        const TableState before = Read_State(item, description.where);
+        const Currency line = form.Add_Row(current);
+        const TableState added = Read_State(item, description.where);
+        ASSERT_EQ(added.rows.size(), before.rows.size() + 1) << item;
+        form.Remove_Row(line);
+        EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
+        form.Undo();
+        EXPECT_TRUE(Difference(added, Read_State(item, description.where)).rows.empty()) << item;
+        form.Undo();
+        EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
+    }
+}
+
+TEST(Undo, TheSplitOfLineFiveFollowsBack) {
+    Report r(fy2016);
+    OpenForm form(kEditS2, "S2");
+    ASSERT_EQ(Key(form, 26_cur, "1", "1"), kStored);
+    EXPECT_EQ(r.platform.formClosings, 1);
+    EXPECT_CELL("CostCenters", 5.01, "LineType", "U");
+    EXPECT_EQ(AGOption, 1);
+    form.Undo();
+    EXPECT_EQ(r.platform.formClosings, 2);
+    EXPECT_CELL("S2", 26, 1, Null);
+    EXPECT_CELL("CostCenters", 5, "LineType", "S");
+    EXPECT_EQ(AGOption, 0);
+}
+
+TEST(Undo, TheSplitStaysWhereFormsAreToStayOpen) {
+    Report r(fy2016);
+    OpenForm form(kEditS2, "S2");
+    ASSERT_EQ(Key(form, 26_cur, "1", "1"), kStored);
+    r.platform.closeFormsCancelled = true;
+    EXPECT_EQ(form.Undo().text, "Worksheet S2, line 26: nothing taken back.");
+    EXPECT_CELL("S2", 26, 1, "1");
+}
+
+namespace {
+
+// A-G is spread on accumulated cost: column CC_500 warns.
+constexpr const char* kExclusion =
+    "Warning: Modifying A Statistic Belonging To An 'Accumulated Costs' Type Cost Center";
+
+}  // namespace
+
+TEST(Undo, TakesBackWhatACheckWroteElsewhere) {
+    Report r(fy2016);
+    OpenForm form(kEditB1, "B1");
+    r.platform.Expect_Box_Starting(kExclusion, "The statistic you just modified");
+    ASSERT_EQ(Key(form, 6_cur, "CC_500", "40"), kStored);
+    EXPECT_EQ(Rows_Of("B1X"), 1);
+    EXPECT_CELL("B1", 6, "CC_500", 40.0);
+    form.Undo();
+    EXPECT_EQ(Rows_Of("B1X"), 0);
+    EXPECT_CELL("B1", 6, "CC_500", 0.0);
+}
+
+TEST(Undo, ARowGivenUpLeavesNothingElsewhere) {
+    Report r(fy2016);
+    OpenForm form(kEditB1, "B1");
+    r.platform.Expect_Box_Starting(kExclusion, "The statistic you just modified");
+    ASSERT_TRUE(form.Go_To(6_cur));
+    ASSERT_TRUE(form.Enter(*form.Find_Column("CC_500"), "40").stored);
+    EXPECT_EQ(Rows_Of("B1X"), 1);
+    form.Cancel_Row();
+    EXPECT_EQ(Rows_Of("B1X"), 0);
+    EXPECT_FALSE(form.Can_Undo());
+}
+
+TEST(Undo, ACodeComesBackWithWhatWasKeyedForIt) {
+    Report r(fy1999);
+    OpenForm form(kEditS3p3, "S3p3");
+    const Currency line = form.Add_Row({});
+    ASSERT_EQ(Key(form, line, "1", "1600"), kStored);
+    ASSERT_EQ(Enter("Cp2m1600", "1", "5", "44").title, "");
+    EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
+    form.Remove_Row(line);
+    EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
+    form.Undo();
+    ASSERT_TRUE(db.TableDefs().Has("Cp2m1600"));
+    EXPECT_CELL("S3p3", line, 1, "1600");
+    EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
+    EXPECT_EQ(gblMSACodes, std::vector<std::string>{"1600"});
+    form.Undo();
+    EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
+}
+
+}  // namespace tallmar
