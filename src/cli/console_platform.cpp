@@ -81,6 +81,12 @@ Date ConsolePlatform::Now() {
                              std::min(local.tm_sec, 59)});
 }
 
+void ConsolePlatform::Open_Document(std::string_view path) {
+    std::string text = "There is no window here to open the document ";
+    text += path;
+    Message_Box(text + " in.", kExclamation, "Error: Document Not Opened");
+}
+
 void ConsolePlatform::End_Program() {
     err_ << std::flush;
     std::_Exit(1);

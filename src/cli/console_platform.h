@@ -45,8 +45,9 @@ class ConsolePlatform final : public Platform {
     void Set_Enabled(std::string_view, bool) override {}
     void Set_Visible(std::string_view, bool) override {}
     void Set_Text(std::string_view, std::string_view) override {}
-    bool Close_All_Forms() override { return false; }
+    bool Close_All_Forms(std::string_view) override { return false; }
     void Refresh_Menus() override {}
+    void Open_Document(std::string_view path) override;
     [[noreturn]] void End_Program() override;
 
   private:

@@ -68,10 +68,15 @@ class Platform {
     virtual void Set_Enabled(std::string_view control, bool enabled) = 0;
     virtual void Set_Visible(std::string_view control, bool visible) = 0;
     virtual void Set_Text(std::string_view control, std::string_view text) = 0;
-    // Closes every worksheet form. True when the user cancelled.
-    virtual bool Close_All_Forms() = 0;
+    // Closes every worksheet form except the one named `but`, which asks for it: "frmEditS2". True when the user
+    // cancelled.
+    virtual bool Close_All_Forms(std::string_view but = {}) = 0;
     // The main window's activate step.
     virtual void Refresh_Menus() = 0;
+    // Opens a document with the verb "Open". Where that fails a box says so.
+    virtual void Open_Document(std::string_view path) = 0;
+    // A report stays open between what the user does; others want to know of it.
+    virtual bool Keeps_Reports_Open() const { return false; }
     // Ends the program on the spot after an unrecoverable trouble.
     [[noreturn]] virtual void End_Program() = 0;
 };

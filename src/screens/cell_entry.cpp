@@ -40,20 +40,14 @@ std::string Where_Line(const FormDescription& form, Currency line) {
 
 }  // namespace
 
-std::string Form_Query(const FormDescription& form, const Item& item) {
-    std::string query = Sql("SELECT * FROM ", item.Name());
-    if (!form.where.empty()) query += Sql(" WHERE ", form.where);
-    if (!form.order.empty()) query += Sql(" ORDER BY ", form.order);
-    return query + ";";
-}
-
 void Show_Refusal(const CellOutcome& outcome) {
     if (outcome.stored || outcome.shown) return;
     The_Platform().Beep();
     The_Platform().Message_Box(outcome.text, kStop, outcome.title);
 }
 
-OpenForm::OpenForm(const FormDescription& form, Item item) : form_(form), item_(std::move(item)) {
+OpenForm::OpenForm(const FormDescription& form, Item item)
+    : form_(form), item_(std::move(item)), table_(Form_Table(form, item_)) {
     std::vector<GridColumn> described;
     for (const FormColumn& column : form.columns) {
         described.push_back({.field = std::string(column.field),
@@ -66,7 +60,7 @@ OpenForm::OpenForm(const FormDescription& form, Item item) : form_(form), item_(
     }
     if (form.moreColumns != nullptr) std::ranges::move(form.moreColumns(item_), std::back_inserter(described));
 
-    const TableDef table = db.TableDefs().Item(item_.Name());
+    const TableDef table = db.TableDefs().Item(table_);
     for (const FieldDef& field : table.Shape().fields) {
         GridColumn column{.field = field.name, .number = {}, .label = {}, .format = {}, .hidden = true, .tag = {}};
         const auto found =
@@ -90,9 +84,7 @@ const GridColumn* OpenForm::Find_Column(std::string_view column) const {
 }
 
 bool OpenForm::Go_To(Currency line) {
-    std::string query = Sql("SELECT * FROM ", item_.Name(), Where_Line(form_, line));
-    if (!form_.where.empty()) query += Sql(form_.order.empty() ? " WHERE (" : " AND (", form_.where, ")");
-    Row row = db.Read_Row(query + ";");
+    Row row = db.Read_Row(Row_Query(form_, item_, line));
     if (!row && (form_.canMake == nullptr || !form_.canMake(line))) return false;
     row_ = RowUnderEdit(line, std::move(row));
     sidesBefore_.reset();
@@ -146,7 +138,7 @@ CellOutcome OpenForm::Leave_Row() {
 }
 
 CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
-    std::string update = Sql("UPDATE ", item_.Name(), " SET ");
+    std::string update = Sql("UPDATE ", table_, " SET ");
     std::string_view separator;
     for (const auto& [field, value] : row_.Entered()) {
         update += Sql(separator, field, "=", value);
@@ -155,8 +147,8 @@ CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
     try {
         if (!row_.Exists()) {
             const std::string_view comma = form_.newRow.fields.empty() ? "" : ", ";
-            db.Execute(Sql("INSERT INTO ", item_.Name(), " (LineNum", comma, form_.newRow.fields, ") VALUES (",
-                           row_.Line(), comma, form_.newRow.values, ");"));
+            db.Execute(Sql("INSERT INTO ", table_, " (LineNum", comma, form_.newRow.fields, ") VALUES (", row_.Line(),
+                           comma, form_.newRow.values, ");"));
         }
         db.Execute(Sql(update, Where_Line(form_, row_.Line()), ";"));
     } catch (const DbError& error) {

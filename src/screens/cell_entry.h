@@ -95,6 +95,7 @@ class OpenForm {
 
     const FormDescription& form_;
     Item item_;
+    std::string table_;
     std::vector<GridColumn> columns_;  // in the order of the table
     RowUnderEdit row_;
     bool changed_ = false;                                // rows were stored since Follow_Changes

@@ -1,6 +1,7 @@
 // How a cell reads: as the grid shows it, and as its editor takes it up.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 
@@ -8,16 +9,19 @@
 
 namespace tallmar {
 
-// Formatted: "(1,200)", "5.01", "Yes" for a "Y" of a cell with a pop-up list. Null is "".
+// Formatted: "(1,200)", "5.01", "Yes" for a "Y" of a cell with a pop-up list. Null is "". Without a format of its own
+// an amount, a line number among them, shows no decimals or two: "5", "13.20"; a date mm/dd/yyyy.
 std::string Cell_Text(const FormDescription& form, const CellPlace& place);
-// Plain: "-1200", "Y". What a copy puts on the clipboard, too.
+// Plain: "-1200", "Y". What a copy puts on the clipboard, too. Entered again it gives the same value.
 std::string Edit_Text(const Value& value);
 
-// A Null cell of a figure is shaded on the form.
+// A Null cell of a figure is shaded on the form. On an edit form where Null is no shade such a cell takes an entry and
+// is not.
 bool Is_Shaded(const FormDescription& form, const GridColumn& column, const Value& value);
-// Figures stand to the right.
+// A numbered column of the form that holds numbers. Figures stand to the right.
 bool Is_Figure(const GridColumn& column);
-// The leading columns without a number: line, group, name. They stay in sight.
+// The leading columns without a number, up to the first that holds names: line, group, name. They stay in sight. At
+// least one column is left to move.
 std::size_t Frozen_Columns(std::span<const GridColumn> shown);
 // A row whose name says that it is a total or subtotal.
 bool Is_Total_Row(const Row& row, std::span<const GridColumn> columns);

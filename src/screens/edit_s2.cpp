@@ -21,6 +21,7 @@ constexpr std::array kColumns{
     FormColumn{"Col_3", "3", "N/A", CellKind::Own, 16},
 };
 
+constexpr std::string_view kForm = "frmEditS2";
 constexpr Currency kOptionLine = 26_cur;
 
 // Line 13 is computed and line 27 a heading. Line 29.02 has a use for all three columns: the edit checks ask for them.
@@ -102,9 +103,9 @@ CellResult Already_Answered(const BoxText& box) {
     return result;
 }
 
-// The exchange of 5.00 and 5.01 reshapes worksheets that may be on the screen.
+// The exchange of 5.00 and 5.01 reshapes worksheets that may be on the screen; this form waits for the answer.
 bool Forms_Stay_Open() {
-    return The_Platform().Close_All_Forms();
+    return The_Platform().Close_All_Forms(kForm);
 }
 
 CellResult Check(const CellPlace& place, std::string_view text) {
@@ -148,7 +149,7 @@ FormHooks& Form_Hooks() {
     return hooks;
 }
 
-constinit const FormDescription kEditS2{.name = "frmEditS2",
+constinit const FormDescription kEditS2{.name = kForm,
                                         .columns = kColumns,
                                         .locked = Locked,
                                         .check = Check,

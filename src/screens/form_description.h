@@ -120,9 +120,10 @@ struct SideTable {
 
 struct FormDescription {
     std::string_view name;               // "frmEditA"
+    std::string_view table = {};         // empty: the item names it
     std::string_view where = {};         // the rows shown; empty: all
     std::string_view order = "LineNum";  // empty: the table has no LineNum
-    std::span<const FormColumn> columns;
+    std::span<const FormColumn> columns = {};
     // Columns that hang on the report, behind the others.
     std::vector<GridColumn> (*moreColumns)(const Item&) = nullptr;
     bool (*hidden)(std::string_view field) = nullptr;
@@ -160,7 +161,10 @@ struct FormDescription {
     std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
 };
 
+std::string Form_Table(const FormDescription& form, const Item& item);
 // "SELECT * FROM A WHERE LineNum < 29 ORDER BY LineNum;"
 std::string Form_Query(const FormDescription& form, const Item& item);
+// The row of one line, where the form shows it; on a table without LineNum its first row.
+std::string Row_Query(const FormDescription& form, const Item& item, Currency line);
 
 }  // namespace tallmar

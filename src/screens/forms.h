@@ -14,6 +14,9 @@ extern const FormDescription kViewA, kViewA1, kViewA2, kViewA3, kViewA4, kViewA5
     kViewCp4, kViewCp5, kViewDp1, kViewDp2, kViewD1, kViewF, kViewF1, kViewF2, kViewS2, kViewS21, kViewS3p1, kViewS3p2,
     kViewS3p3, kViewS3p4, kViewSp2;
 
+// Of tables that are no worksheets.
+extern const FormDescription kViewCCs, kHeaderLines;
+
 // Steps of other worksheets that follow an entry. The catalogue sets what the house has; null: nothing follows.
 struct FormHooks {
     // A hospice's name was entered on its S-2 line: its worksheets are built.

@@ -29,7 +29,7 @@ void OpenForm::Record_Row(const RowUnderEdit& stored) {
     if (auto sides = std::exchange(sidesBefore_, std::nullopt)) part.sidesBefore = std::move(*sides);
     const std::string where = Where(form_, stored.Line());
     if (stored.Exists()) {
-        const Row now = db.Read_Row(Sql("SELECT * FROM ", item_.Name(), where.empty() ? "" : " WHERE ", where, ";"));
+        const Row now = db.Read_Row(Sql("SELECT * FROM ", table_, where.empty() ? "" : " WHERE ", where, ";"));
         if (!now) return;
         for (const auto& [field, entered] : stored.Entered()) {
             const Value& before = stored.Stored(field);
@@ -38,7 +38,7 @@ void OpenForm::Record_Row(const RowUnderEdit& stored) {
         // What was typed again as it stood is no step.
         if (part.cells.empty() && part.sidesBefore.empty()) return;
     } else {
-        const TableState now = Read_State(item_.Name(), where);
+        const TableState now = Read_State(table_, where);
         part.structure = Difference({now.table, now.fields, {}}, now);
     }
     Record(std::move(part), "");
@@ -73,25 +73,25 @@ OpenForm::OneStep::~OneStep() {
 // Of the rows that the form shows; what stands behind them follows from them.
 Currency OpenForm::Add_Row(Currency current) {
     Job job(db);
-    const TableState before = Read_State(item_.Name(), form_.where);
+    const TableState before = Read_State(table_, form_.where);
     Currency line;
     try {
         line = form_.add(item_, current);
     } catch (const DbError&) {
         // Lines may have moved already. The job may be a paste's: what that has stored stays.
-        Put_Back(Difference(before, Read_State(item_.Name(), form_.where)));
+        Put_Back(Difference(before, Read_State(table_, form_.where)));
         throw;
     }
     job.Commit();
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
-    part.structure = Difference(before, Read_State(item_.Name(), form_.where));
+    part.structure = Difference(before, Read_State(table_, form_.where));
     Record(std::move(part), Sql("line ", line, " added"));
     return line;
 }
 
 void OpenForm::Remove_Row(Currency line) {
     Job job(db);
-    const TableState before = Read_State(item_.Name(), form_.where);
+    const TableState before = Read_State(table_, form_.where);
     std::vector<TableState> sides = Read_Sides(form_.sides, line);
     try {
         form_.remove(item_, line);
@@ -101,7 +101,7 @@ void OpenForm::Remove_Row(Currency line) {
     }
     job.Commit();
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
-    part.structure = Difference(before, Read_State(item_.Name(), form_.where));
+    part.structure = Difference(before, Read_State(table_, form_.where));
     // A line of the form's own stays.
     if (part.structure->rows.empty()) return;
     part.sides = Differences(sides, Read_Sides(form_.sides, line));
@@ -111,7 +111,7 @@ void OpenForm::Remove_Row(Currency line) {
 // Rows that moved can only go back together: none may have been changed since. Computed cells do not count.
 bool OpenForm::Still_Stands(const TableChange& change) const {
     for (const RowChange& row : change.rows) {
-        const TableState now = Read_State(item_.Name(), Where(form_, row.line));
+        const TableState now = Read_State(table_, Where(form_, row.line));
         if (now.fields != change.fields || now.rows.empty() != row.after.empty()) return false;
         for (std::size_t i = 0; i < row.after.size(); ++i) {
             const GridColumn* column = Find_Column(now.fields[i]);

@@ -70,6 +70,7 @@ TEST(EnterS2, TheOptionExchangesLineFive) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S2", "26", "1", "1"), kStored);
     EXPECT_EQ(r.platform.formClosings, 1);
+    EXPECT_EQ(r.platform.formLeftOpen, "frmEditS2") << "the form that asks";
     EXPECT_EQ(AGOption, 1);
     EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
     EXPECT_EQ(r.Read("SELECT Count(*) FROM CostCenters WHERE LineNum = 5;"), Value(0));

@@ -112,7 +112,8 @@ void FakePlatform::Save_Setting(std::string_view application, std::string_view s
     settings[{std::string(application), std::string(section), std::string(key)}] = value;
 }
 
-bool FakePlatform::Close_All_Forms() {
+bool FakePlatform::Close_All_Forms(std::string_view but) {
+    formLeftOpen = but;
     ++formClosings;
     return closeFormsCancelled;
 }

@@ -41,6 +41,7 @@ class FakePlatform : public Platform {
     std::string programFolder = "no-program-folder";
     std::string dataFolder;            // empty: nothing is kept
     bool closeFormsCancelled = false;  // what Close_All_Forms answers
+    bool keepsReportsOpen = false;     // a desktop
     std::function<void()> onEvents;    // runs at each Do_Events; whoever waits for the clock needs an Advance here
 
     // ---- What happened.
@@ -64,6 +65,8 @@ class FakePlatform : public Platform {
     std::map<Setting, std::string> settings;
     std::map<std::string, bool, std::less<>> enabled, visible;  // the last state of each control
     std::map<std::string, std::string, std::less<>> texts;
+    std::string formLeftOpen;  // at the last Close_All_Forms
+    std::vector<std::string> documents;
     bool hourglass = false;
     int beeps = 0, events = 0, menuRefreshes = 0, formClosings = 0;
 
@@ -86,8 +89,10 @@ class FakePlatform : public Platform {
     void Set_Enabled(std::string_view control, bool on) override { enabled[std::string(control)] = on; }
     void Set_Visible(std::string_view control, bool on) override { visible[std::string(control)] = on; }
     void Set_Text(std::string_view control, std::string_view text) override { texts[std::string(control)] = text; }
-    bool Close_All_Forms() override;
+    bool Close_All_Forms(std::string_view but = {}) override;
     void Refresh_Menus() override { ++menuRefreshes; }
+    void Open_Document(std::string_view path) override { documents.emplace_back(path); }
+    bool Keeps_Reports_Open() const override { return keepsReportsOpen; }
     [[noreturn]] void End_Program() override { throw ProgramEnded{}; }
 
   private:

@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "common/db/execute.h"
 #include "common/db/recordset_state.h"
 #include "common/db/statement.h"
@@ -37,15 +39,15 @@ bool Has_Word(std::string_view shape, std::string_view word) {
 
 const Value& Row::operator[](std::string_view name) const {
     static const Value kNothing;
-    for (std::size_t i = 0; i < names_.size(); ++i) {
-        if (Same_Text(names_[i], name)) return values_.empty() ? kNothing : values_[i];
+    for (std::size_t i = 0; names_ != nullptr && i < names_->size(); ++i) {
+        if (Same_Text((*names_)[i], name)) return values_.empty() ? kNothing : values_[i];
     }
     throw DbError(DbErrorCode::ItemNotFound, name);
 }
 
 const Value& Row::operator[](int position) const {
     static const Value kNothing;
-    if (position < 0 || static_cast<std::size_t>(position) >= names_.size()) {
+    if (names_ == nullptr || position < 0 || static_cast<std::size_t>(position) >= names_->size()) {
         throw DbError(DbErrorCode::ItemNotFound, std::to_string(position));
     }
     return values_.empty() ? kNothing : values_[static_cast<std::size_t>(position)];
@@ -78,7 +80,15 @@ Recordset Database::OpenRecordset(std::string_view source, RecordsetType type) {
 }
 
 Row Database::Read_Row(std::string_view select) {
-    return Read_First_Row(Open_Connection(connection_), select);
+    std::vector<Row> rows;
+    Row names = Read_Whole_Rows(Open_Connection(connection_), select, 1, rows);
+    return rows.empty() ? names : std::move(rows.front());
+}
+
+std::vector<Row> Database::Read_Rows(std::string_view select) {
+    std::vector<Row> rows;
+    Read_Whole_Rows(Open_Connection(connection_), select, std::numeric_limits<std::size_t>::max(), rows);
+    return rows;
 }
 
 void Database::Write_Label(std::string_view table, std::string_view field, Currency line, std::string_view label) {

@@ -145,12 +145,15 @@ class TableDefs {
     std::shared_ptr<db_detail::Connection> connection_;
 };
 
-// One row read whole: the answer to a statement that gives a single one.
+// One row read whole.
 class Row {
   public:
     Row() = default;
+    // Rows of one table share their names.
+    using Names = std::shared_ptr<const std::vector<std::string>>;
+    Row(Names names, std::vector<Value> values) : names_(std::move(names)), values_(std::move(values)) {}
     Row(std::vector<std::string> names, std::vector<Value> values)
-        : names_(std::move(names)), values_(std::move(values)) {}
+        : Row(std::make_shared<const std::vector<std::string>>(std::move(names)), std::move(values)) {}
     // False where the statement gave no row; every value then reads as Null.
     explicit operator bool() const { return !values_.empty(); }
     // Without regard to case. Throws ItemNotFound for a name that the statement has not.
@@ -158,7 +161,7 @@ class Row {
     const Value& operator[](int position) const;
 
   private:
-    std::vector<std::string> names_;
+    Names names_;  // null in a row of nothing
     std::vector<Value> values_;
 };
 
@@ -176,6 +179,8 @@ class Database {
     Recordset OpenRecordset(std::string_view source, RecordsetType type = RecordsetType::Dynaset);
     // The first row of a SELECT, as a snapshot.
     Row Read_Row(std::string_view select);
+    // All of them.
+    std::vector<Row> Read_Rows(std::string_view select);
 
     // Writes a label of the form into a text field of the row of `line`. The field's size, the limit of what a person
     // may type, does not bind the form's own words: a few of them are longer.

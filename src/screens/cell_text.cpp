@@ -1,0 +1,96 @@
+#include "screens/cell_text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/dates.h"
+#include "common/format.h"
+#include "common/numbers.h"
+#include "common/variant.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kCents = "0.00";
+constexpr std::string_view kDate = "mm/dd/yyyy";
+constexpr int kCentPlaces = 2;
+
+// From this size on a text is a name or a description, not a code.
+constexpr int kNameSize = 20;
+
+constexpr std::array<std::string_view, 3> kTotalWords{"TOTAL", "SUBTOTAL", "SUB-TOTAL"};
+constexpr std::string_view kWordEnds = " S(:-";  // "TOTALS" as well
+
+bool Is_Text(FieldType type) {
+    return type == FieldType::Text || type == FieldType::Memo || type == FieldType::Char;
+}
+bool Is_Name(const GridColumn& column) {
+    return column.type == FieldType::Memo || (column.type == FieldType::Text && column.size >= kNameSize);
+}
+bool Is_Number(FieldType type) {
+    return !Is_Text(type) && type != FieldType::Date && type != FieldType::Boolean;
+}
+
+bool Is_Midnight(Date date) {
+    const CivilDate civil = To_Civil(date);
+    return civil.hour == 0 && civil.minute == 0 && civil.second == 0;
+}
+std::string Date_Text(Date date) {
+    return Is_Midnight(date) ? Format(date, kDate) : General_Date(date);
+}
+
+std::string Amount_Text(Currency amount) {
+    if (amount.Is_Whole() || !Is_Precise(amount.To_Double(), kCentPlaces)) return amount.To_Text();
+    return Format(amount, kCents);
+}
+
+}  // namespace
+
+std::string Cell_Text(const FormDescription& form, const CellPlace& place) {
+    const Value& value = place.row[place.column.field];
+    if (value.Is_Null()) return {};
+    if (const PopupList* list = form.popup == nullptr ? nullptr : form.popup(place)) {
+        const std::string text = value.To_Text();
+        const auto entry =
+            std::ranges::find_if(list->entries, [&](const PopupEntry& e) { return Same_Text(e.value, text); });
+        if (entry != list->entries.end()) return std::string(entry->shown);
+    }
+    if (!place.column.format.empty()) return Format(value, place.column.format);
+    if (value.Is<Currency>()) return Amount_Text(std::get<Currency>(value.Get()));
+    return Edit_Text(value);
+}
+
+std::string Edit_Text(const Value& value) {
+    if (value.Is<Date>()) return Date_Text(std::get<Date>(value.Get()));
+    return value.To_Text();
+}
+
+bool Is_Shaded(const FormDescription& form, const GridColumn& column, const Value& value) {
+    if (!value.Is_Null() || !Is_Figure(column)) return false;
+    return form.readOnly || form.nullIsShaded || column.kind == CellKind::Shown;
+}
+
+bool Is_Figure(const GridColumn& column) {
+    return !column.number.empty() && Is_Number(column.type);
+}
+
+std::size_t Frozen_Columns(std::span<const GridColumn> shown) {
+    std::size_t count = 0;
+    while (count + 1 < shown.size() && shown[count].number.empty()) {
+        if (Is_Name(shown[count++])) break;
+    }
+    return count;
+}
+
+bool Is_Total_Row(const Row& row, std::span<const GridColumn> columns) {
+    const auto name = std::ranges::find_if(columns, [](const GridColumn& c) { return !c.hidden && Is_Name(c); });
+    if (name == columns.end()) return false;
+    const std::string text = To_Upper(Trim(Nz_Str(row[name->field])));
+    return std::ranges::any_of(kTotalWords, [&](std::string_view word) {
+        return text.starts_with(word) &&
+               (text.size() == word.size() || kWordEnds.find(text[word.size()]) != kWordEnds.npos);
+    });
+}
+
+}  // namespace tallmar

@@ -1,0 +1,33 @@
+#include "screens/form_rows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/variant.h"
+#include "report/open_report.h"
+
+namespace tallmar {
+
+FormRows::FormRows(const FormDescription& form, Item item) : form_(form), item_(std::move(item)) {
+    Requery();
+}
+
+void FormRows::Requery() {
+    rows_ = db.Read_Rows(Form_Query(form_, item_));
+    lines_.assign(rows_.size(), Currency());
+    if (form_.order.empty()) return;
+    std::ranges::transform(rows_, lines_.begin(), [](const Row& row) { return Nz_Currency(row["LineNum"]); });
+}
+
+void FormRows::Reread(std::size_t at) {
+    if (form_.order.empty()) return Requery();
+    if (Row row = db.Read_Row(Row_Query(form_, item_, lines_[at]))) rows_[at] = std::move(row);
+}
+
+std::optional<std::size_t> FormRows::Find(Currency line) const {
+    const auto found = std::ranges::find(lines_, line);
+    if (found == lines_.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - lines_.begin());
+}
+
+}  // namespace tallmar
