@@ -3,6 +3,8 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <string_view>
+#include <vector>
 
 #include "screens/cell_entry.h"
 #include "screens/form_rows.h"
@@ -30,15 +32,19 @@ class GridModel : public QAbstractTableModel {
     Currency Line(int row) const;
     // -1 where the form shows no such line.
     int Row_Of(Currency line) const;
+    // The columns from the left that stay in sight.
     int Frozen() const { return frozen_; }
 
     // Reads everything again; the view's place is kept by line.
     virtual void Requery();
     // Labels of the columns behind the line number while the cursor is in `row`: questionnaires change them by row.
     void Show_Heads_Of(int row);
+    // A head as it stands in one piece: "4 Contracted Purchased Services".
+    QString Whole_Head(int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
+    // EditRole is the plain text of the value, as a copy takes it.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -46,15 +52,24 @@ class GridModel : public QAbstractTableModel {
   protected:
     // The value that the cell shows: of the table, or what was entered and not yet stored.
     virtual Value Cell(int row, const GridColumn& column) const;
+    // After one row was stored: reads it again and has it shown.
+    void Reread(int row);
     FormRows& Rows() { return rows_; }
     const FormRows& Rows() const { return rows_; }
 
   private:
+    QString Display_Text(int row, const GridColumn& column) const;
+    void Note_Totals();
+
     OpenForm& form_;
     FormRows rows_;
     std::vector<int> shown_;  // places in OpenForm::Columns
+    std::vector<bool> totals_;
     QStringList heads_;
     int frozen_ = 0;
+    // The row that was read last, as the rules take it: a table is painted row by row.
+    mutable int placed_ = -1;
+    mutable RowUnderEdit place_;
 };
 
 }  // namespace tallmar

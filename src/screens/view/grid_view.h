@@ -3,9 +3,14 @@
 #pragma once
 
 #include <QTableView>
+#include <optional>
+
+#include "common/currency.h"
+#include "screens/view/column_widths.h"
 
 namespace tallmar {
 
+class GridHead;
 class GridModel;
 
 class GridView : public QTableView {
@@ -17,6 +22,7 @@ class GridView : public QTableView {
     // The model must be a GridModel.
     void setModel(QAbstractItemModel* model) override;
     GridModel& Model() const;
+    GridHead& Head() const { return *head_; }
 
     // 50 to 300; 100 is the font of the desktop.
     void Set_Zoom(int percent);
@@ -30,11 +36,57 @@ class GridView : public QTableView {
     // regard to case. False where there is none.
     bool Find(const QString& text, bool backwards = false);
 
+    // The width of the columns that stay in sight while the others are scrolled; 0 where they would leave too little
+    // room for those.
+    int Frozen_Width() const;
+    // Widths that the person chose, by field; the others are the grid's own.
+    const ColumnWidths& Chosen_Widths() const { return chosen_; }
+    void Choose_Widths(ColumnWidths widths);
+    // Whether a column was given another width since Choose_Widths.
+    bool Widths_Changed() const { return widthsChanged_; }
+
+    QRect visualRect(const QModelIndex& index) const override;
+    QModelIndex indexAt(const QPoint& at) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
   signals:
     void Zoom_Changed(int percent);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
   private:
+    // Where the cursor stands and what is in sight.
+    struct Place {
+        Currency line;
+        int row, column, across, down;
+    };
+    void Keep_Place();
+    void Restore_Place();
+
+    // Font, widths and heights for the zoom.
+    void Scale();
+    void Set_Widths();
+    void Set_Heights();
+    void Take_Width(int column, int width);
+    void Widen_For(const QModelIndex& from, const QModelIndex& to);
+    bool Is_Shifted() const;
+    void Paint_Frozen(const QRect& part);
+
+    GridHead* head_;
     int zoom_ = 100;
+    int wheel_ = 0;  // eighths of a degree that were turned and not used yet
+    bool sizing_ = false;
+    ColumnWidths chosen_, own_;
+    bool widthsChanged_ = false;
+    std::optional<Place> place_;
 };
 
 }  // namespace tallmar

@@ -12,8 +12,11 @@
 #include "screens/view/grid_view.h"
 
 class QLabel;
+class QVBoxLayout;
 
 namespace tallmar {
+
+class FindBar;
 
 class WorksheetForm : public QWidget {
     Q_OBJECT
@@ -35,8 +38,11 @@ class WorksheetForm : public QWidget {
     virtual void Requery();
     // Tool tips of next and previous, enabled or not: the registry may have changed.
     void Refresh_Neighbours();
-    // The size at which the whole grid and the buttons are in sight (Size_Form_To_Grid).
+    // Ctrl+F, F3 and Shift+F3 of the form; the main window's menu may ask for it too.
+    void Open_Find();
+    // The size at which the whole grid and the buttons are in sight (Size_Form_To_Grid). The host holds it to its own.
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
   signals:
     // cmdOpenView, cmdOpenEdit, cmdNext, cmdPrevious.
@@ -51,26 +57,39 @@ class WorksheetForm : public QWidget {
 
   protected:
     WorksheetForm(FormMode mode, const FormDescription& description, Item item, QWidget* parent);
-    // Called by the constructors of the two kinds, with their model. Takes it over.
+    // Called by the constructors of the two kinds, with their model and grid. Takes them over.
     void Set_Up(GridModel* model, GridView* grd);
-    // A button of the strip, in the order of the calls; `name` is the control's ("cmdClose"). Null where the form's
-    // print function is not there yet: the caller disables what it cannot serve.
+    // A button of the strip, in the order of the calls; `name` is the control's ("cmdClose"). The caption names the
+    // access key, which must be the strip's only one of its letter.
     QPushButton* Add_Button(const char* name, const QString& caption, const QString& tip = {});
+    // cmdClose, cmdPrevious and cmdNext, which every form has, behind the others.
+    void Add_Walk_Buttons();
+    // Puts a line of controls between the caption and the grid. Takes it over.
+    void Add_Above_Grid(QWidget* line);
     OpenForm& Form() const { return *form_; }
     // Closing: Commit_Grid first; a refusal keeps the window.
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    // Places the buttons for the present width: after one was shown or hidden, too.
+    void Layout_Buttons();
 
   private:
-    void Layout_Buttons();
     void Show_Record_Status();
+    void Row_Entered(int row);
+    void Load_Widths();
+    void Save_Widths();
 
     FormMode mode_;
     std::unique_ptr<OpenForm> form_;
     GridModel* model_ = nullptr;
     GridView* grd_ = nullptr;
-    QWidget* picButtons_ = nullptr;
-    QLabel* dat_ = nullptr;
+    QWidget* picButtons_;
+    QLabel* dat_;
+    QVBoxLayout* lines_;
+    FindBar* find_ = nullptr;
+    QPushButton* cmdPrevious_ = nullptr;
+    QPushButton* cmdNext_ = nullptr;
 };
 
 // The form of the item: ViewForm here, EditForm in screens/edit.
@@ -79,6 +98,12 @@ class ViewForm : public WorksheetForm {
 
   public:
     ViewForm(const FormDescription& description, Item item, QWidget* parent = nullptr);
+    void Requery() override;
+
+  private:
+    void Add_Line_Sets();
+
+    QLabel* txtCalcMsg_ = nullptr;  // B-1 only
 };
 
 }  // namespace tallmar

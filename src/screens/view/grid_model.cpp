@@ -1,0 +1,158 @@
+#include "screens/view/grid_model.h"
+
+#include <algorithm>
+
+#include "common/text.h"
+#include "screens/cell_text.h"
+
+namespace tallmar {
+
+namespace {
+
+QString From_Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+GridModel::GridModel(OpenForm& form, QObject* parent)
+    : QAbstractTableModel(parent), form_(form), rows_(form.Description(), form.Worksheet()) {
+    const std::span<const GridColumn> columns = form_.Columns();
+    std::vector<GridColumn> shown;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].hidden) continue;
+        shown_.push_back(static_cast<int>(i));
+        shown.push_back(columns[i]);
+        heads_ << From_Text(columns[i].label);
+    }
+    frozen_ = static_cast<int>(Frozen_Columns(shown));
+    Note_Totals();
+}
+
+void GridModel::Note_Totals() {
+    totals_.resize(rows_.Count());
+    for (std::size_t i = 0; i < rows_.Count(); ++i) totals_[i] = Is_Total_Row(rows_.At(i), form_.Columns());
+    placed_ = -1;
+}
+
+const GridColumn& GridModel::Column(int column) const {
+    return form_.Columns()[static_cast<std::size_t>(shown_[static_cast<std::size_t>(column)])];
+}
+
+int GridModel::Column_Of(std::string_view field) const {
+    for (int i = 0; i < columnCount(); ++i) {
+        if (Same_Text(Column(i).field, field)) return i;
+    }
+    return -1;
+}
+
+Currency GridModel::Line(int row) const {
+    return rows_.Line(static_cast<std::size_t>(row));
+}
+
+int GridModel::Row_Of(Currency line) const {
+    const std::optional<std::size_t> row = rows_.Find(line);
+    return row ? static_cast<int>(*row) : -1;
+}
+
+void GridModel::Requery() {
+    beginResetModel();
+    rows_.Requery();
+    Note_Totals();
+    endResetModel();
+}
+
+void GridModel::Reread(int row) {
+    rows_.Reread(static_cast<std::size_t>(row));
+    Note_Totals();
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+void GridModel::Show_Heads_Of(int row) {
+    if (form_.Description().headsAt == nullptr || row < 0 || row >= rowCount()) return;
+    const std::span<const std::string_view> labels = form_.Description().headsAt(Line(row));
+    QStringList heads;
+    for (int i = 0; i < columnCount(); ++i) {
+        const std::size_t at = static_cast<std::size_t>(i) - 1;
+        heads << From_Text(i > 0 && at < labels.size() ? labels[at] : std::string_view(Column(i).label));
+    }
+    if (heads == heads_) return;
+    heads_ = heads;
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+QString GridModel::Whole_Head(int column) const {
+    const QString number = From_Text(Column(column).number);
+    return number.isEmpty() ? heads_[column] : number + ' ' + heads_[column];
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.Count());
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+}
+
+Value GridModel::Cell(int row, const GridColumn& column) const {
+    return rows_.At(static_cast<std::size_t>(row))[column.field];
+}
+
+QString GridModel::Display_Text(int row, const GridColumn& column) const {
+    if (placed_ != row) {
+        place_ = RowUnderEdit(Line(row), rows_.At(static_cast<std::size_t>(row)));
+        placed_ = row;
+    }
+    Value value = Cell(row, column);
+    if (value == place_[column.field])
+        return From_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, place_}));
+    RowUnderEdit entered = place_;
+    entered.Set(column.field, std::move(value));
+    return From_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, entered}));
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    const GridColumn& column = Column(index.column());
+    switch (role) {
+        case Qt::DisplayRole:
+            return Display_Text(index.row(), column);
+        case Qt::EditRole:
+            return From_Text(Edit_Text(Cell(index.row(), column)));
+        case Qt::TextAlignmentRole:
+            return int(Qt::AlignVCenter | (Is_Figure(column) ? Qt::AlignRight : Qt::AlignLeft));
+        case kShadedRole:
+            return Is_Shaded(form_.Description(), column, Cell(index.row(), column));
+        case kTotalRole:
+            return static_cast<bool>(totals_[static_cast<std::size_t>(index.row())]);
+        default:
+            return {};
+    }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (section < 0) return {};
+    if (orientation == Qt::Vertical) {
+        if (role != Qt::DisplayRole || section >= rowCount()) return {};
+        return From_Text(Line(section).To_Text());
+    }
+    if (section >= columnCount()) return {};
+    switch (role) {
+        case Qt::DisplayRole:
+            return heads_[section];
+        case kNumberRole:
+            return From_Text(Column(section).number);
+        case Qt::ToolTipRole:
+        case Qt::AccessibleTextRole:
+            return Whole_Head(section);
+        default:
+            return {};
+    }
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) return Qt::NoItemFlags;
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+}
+
+}  // namespace tallmar

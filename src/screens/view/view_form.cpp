@@ -1,0 +1,98 @@
+// The forms that only show: every row of the worksheet, totals included.
+#include <QLabel>
+#include <QMenu>
+#include <array>
+
+#include "screens/view/worksheet_form.h"
+
+namespace tallmar {
+
+namespace {
+
+// The sets of lines of A-8-3 Part 3: each total with the lines that it is the sum of. Part 5 takes the first total that
+// is not 0.
+struct LineSet {
+    const char* button;
+    Currency total;
+    std::array<Currency, 2> parts;
+};
+constexpr std::array kLineSets{
+    LineSet{"Button29", 29_cur, {23_cur, 24_cur}},
+    LineSet{"Button30", 30_cur, {24_cur, 27_cur}},
+    LineSet{"Button31", 31_cur, {27_cur, 28_cur}},
+};
+constexpr std::string_view kWithLineSets = "frmViewA83p3x";
+constexpr std::string_view kWithLongBuilding = "frmViewB1";
+
+void Show_Line_Set(const WorksheetForm& form, const LineSet& set) {
+    const GridModel& model = form.Model();
+    const int total = model.Row_Of(set.total);
+    if (total < 0) return;
+    GridView& grd = form.Grid();
+    grd.setCurrentIndex(model.index(total, model.Frozen()));
+    QItemSelection lines;
+    for (const Currency line : {set.parts[0], set.parts[1], set.total}) {
+        if (const int row = model.Row_Of(line); row >= 0) {
+            lines.select(model.index(row, 0), model.index(row, model.columnCount() - 1));
+        }
+    }
+    grd.selectionModel()->select(lines, QItemSelectionModel::ClearAndSelect);
+    grd.setFocus();
+}
+
+}  // namespace
+
+ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* parent)
+    : WorksheetForm(FormMode::View, description, std::move(item), parent) {
+    Set_Up(new GridModel(Form()), new GridView(this));
+    QPushButton* recalculate =
+        Add_Button("cmdRecalculate", tr("&Recalculate"), tr("Calculate the whole report and show the results here"));
+    connect(recalculate, &QPushButton::clicked, this, &WorksheetForm::Recalculate_Requested);
+    Add_Button("cmdPrint", tr("&Print"), tr("Printing is not available yet"))->setEnabled(false);
+    QPushButton* open = Add_Button("cmdOpenEdit", tr("Open &Edit"), tr("Open this worksheet for edit"));
+    connect(open, &QPushButton::clicked, this,
+            [this] { emit Open_Requested(FormMode::Edit, QString::fromStdString(Worksheet().Name())); });
+    if (Form_Of(FormMode::Edit, Worksheet()) == nullptr) {
+        open->setEnabled(false);
+        open->setToolTip(tr("This worksheet is computed and takes no entries"));
+    }
+    Add_Walk_Buttons();
+    if (description.name == kWithLineSets) Add_Line_Sets();
+    if (description.name == kWithLongBuilding) {
+        txtCalcMsg_ = new QLabel(tr(" Building the columns of Worksheet B-1"), this);
+        txtCalcMsg_->setObjectName("txtCalcMsg");
+        txtCalcMsg_->setAccessibleName(txtCalcMsg_->text().trimmed());
+        Add_Above_Grid(txtCalcMsg_);
+        txtCalcMsg_->hide();
+    }
+    Layout_Buttons();
+}
+
+void ViewForm::Requery() {
+    if (txtCalcMsg_ == nullptr) return WorksheetForm::Requery();
+    txtCalcMsg_->show();
+    txtCalcMsg_->repaint();
+    WorksheetForm::Requery();
+    txtCalcMsg_->hide();
+}
+
+void ViewForm::Add_Line_Sets() {
+    auto* list = new QMenu(this);
+    list->setObjectName("ButtonList");
+    list->setAccessibleName(tr("Line set"));
+    for (const LineSet& set : kLineSets) {
+        const int row = Model().Row_Of(set.total);
+        const int label = Model().Column_Of("LineLabel");
+        QString caption = tr("Line &%1").arg(QString::fromStdString(set.total.To_Text()));
+        if (row >= 0 && label >= 0) caption += ": " + Model().index(row, label).data().toString().remove('*');
+        QAction* entry = list->addAction(caption, this, [this, &set] { Show_Line_Set(*this, set); });
+        entry->setObjectName(set.button);
+    }
+    QPushButton* open = Add_Button("cmdButtonList", tr("&Line Set"), tr("Choose a total and the lines that it sums"));
+    open->setMenu(list);
+    Grid().setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&Grid(), &QWidget::customContextMenuRequested, list,
+            [this, list](const QPoint& at) { list->popup(Grid().viewport()->mapToGlobal(at)); });
+}
+
+}  // namespace tallmar

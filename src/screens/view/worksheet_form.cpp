@@ -1,0 +1,182 @@
+#include "screens/view/worksheet_form.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "common/platform.h"
+#include "report/window.h"
+#include "screens/view/button_strip.h"
+#include "screens/view/find_bar.h"
+#include "screens/view/grid_head.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kWidthsSection = "Columns";
+constexpr int kRowsAtLeast = 4;
+
+}  // namespace
+
+WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, Item item, QWidget* parent)
+    : QWidget(parent),
+      mode_(mode),
+      form_(std::make_unique<OpenForm>(description, std::move(item))),
+      picButtons_(new QWidget(this)),
+      dat_(new QLabel(this)),
+      lines_(new QVBoxLayout(this)) {
+    setObjectName(QString::fromUtf8(description.name.data(), qsizetype(description.name.size())));
+    setWindowTitle(QString::fromStdString(Caption()));
+    setAccessibleName(windowTitle());
+    picButtons_->setObjectName("picButtons");
+    dat_->setObjectName("dat");
+    lines_->setContentsMargins(0, 0, 0, 0);
+    lines_->setSpacing(0);
+}
+
+WorksheetForm::~WorksheetForm() = default;
+
+void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
+    model_ = model;
+    grd_ = grd;
+    model->setParent(this);
+    grd->setObjectName("grd");
+    grd->setAccessibleName(windowTitle());
+    grd->setModel(model);
+    find_ = new FindBar(*grd, this);
+    const int margin = fontMetrics().averageCharWidth();
+    dat_->setContentsMargins(margin, margin / 2, margin, 0);
+    lines_->addWidget(grd, 1);
+    lines_->addWidget(find_);
+    lines_->addWidget(dat_);
+    lines_->addWidget(picButtons_);
+    setFocusProxy(grd);
+    setTabOrder(grd, find_);
+    setTabOrder(find_, picButtons_);
+    Load_Widths();
+    connect(grd->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { Row_Entered(current.row()); });
+    connect(model, &QAbstractItemModel::modelReset, this, [this] { Row_Entered(grd_->currentIndex().row()); });
+    connect(model, &QAbstractItemModel::rowsInserted, this, &WorksheetForm::Show_Record_Status);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &WorksheetForm::Show_Record_Status);
+    Row_Entered(grd->currentIndex().row());
+}
+
+void WorksheetForm::Add_Above_Grid(QWidget* line) {
+    lines_->insertWidget(lines_->indexOf(grd_), line);
+}
+
+QPushButton* WorksheetForm::Add_Button(const char* name, const QString& caption, const QString& tip) {
+    auto* button = new QPushButton(caption, picButtons_);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setAccessibleName(QString(caption).remove('&'));
+    button->setAutoDefault(false);
+    return button;
+}
+
+void WorksheetForm::Add_Walk_Buttons() {
+    QPushButton* close = Add_Button("cmdClose", tr("&Close"), tr("Close this form"));
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    cmdPrevious_ = Add_Button("cmdPrevious", tr("Pre&vious"));
+    cmdNext_ = Add_Button("cmdNext", tr("&Next"));
+    const auto walk = [this](Direction direction) {
+        const std::string next = Next_Worksheet(Caption(), direction);
+        if (!next.empty()) emit Open_Requested(mode_, QString::fromStdString(next));
+    };
+    connect(cmdPrevious_, &QPushButton::clicked, this, [walk] { walk(Direction::Previous); });
+    connect(cmdNext_, &QPushButton::clicked, this, [walk] { walk(Direction::Next); });
+    Refresh_Neighbours();
+}
+
+void WorksheetForm::Refresh_Neighbours() {
+    const auto refresh = [this](QPushButton* button, Direction direction) {
+        if (button == nullptr) return;
+        const QString tip = QString::fromStdString(Neighbour_Tip(Caption(), direction));
+        button->setToolTip(tip);
+        button->setAccessibleDescription(tip);
+        button->setEnabled(!tip.isEmpty());
+    };
+    refresh(cmdPrevious_, Direction::Previous);
+    refresh(cmdNext_, Direction::Next);
+}
+
+void WorksheetForm::Requery() {
+    model_->Requery();
+    Refresh_Neighbours();
+}
+
+void WorksheetForm::Row_Entered(int row) {
+    model_->Show_Heads_Of(row);
+    Show_Record_Status();
+}
+
+void WorksheetForm::Show_Record_Status() {
+    const int row = std::max(grd_->currentIndex().row(), 0);
+    const QString status = QString::fromStdString(
+        Record_Status(static_cast<std::size_t>(row), static_cast<std::size_t>(model_->rowCount())));
+    dat_->setText(status);
+    dat_->setAccessibleName(status);
+}
+
+void WorksheetForm::Open_Find() {
+    find_->Open();
+}
+
+void WorksheetForm::Load_Widths() {
+    const std::string text = The_Platform().Get_Setting(kProgramTitle, kWidthsSection, objectName().toStdString(), "");
+    if (!text.empty()) grd_->Choose_Widths(Widths_Of(text));
+}
+
+void WorksheetForm::Save_Widths() {
+    if (!grd_->Widths_Changed()) return;
+    The_Platform().Save_Setting(kProgramTitle, kWidthsSection, objectName().toStdString(),
+                                Widths_Text(grd_->Chosen_Widths()));
+}
+
+void WorksheetForm::closeEvent(QCloseEvent* event) {
+    if (!Commit_Grid()) return event->ignore();
+    Save_Widths();
+    form_->Close();
+    event->accept();
+}
+
+void WorksheetForm::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Find)) return Open_Find();
+    if (event->key() == Qt::Key_F3) return find_->Next((event->modifiers() & Qt::ShiftModifier) != 0);
+    if (event->key() == Qt::Key_Escape && !find_->isHidden()) return find_->Close();
+    QWidget::keyPressEvent(event);
+}
+
+void WorksheetForm::Layout_Buttons() {
+    if (mode_ == FormMode::Edit) {
+        Layout_Edit_Buttons(*picButtons_, width());
+    } else {
+        Layout_View_Buttons(*picButtons_, width());
+    }
+}
+
+void WorksheetForm::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Layout_Buttons();
+}
+
+QSize WorksheetForm::sizeHint() const {
+    const int strip = mode_ == FormMode::Edit ? Edit_Strip_Width(*picButtons_) : View_Strip_Width(*picButtons_);
+    const QSize around = QWidget::sizeHint() - grd_->sizeHint();
+    const QSize whole = grd_->Whole_Size();
+    return {std::max(whole.width(), strip), whole.height() + around.height()};
+}
+
+QSize WorksheetForm::minimumSizeHint() const {
+    const int line = grd_->verticalHeader()->defaultSectionSize();
+    const QSize around = QWidget::sizeHint() - grd_->sizeHint();
+    return {fontMetrics().averageCharWidth() * 30,
+            grd_->Head().sizeHint().height() + kRowsAtLeast * line + around.height()};
+}
+
+}  // namespace tallmar
