@@ -57,4 +57,12 @@ bool Save_Edit_Key_As(NewReportEntries& entries, const std::string& path) {
     return true;
 }
 
+bool Save_Edit_Key_As_Dialog(NewReportEntries& entries, EntryField& failed) {
+    FiscalYear year;
+    failed = Check_Entries(entries, kEditKeyDates, year);
+    if (failed != EntryField::None || !Report_Save_As_Dialog()) return false;
+    Store_Identity(entries, year);
+    return true;
+}
+
 }  // namespace tallmar

@@ -14,5 +14,8 @@ EntryField Save_Edit_Key(NewReportEntries& entries);
 // Check, copy the report to `path` and store in the copy, which is open afterwards. False where a check or the copy
 // failed; the report is then as it was.
 bool Save_Edit_Key_As(NewReportEntries& entries, const std::string& path);
+// The same with the file dialog, which comes after the check. `failed` is the field of a check that failed; None where
+// the dialog was cancelled or the copy failed.
+bool Save_Edit_Key_As_Dialog(NewReportEntries& entries, EntryField& failed);
 
 }  // namespace tallmar

@@ -130,26 +130,31 @@ EntryField Check_Entries(NewReportEntries& entries, const char* dateFormat, Fisc
     return EntryField::Name;
 }
 
-void Leave_FYStart(NewReportEntries& entries, const char* dateFormat) {
+bool Leave_FYStart(NewReportEntries& entries, const char* dateFormat) {
     const std::optional<Date> start = Day_Of(entries.fyStart);
     if (!start) {
         Show(kLeaveStartDate);
-    } else if (entries.fyEnd.empty()) {
-        entries.fyEnd = Shown(Year_End(*start), dateFormat);
+        return false;
     }
+    if (entries.fyEnd.empty()) entries.fyEnd = Shown(Year_End(*start), dateFormat);
+    return true;
 }
 
-void Leave_FYEnd(NewReportEntries& entries, const char* dateFormat) {
+bool Leave_FYEnd(NewReportEntries& entries, const char* dateFormat) {
     const std::optional<Date> end = Day_Of(entries.fyEnd);
     if (end) {
         entries.fyEnd = Shown(*end, dateFormat);
     } else if (!entries.fyEnd.empty()) {
         Show(kLeaveEndDate);
+        return false;
     }
+    return true;
 }
 
-void Leave_ProviderNumber(NewReportEntries& entries) {
-    if (!Has_Six_Digits(entries.providerNumber)) Show(kSixDigitsInEditor);
+bool Leave_ProviderNumber(NewReportEntries& entries, const char*) {
+    if (Has_Six_Digits(entries.providerNumber)) return true;
+    Show(kSixDigitsInEditor);
+    return false;
 }
 
 }  // namespace tallmar

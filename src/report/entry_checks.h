@@ -27,10 +27,10 @@ inline constexpr const char* kEditKeyDates = "Short Date";
 
 // Tests the entries in order and stops at the first that fails, with its box. None: all is well, and `year` is set.
 EntryField Check_Entries(NewReportEntries& entries, const char* dateFormat, FiscalYear& year);
-// What an entry tells when the focus leaves it. A valid start date fills an empty end date.
-void Leave_FYStart(NewReportEntries& entries, const char* dateFormat);
-void Leave_FYEnd(NewReportEntries& entries, const char* dateFormat);
+// What an entry tells when the focus leaves it; false after its box. A valid start date fills an empty end date.
+bool Leave_FYStart(NewReportEntries& entries, const char* dateFormat);
+bool Leave_FYEnd(NewReportEntries& entries, const char* dateFormat);
 // Of the identity editor.
-void Leave_ProviderNumber(NewReportEntries& entries);
+bool Leave_ProviderNumber(NewReportEntries& entries, const char* dateFormat = nullptr);
 
 }  // namespace tallmar

@@ -119,6 +119,7 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
     Take_Path(path);
     window.Set_Visible("frmCreateNewCRF", false);
     window.Hourglass(true);
+    window.Set_Enabled("frmMain", false);
     window.Set_Text("frmMain", Window_Caption());
     const bool made = Make_File(entries, year);
     if (made) {
@@ -129,6 +130,7 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
         Forget_Report();
     }
     window.Hourglass(false);
+    window.Set_Enabled("frmMain", true);
     if (made) End_Msg_Log(kLogPrefix);
     return made;
 }

@@ -2,6 +2,8 @@
 
 #include <QDialogButtonBox>
 #include <QEventLoop>
+#include <QFormLayout>
+#include <QLineEdit>
 #include <QPushButton>
 
 namespace tallmar {
@@ -23,10 +25,27 @@ DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent)
     return dialog;
 }
 
+namespace {
+
+// A caption as it is read out.
+QString Spoken(QString caption) {
+    return caption.remove(QLatin1Char('&')).remove(QLatin1Char(':'));
+}
+
+}  // namespace
+
+QLineEdit* Add_Entry(QFormLayout& layout, const char* name, const QString& label) {
+    auto* entry = new QLineEdit(layout.parentWidget());
+    entry->setObjectName(QLatin1String(name));
+    entry->setAccessibleName(Spoken(label));
+    layout.addRow(label, entry);
+    return entry;
+}
+
 QPushButton* Add_Button(QDialogButtonBox& box, const char* name, const QString& caption, int role) {
     QPushButton* button = box.addButton(caption, static_cast<QDialogButtonBox::ButtonRole>(role));
     button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
+    button->setAccessibleName(Spoken(caption));
     return button;
 }
 

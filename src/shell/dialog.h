@@ -4,9 +4,12 @@
 #include <QDialog>
 #include <QString>
 #include <memory>
+#include <string>
 #include <string_view>
 
 class QDialogButtonBox;
+class QFormLayout;
+class QLineEdit;
 class QPushButton;
 
 namespace tallmar {
@@ -19,6 +22,8 @@ std::string Plain(const QString& text);
 
 // An empty dialog with the name of its form and its caption, without the "?" of some desktops.
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent);
+// A row of the layout: an entry by its control's name, and the label before it with its access key.
+QLineEdit* Add_Entry(QFormLayout& layout, const char* name, const QString& label);
 // A button of the box: its control's name, and the caption with its access key.
 QPushButton* Add_Button(QDialogButtonBox& box, const char* name, const QString& caption, int role);
 // Shows it over its parent until it is accepted or rejected; a job that hides it meanwhile does not end it. True when
