@@ -94,7 +94,7 @@ check_headers() {
     local qt flags=() headers folder
     mapfile -t headers < <(of '^(src|tests)/.*\.h$')
     if qt=$(qmake6 -query QT_INSTALL_HEADERS 2>/dev/null); then
-        flags=(-fPIC -isystem "$qt")
+        flags=(-fPIC -DQT_GUI_LIB -DQT_WIDGETS_LIB -isystem "$qt")
         for folder in QtCore QtGui QtWidgets QtTest; do flags+=(-isystem "$qt/$folder"); done
     else
         mapfile -t headers < <(printf '%s\n' "${headers[@]}" | grep -Ev '/(screens/(edit|view)|shell|desktop)/')

@@ -8,14 +8,6 @@
 
 namespace tallmar {
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-std::string Plain(const QString& text) {
-    return text.toStdString();
-}
-
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent) {
     auto dialog = std::make_unique<QDialog>(parent);
     dialog->setObjectName(QLatin1String(name));

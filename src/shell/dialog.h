@@ -4,8 +4,6 @@
 #include <QDialog>
 #include <QString>
 #include <memory>
-#include <string>
-#include <string_view>
 
 class QDialogButtonBox;
 class QFormLayout;
@@ -16,9 +14,6 @@ namespace tallmar {
 
 // Owned by whoever shows it; `parent` is the window that it stands over.
 using DialogPtr = std::unique_ptr<QDialog>;
-
-QString Text(std::string_view text);
-std::string Plain(const QString& text);
 
 // An empty dialog with the name of its form and its caption, without the "?" of some desktops.
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "shell/dialog.h"
+#include "shell/qt_text.h"
 
 namespace tallmar {
 
@@ -46,13 +47,13 @@ EntryFields::EntryFields(QFormLayout& layout, const char* dateFormat, std::span<
 
 NewReportEntries EntryFields::Read() const {
     NewReportEntries entries;
-    for (std::size_t at = 0; at < kEntries; ++at) entries.*kEntryRows[at].text = Plain(edits_[at]->text());
+    for (std::size_t at = 0; at < kEntries; ++at) entries.*kEntryRows[at].text = Plain_Text(edits_[at]->text());
     return entries;
 }
 
 void EntryFields::Show(const NewReportEntries& entries) {
     for (std::size_t at = 0; at < kEntries; ++at) {
-        const QString text = Text(entries.*kEntryRows[at].text);
+        const QString text = Qt_Text(entries.*kEntryRows[at].text);
         if (text != edits_[at]->text()) edits_[at]->setText(text);
     }
 }

@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "shell/qt_text.h"
+
 namespace tallmar {
 
 namespace {
@@ -23,7 +25,9 @@ constexpr int kWidth = 90, kHeight = 26;  // of the window at first, in characte
 
 // Boxes break their lines by a carriage return.
 QString Broken(std::string_view text) {
-    return Text(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return Qt_Text(text)
+        .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
 void Fill(QTableWidget& grid, std::span<const Platform::BatchMessage> rows) {
@@ -107,7 +111,7 @@ QTableWidget* Make_Grid(QWidget* parent, std::span<const Platform::BatchMessage>
 DialogPtr Make_Batch_Msgs(QWidget* parent, std::string_view title, std::span<const Platform::BatchMessage> rows) {
     DialogPtr dialog = Make_Dialog("frmBatchMsgs", QStringLiteral("Messages"), parent);
     dialog->setSizeGripEnabled(true);
-    auto* heading = new QLabel(Text(title), dialog.get());
+    auto* heading = new QLabel(Qt_Text(title), dialog.get());
     heading->setObjectName(QStringLiteral("tbTitle"));
     heading->setWordWrap(true);
     QTableWidget* grid = Make_Grid(dialog.get(), rows);

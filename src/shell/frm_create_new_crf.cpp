@@ -6,6 +6,7 @@
 
 #include "report/new_report.h"
 #include "shell/entry_fields.h"
+#include "shell/qt_text.h"
 
 namespace tallmar {
 
@@ -15,7 +16,7 @@ constexpr LeaveCheck kLeaveChecks[] = {{EntryField::Start, Leave_FYStart}, {Entr
 
 void Create(QDialog& dialog, EntryFields& fields, const QLineEdit& formNum) {
     NewReportEntries entries = fields.Read();
-    entries.formNum = Plain(formNum.text());
+    entries.formNum = Plain_Text(formNum.text());
     FiscalYear year;
     const EntryField failed = Check_Entries(entries, kNewReportDates, year);
     fields.Show(entries);
@@ -33,7 +34,7 @@ DialogPtr Make_Create_New_CRF(QWidget* parent) {
     DialogPtr dialog = Make_Dialog("frmCreateNewCRF", QStringLiteral("Create a New Cost Report File"), parent);
     auto* layout = new QFormLayout(dialog.get());
     QLineEdit* formNum = Add_Entry(*layout, "txtFormNum", QStringLiteral("&Form number:"));
-    formNum->setText(Text(NewReportEntries{}.formNum));
+    formNum->setText(Qt_Text(NewReportEntries{}.formNum));
     formNum->setReadOnly(true);
     auto* fields = new EntryFields(*layout, kNewReportDates, kLeaveChecks);
 

@@ -8,6 +8,7 @@
 #include "report/open_report.h"
 #include "report/window.h"
 #include "shell/logo.h"
+#include "shell/qt_text.h"
 
 namespace tallmar {
 
@@ -18,14 +19,14 @@ constexpr int kSpacing = 18;
 constexpr const char* kFormVersion = "CMS Version 1728-94 T16";
 
 QString About_Text() {
-    return Text(kProgramTitle) + QStringLiteral("\nVersion ") + QLatin1String(TALLMAR_VERSION) + QStringLiteral("\n") +
-           QLatin1String(kFormVersion) + QStringLiteral("\n\n") + Text(ProductTitle);
+    return Qt_Text(kProgramTitle) + QStringLiteral("\nVersion ") + QLatin1String(TALLMAR_VERSION) +
+           QStringLiteral("\n") + QLatin1String(kFormVersion) + QStringLiteral("\n\n") + Qt_Text(ProductTitle);
 }
 
 }  // namespace
 
 DialogPtr Make_Help_About(QWidget* parent) {
-    DialogPtr dialog = Make_Dialog("frmHelpAbout", QStringLiteral("About ") + Text(kProgramTitle), parent);
+    DialogPtr dialog = Make_Dialog("frmHelpAbout", QStringLiteral("About ") + Qt_Text(kProgramTitle), parent);
     auto* logo = new QLabel(dialog.get());
     logo->setObjectName(QStringLiteral("picLogo"));
     logo->setPixmap(Logo(kLogoSize, dialog->palette()));

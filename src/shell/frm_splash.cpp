@@ -11,6 +11,7 @@
 #include "report/window.h"
 #include "shell/dialog.h"
 #include "shell/logo.h"
+#include "shell/qt_text.h"
 
 namespace tallmar {
 
@@ -33,8 +34,8 @@ QLabel* Line(const char* name, const QString& text, QWidget& splash) {
 std::unique_ptr<QWidget> Make_Splash() {
     auto splash = std::make_unique<QWidget>(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint);
     splash->setObjectName(QStringLiteral("frmSplash"));
-    splash->setWindowTitle(Text(kProgramTitle));
-    splash->setAccessibleName(Text(kProgramTitle));
+    splash->setWindowTitle(Qt_Text(kProgramTitle));
+    splash->setAccessibleName(Qt_Text(kProgramTitle));
     splash->setAttribute(Qt::WA_QuitOnClose, false);
     auto* layout = new QVBoxLayout(splash.get());
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -42,12 +43,12 @@ std::unique_ptr<QWidget> Make_Splash() {
     splash->setMinimumWidth(kSmallestWidth);
 
     Line("picLogo", {}, *splash)->setPixmap(Logo(kLogoSize, splash->palette()));
-    QLabel* name = Line("lblProductName", Text(kProgramTitle), *splash);
+    QLabel* name = Line("lblProductName", Qt_Text(kProgramTitle), *splash);
     QFont font = name->font();
     font.setPointSizeF(font.pointSizeF() * kNameScale);
     name->setFont(font);
-    Line("lblVersion", QStringLiteral("Version ") + Text(Short_Version()), *splash);
-    Line("lblMaker", Text(ProductTitle), *splash);
+    Line("lblVersion", QStringLiteral("Version ") + Qt_Text(Short_Version()), *splash);
+    Line("lblMaker", Qt_Text(ProductTitle), *splash);
     return splash;
 }
 

@@ -5,8 +5,8 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QTest>
 #include <QTimer>
-#include <QtTest/QTest>
 #include <functional>
 
 #include "support/fake_platform.h"
