@@ -91,7 +91,14 @@ std::vector<GridColumn> Cost_Center_Columns(std::string_view format, CellKind ki
         std::string label;
         for (const std::string_view field : {"ColLabel1", "ColLabel2", "ColLabel3", "StatLabel1", "StatLabel2"}) {
             const std::string part = Nz_Str(centers[field]);
-            if (!Is_Blank(part)) label += Sql(label.empty() ? "" : " ", Trim(part));
+            if (Is_Blank(part)) continue;
+            // "Adminis-" and "trative" are one word.
+            if (label.ends_with('-')) {
+                label.pop_back();
+            } else if (!label.empty()) {
+                label += ' ';
+            }
+            label += Trim(part);
         }
         GridColumn column{.field = CC_Column(ccNum),
                           .number = ccNum.To_Text(),

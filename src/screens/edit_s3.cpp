@@ -57,6 +57,9 @@ constexpr std::array kSettlement{
     FormColumn{"Col_2", "2", "Part B", CellKind::Shown, 0, kCount},
 };
 
+// The county is the description of line 0.
+constexpr TextAbove kCounty{"tbCounty", "Label1", "Co&unty:", 0_cur, "Description"};
+
 constexpr Currency kFirstCode = 29_cur;
 
 // Line 0 holds the county alone; line 8 is the total.
@@ -114,8 +117,12 @@ void Remove_Code(const Item&, Currency line) {
 
 }  // namespace
 
-constinit const FormDescription kEditS3p1{
-    .name = "frmEditS3p1", .columns = kVisits, .nullIsShaded = true, .locked = Locked_Visits, .check = Check_Visits};
+constinit const FormDescription kEditS3p1{.name = "frmEditS3p1",
+                                          .columns = kVisits,
+                                          .nullIsShaded = true,
+                                          .locked = Locked_Visits,
+                                          .check = Check_Visits,
+                                          .above = &kCounty};
 constinit const FormDescription kEditS3p2{
     .name = "frmEditS3p2", .columns = kStaff, .nullIsShaded = true, .locked = Locked_Staff};
 constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
@@ -130,7 +137,8 @@ constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
 constinit const FormDescription kEditS3p4{
     .name = "frmEditS3p4", .where = "LineNum Not In(42, 44)", .columns = kPayment, .nullIsShaded = true};
 
-constinit const FormDescription kViewS3p1{.name = "frmViewS3p1", .columns = kVisits, .readOnly = true};
+constinit const FormDescription kViewS3p1{
+    .name = "frmViewS3p1", .columns = kVisits, .readOnly = true, .above = &kCounty};
 constinit const FormDescription kViewS3p2{.name = "frmViewS3p2", .columns = kStaff, .readOnly = true};
 constinit const FormDescription kViewS3p3{.name = "frmViewS3p3", .columns = kCodes, .readOnly = true};
 constinit const FormDescription kViewS3p4{.name = "frmViewS3p4", .columns = kPayment, .readOnly = true};

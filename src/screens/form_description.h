@@ -118,6 +118,15 @@ struct SideTable {
     std::string_view rowField = {};
 };
 
+// A text of one row that stands above the grid and not in it.
+struct TextAbove {
+    std::string_view control;  // "tbCounty"
+    std::string_view labelControl;
+    std::string_view label;
+    Currency line;
+    std::string_view field;
+};
+
 struct FormDescription {
     std::string_view name;               // "frmEditA"
     std::string_view table = {};         // empty: the item names it
@@ -159,6 +168,7 @@ struct FormDescription {
     const PopupList* (*popup)(const CellPlace&) = nullptr;
     // The labels of the columns while the cursor is in a row; empty: the heads stay.
     std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
+    const TextAbove* above = nullptr;
 };
 
 std::string Form_Table(const FormDescription& form, const Item& item);

@@ -17,8 +17,10 @@ constexpr double kNarrowest = 2, kWidest = 400;
 // A text column is no wider than this, unless it is one of a few.
 constexpr double kLongText = 40, kLongTextOfFew = 72;
 constexpr int kFewColumns = 8;
-// Amounts are keyed later: room for these.
+// What is keyed and computed later has room from the start.
 constexpr const char* kUsualFigure = "(9,999,999)";
+constexpr const char* kUsualLine = "99.99";
+constexpr int kUsualText = 16;
 constexpr int kFirstRows = 40, kLastRows = 8;
 
 int Contents_Width(const GridView& grd, int column, const QFontMetrics& metrics) {
@@ -30,6 +32,14 @@ int Contents_Width(const GridView& grd, int column, const QFontMetrics& metrics)
         width = std::max(width, metrics.horizontalAdvance(model.index(row, column).data().toString()));
     }
     return width;
+}
+
+int Usual_Width(const GridColumn& column, const QFontMetrics& metrics) {
+    if (Is_Figure(column)) return metrics.horizontalAdvance(kUsualFigure);
+    if (column.number.empty() && column.type == FieldType::Currency) return metrics.horizontalAdvance(kUsualLine);
+    if (column.number.empty() && column.kind == CellKind::Shown) return 0;
+    const int size = column.type == FieldType::Text ? std::min(column.size, kUsualText) : kUsualText;
+    return size * metrics.averageCharWidth();
 }
 
 }  // namespace
@@ -71,11 +81,8 @@ ColumnWidths Fitting_Widths(const GridView& grd) {
     for (int i = 0; i < model.columnCount(); ++i) {
         const GridColumn& column = model.Column(i);
         const bool figure = Is_Figure(column);
-        int contents = Contents_Width(grd, i, metrics);
-        if (figure && model.Form().Description().readOnly == false) {
-            contents = std::max(contents, metrics.horizontalAdvance(kUsualFigure));
-        }
-        double wanted = contents / character + 2;
+        const int usual = Usual_Width(column, metrics);
+        double wanted = std::max(Contents_Width(grd, i, metrics), usual) / character + 2;
         if (!figure) wanted = std::min(wanted, longText);
         widths[column.field] = std::max(wanted, grd.Head().Width_For(i) / character);
     }

@@ -17,6 +17,8 @@ namespace {
 
 // A label that stands alone in its column may take this many lines before the column is made wider.
 constexpr int kWantedLines = 4;
+// One as short as this stays on one line: "Line #".
+constexpr int kShortLabel = 8;
 constexpr int kLabelFlags = int(Qt::AlignHCenter) | int(Qt::TextWordWrap);
 
 }  // namespace
@@ -65,7 +67,8 @@ int GridHead::Width_For(int column) const {
     const QFontMetrics metrics = fontMetrics();
     const QString label = Label(column);
     int width = metrics.horizontalAdvance(Number(column));
-    for (const QString& word : label.split(' ')) width = std::max(width, metrics.horizontalAdvance(word));
+    const QStringList words = label.size() <= kShortLabel ? QStringList(label) : label.split(' ');
+    for (const QString& word : words) width = std::max(width, metrics.horizontalAdvance(word));
     // Words do not fill their lines, so the label is tried at the width and given more until it is low enough.
     const int step = metrics.averageCharWidth();
     const int most = metrics.lineSpacing() * kWantedLines;

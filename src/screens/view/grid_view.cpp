@@ -116,15 +116,20 @@ void GridView::Set_Widths() {
 // Rows are one line high, but where a text is longer than its column is wide.
 void GridView::Set_Heights() {
     if (model() == nullptr) return;
-    const QFontMetrics metrics = fontMetrics();
-    const int padding = metrics.height() / 2;
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics plainMetrics = fontMetrics();
+    const QFontMetrics boldMetrics(bold);
+    const int padding = plainMetrics.height() / 2;
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1) + 1;
-    std::vector<int> heights(static_cast<std::size_t>(Model().rowCount()), metrics.height() + padding);
+    std::vector<int> heights(static_cast<std::size_t>(Model().rowCount()), plainMetrics.height() + padding);
     for (int i = 0; i < Model().columnCount(); ++i) {
         if (Is_Figure(Model().Column(i))) continue;
         const QRect room(0, 0, columnWidth(i) - margin, 0);
         for (int row = 0; row < Model().rowCount(); ++row) {
-            const QString text = Model().index(row, i).data().toString();
+            const QModelIndex index = Model().index(row, i);
+            const QString text = index.data().toString();
+            const QFontMetrics& metrics = index.data(kTotalRole).toBool() ? boldMetrics : plainMetrics;
             if (metrics.horizontalAdvance(text) <= room.width()) continue;
             const int needed = metrics.boundingRect(room, Qt::TextWordWrap, text).height();
             int& height = heights[static_cast<std::size_t>(row)];

@@ -1,13 +1,17 @@
 #include "screens/view/worksheet_form.h"
 
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "common/platform.h"
+#include "common/variant.h"
+#include "report/open_report.h"
 #include "report/window.h"
 #include "screens/view/button_strip.h"
 #include "screens/view/find_bar.h"
@@ -20,6 +24,10 @@ namespace {
 constexpr std::string_view kWidthsSection = "Columns";
 constexpr int kRowsAtLeast = 4;
 
+QString From_Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 }  // namespace
 
 WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, Item item, QWidget* parent)
@@ -29,7 +37,7 @@ WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, 
       picButtons_(new QWidget(this)),
       dat_(new QLabel(this)),
       lines_(new QVBoxLayout(this)) {
-    setObjectName(QString::fromUtf8(description.name.data(), qsizetype(description.name.size())));
+    setObjectName(From_Text(description.name));
     setWindowTitle(QString::fromStdString(Caption()));
     setAccessibleName(windowTitle());
     picButtons_->setObjectName("picButtons");
@@ -54,6 +62,7 @@ void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
     lines_->addWidget(find_);
     lines_->addWidget(dat_);
     lines_->addWidget(picButtons_);
+    if (form_->Description().above != nullptr) Add_Text_Above(*form_->Description().above);
     setFocusProxy(grd);
     setTabOrder(grd, find_);
     setTabOrder(find_, picButtons_);
@@ -68,6 +77,31 @@ void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
 
 void WorksheetForm::Add_Above_Grid(QWidget* line) {
     lines_->insertWidget(lines_->indexOf(grd_), line);
+}
+
+void WorksheetForm::Add_Text_Above(const TextAbove& text) {
+    auto* line = new QWidget(this);
+    auto* label = new QLabel(From_Text(text.label), line);
+    label->setObjectName(From_Text(text.labelControl));
+    above_ = new QLineEdit(line);
+    above_->setObjectName(From_Text(text.control));
+    above_->setAccessibleName(From_Text(text.label).remove('&').remove(':'));
+    above_->setReadOnly(mode_ == FormMode::View);
+    label->setBuddy(above_);
+    auto* row = new QHBoxLayout(line);
+    row->addWidget(label);
+    row->addWidget(above_, 1);
+    row->addStretch(1);
+    Add_Above_Grid(line);
+    setTabOrder(above_, grd_);
+    Read_Text_Above();
+}
+
+void WorksheetForm::Read_Text_Above() {
+    if (above_ == nullptr) return;
+    const TextAbove& text = *form_->Description().above;
+    const Row row = db.Read_Row(Row_Query(form_->Description(), Worksheet(), text.line));
+    above_->setText(QString::fromStdString(row ? Nz_Str(row[text.field]) : std::string()));
 }
 
 QPushButton* WorksheetForm::Add_Button(const char* name, const QString& caption, const QString& tip) {
@@ -107,6 +141,7 @@ void WorksheetForm::Refresh_Neighbours() {
 
 void WorksheetForm::Requery() {
     model_->Requery();
+    Read_Text_Above();
     Refresh_Neighbours();
 }
 

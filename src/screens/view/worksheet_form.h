@@ -12,6 +12,7 @@
 #include "screens/view/grid_view.h"
 
 class QLabel;
+class QLineEdit;
 class QVBoxLayout;
 
 namespace tallmar {
@@ -64,6 +65,9 @@ class WorksheetForm : public QWidget {
     QPushButton* Add_Button(const char* name, const QString& caption, const QString& tip = {});
     // cmdClose, cmdPrevious and cmdNext, which every form has, behind the others.
     void Add_Walk_Buttons();
+    // The entry of the description's text above the grid ("tbCounty"): shut on a view form, and read again by Requery.
+    // Storing what is typed is the edit form's. Null where the form has none.
+    QLineEdit* Above() const { return above_; }
     // Puts a line of controls between the caption and the grid. Takes it over.
     void Add_Above_Grid(QWidget* line);
     OpenForm& Form() const { return *form_; }
@@ -77,6 +81,8 @@ class WorksheetForm : public QWidget {
   private:
     void Show_Record_Status();
     void Row_Entered(int row);
+    void Add_Text_Above(const TextAbove& text);
+    void Read_Text_Above();
     void Load_Widths();
     void Save_Widths();
 
@@ -88,6 +94,7 @@ class WorksheetForm : public QWidget {
     QLabel* dat_;
     QVBoxLayout* lines_;
     FindBar* find_ = nullptr;
+    QLineEdit* above_ = nullptr;
     QPushButton* cmdPrevious_ = nullptr;
     QPushButton* cmdNext_ = nullptr;
 };
