@@ -5,7 +5,7 @@
 namespace tallmar {
 
 int Run_Calc(CommandContext& context) {
-    const OpenedReport report(context.arguments.file);
+    const OpenedReport report(context.arguments.file, OpenedReport::Use::Changing);
     if (!report) return 1;
     context.platform.Print_Messages_As_Json(true);
     Calc_All();

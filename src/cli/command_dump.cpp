@@ -52,7 +52,7 @@ void Print_Table(const TableShape& table, std::ostream& out) {
 }  // namespace
 
 int Run_Dump(CommandContext& context) {
-    const OpenedReport report(context.arguments.file);
+    const OpenedReport report(context.arguments.file, OpenedReport::Use::Reading);
     if (!report) return 1;
     // One state of the report, whoever else writes to it.
     Job job(db, Job::Kind::Reading);

@@ -65,7 +65,7 @@ void Enter(const CellList& list, Refusals& refusals) {
 }  // namespace
 
 int Run_Enter(CommandContext& context) {
-    const OpenedReport report(context.arguments.file);
+    const OpenedReport report(context.arguments.file, OpenedReport::Use::Changing);
     if (!report) return 1;
 
     std::ifstream file;

@@ -67,7 +67,7 @@ int Run_New(CommandContext& context) {
 }
 
 int Run_Info(CommandContext& context) {
-    const OpenedReport report(context.arguments.file);
+    const OpenedReport report(context.arguments.file, OpenedReport::Use::Reading);
     if (!report) return 1;
     context.arguments.json ? Print_Info_Json(context.out) : Print_Info_Text(context.out);
     return 0;
@@ -78,12 +78,12 @@ int Run_Save_As(CommandContext& context) {
         context.err << "The copy needs a name.\n";
         return kExitUsage;
     }
-    const OpenedReport report(context.arguments.file);
+    const OpenedReport report(context.arguments.file, OpenedReport::Use::Reading);
     return report && Report_Save_As(context.arguments.target) ? 0 : 1;
 }
 
 int Run_Compact(CommandContext& context) {
-    const OpenedReport report(context.arguments.file);
+    const OpenedReport report(context.arguments.file, OpenedReport::Use::Changing);
     return report && Report_Close() ? 0 : 1;
 }
 

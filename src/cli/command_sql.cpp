@@ -48,10 +48,11 @@ void Run_Lines(CommandContext& context) {
 }  // namespace
 
 int Run_Sql(CommandContext& context) {
-    const OpenedReport report(context.arguments.file);
-    if (!report) return 1;
     const std::string& statement = context.arguments.statement;
-    if (statement != "-" && Database::Is_Select(statement)) {
+    const bool reads = statement != "-" && Database::Is_Select(statement);
+    const OpenedReport report(context.arguments.file, reads ? OpenedReport::Use::Reading : OpenedReport::Use::Changing);
+    if (!report) return 1;
+    if (reads) {
         Print_Rows(statement, context.out);
         return 0;
     }

@@ -1,10 +1,12 @@
 #include "cli/open_for_command.h"
 
+#include "report/report_lock.h"
 #include "report/store.h"
 
 namespace tallmar {
 
-OpenedReport::OpenedReport(const std::string& file) : open_(Report_Open(file)) {}
+OpenedReport::OpenedReport(const std::string& file, Use use)
+    : open_((use == Use::Reading || Report_Is_Free(file)) && Report_Open(file)) {}
 
 OpenedReport::~OpenedReport() {
     Report_Release();

@@ -1,6 +1,8 @@
-// A report open for the time of one command.
+// A report open for the time of one command. A report that a window has open can be read; a command that would change
+// it is refused.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace tallmar {
@@ -9,7 +11,9 @@ namespace tallmar {
 // without compaction, whatever happens.
 class OpenedReport {
   public:
-    explicit OpenedReport(const std::string& file);
+    enum class Use : std::uint8_t { Reading, Changing };
+
+    OpenedReport(const std::string& file, Use use);
     ~OpenedReport();
     OpenedReport(const OpenedReport&) = delete;
     OpenedReport& operator=(const OpenedReport&) = delete;

@@ -12,6 +12,7 @@
 #include "report/open_report.h"
 #include "report/paths.h"
 #include "report/registry.h"
+#include "report/report_lock.h"
 #include "report/run_log.h"
 #include "report/store.h"
 #include "report/window.h"
@@ -116,6 +117,12 @@ bool Create_CRF(const NewReportEntries& entries, const FiscalYear& year) {
 
 bool Create_CRF(const std::string& path, const NewReportEntries& entries, const FiscalYear& year) {
     Platform& window = The_Platform();
+    ReportLock lock;
+    if (!lock.Take(path)) {
+        Forget_Report();
+        return false;
+    }
+    lock.Keep();
     Take_Path(path);
     window.Set_Visible("frmCreateNewCRF", false);
     window.Hourglass(true);

@@ -10,6 +10,7 @@
 #include "report/code_lists.h"
 #include "report/master.h"
 #include "report/paths.h"
+#include "report/report_lock.h"
 #include "report/upgrade.h"
 #include "report/window.h"
 
@@ -30,11 +31,14 @@ constexpr std::string_view kSaveFailedText =
     "PROBLEM Encountered: Your Save As request failed and was not able to be accomplished.  Your original CRF file has "
     "not been altered.  Hit OK to continue running Tallmar.";
 
-bool Refuse(const std::string& text) {
-    The_Platform().Message_Box(text, kStop, kInvalidTitle);
+bool Give_Up() {
     Forget_Report();
     The_Platform().Hourglass(false);
     return false;
+}
+bool Refuse(const std::string& text) {
+    The_Platform().Message_Box(text, kStop, kInvalidTitle);
+    return Give_Up();
 }
 
 std::string Cannot_Open(std::string_view trouble) {
@@ -88,6 +92,7 @@ bool Report_Is_Open() {
 
 void Forget_Report() {
     if (Report_Is_Open()) db.Close();
+    Release_Report_Lock();
     Forget_Backup();
     MsgLogPrefix.clear();
     CRFPath.clear();
@@ -110,6 +115,10 @@ bool Report_Open(const std::string& path) {
     window.Hourglass(true);
     window.Do_Events();
     Take_Path(path);
+    // The command line may look at a report that is open in a window.
+    ReportLock lock;
+    if (window.Keeps_Reports_Open() && !lock.Take(CRFPath)) return Give_Up();
+    lock.Keep();
     if (Is_Remembered_Folder(CRFDir)) window.Save_Setting(kProgramTitle, "Startup", "CRFLoc", CRFDir);
     Show_Caption();
     try {
@@ -142,11 +151,14 @@ bool Report_Open_Dialog() {
 bool Report_Save_As(const std::string& path) {
     if (path.empty() || !Report_Is_Open()) return false;
     Platform& window = The_Platform();
+    ReportLock lock;
+    if (!lock.Take(path)) return false;
     db.Close();
     const bool copied = Copy_Report(Native_Path(CRFPath), Native_Path(path));
     if (copied) {
         CRFTitle = File_Title_Of(path);
         CRFPath = path;
+        lock.Keep();
         Show_Caption();
     } else {
         window.Beep();

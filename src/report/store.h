@@ -9,13 +9,13 @@
 namespace tallmar {
 
 // Opens the report at `path` and brings it to the present layout. False where the user kept the forms of another
-// report open, or the file cannot be used: a box then names the file and the trouble, the file is untouched, and no
-// report is open.
+// report open, or the file cannot be used, another window having it open among the reasons: a box then names the file
+// and the trouble, the file is untouched, and no report is open.
 bool Report_Open(const std::string& path);
 // The same with the file dialog. False also when it was cancelled.
 bool Report_Open_Dialog();
 // Copies the open report to `path`, over what stands there, and goes on with the copy. CRFDir stays. False after the
-// box that says so: the report is open under its old name then.
+// box that says so, that of a report in use as well: the report is open under its old name then.
 bool Report_Save_As(const std::string& path);
 bool Report_Save_As_Dialog();
 // Repairs, compacts and closes. False where the user kept a form open; the report then stays open.

@@ -155,6 +155,14 @@ TEST_F(CommandLine, ProgressIsShownOnATerminalOnly) {
     EXPECT_EQ(Run_Tallmar({"calc", crf}).err, "");
 }
 
+TEST_F(CommandLine, ADocumentHasNoWindowToOpenIn) {
+    std::ostringstream out, err;
+    ConsolePlatform(out, err, {}).Open_Document("/usr/share/P1339.DOCX");
+    EXPECT_EQ(err.str(),
+              "Error: Document Not Opened: There is no window here to open the document /usr/share/P1339.DOCX in.\n");
+    EXPECT_EQ(out.str(), "");
+}
+
 TEST_F(CommandLine, AChangedReportLeavesABackupInTheDataFolder) {
     New();
     const std::string before = Read_Bytes(crf);

@@ -4,6 +4,7 @@
 
 #include "cli_test.h"
 #include "common/db/database.h"
+#include "support/other_window.h"
 
 namespace tallmar {
 
@@ -105,6 +106,42 @@ TEST_F(TwoPrograms, AReportInUseIsNotReplaced) {
     other.End();
     std::filesystem::remove(Path("copy.CRF"));
     Expect_Kept();
+}
+
+TEST_F(TwoPrograms, AReportOpenInAWindowIsNotChanged) {
+    Succeed({"save-as", crf, Path("copy.CRF")});
+    const std::string before = Read_Bytes(crf);
+    OtherWindow other(crf);
+    const std::string inUse = "Report In Use: The report " + crf + " is open in another program [Tallmar 1728, user ";
+    for (const Args& command :
+         {Args{"calc", crf}, Args{"enter", crf}, Args{"sql", crf, "UPDATE A SET Col_1 = 5"}, Args{"sql", crf, "-"},
+          Args{"compact", crf}, New_Command(crf), Args{"save-as", Path("copy.CRF"), crf}}) {
+        const std::string told = Fail(command, "A,6,Col_1,5\n");
+        EXPECT_TRUE(told.starts_with(inUse)) << told;
+        EXPECT_TRUE(told.ends_with("  Nothing was changed.  Close the report there and try again.\n")) << told;
+    }
+    EXPECT_TRUE(Read_Bytes(crf) == before);
+    EXPECT_EQ(Names(), (std::set<std::string>{"copy.CRF", "r.CRF", "r.CRF.lock"}));
+}
+
+TEST_F(TwoPrograms, AReportOpenInAWindowIsRead) {
+    const std::string before = Succeed({"dump", crf});
+    OtherWindow other(crf);
+    EXPECT_EQ(Succeed({"dump", crf}), before);
+    Succeed({"info", crf});
+    EXPECT_EQ(Sql("SELECT Col_1 FROM Sp2 WHERE LineNum = 1"), "{\"Col_1\":0}\n");
+    Succeed({"save-as", crf, Path("copy.CRF")});
+    EXPECT_EQ(Succeed({"dump", Path("copy.CRF")}), before);
+    other.Close();
+    EXPECT_EQ(Names(), (std::set<std::string>{"copy.CRF", "r.CRF"}));
+    Succeed({"calc", crf});
+}
+
+TEST_F(TwoPrograms, AKilledWindowHoldsNoCommandUp) {
+    OtherWindow other(crf);
+    other.Kill();
+    Succeed({"calc", crf});
+    EXPECT_EQ(Names(), (std::set<std::string>{"r.CRF", "r.CRF.lock"})) << "the next window takes it over";
 }
 
 // The other one opened the report, and before it changes anything the file has been replaced.

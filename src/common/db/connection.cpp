@@ -2,6 +2,8 @@
 
 #include "common/db/collation.h"
 #include "common/db/functions.h"
+#include "common/db/limits.h"
+#include "common/db/open_file.h"
 #include "common/db/schema_reader.h"
 #include "common/db/sqlite_error.h"
 
@@ -114,6 +116,21 @@ void Connection::Run_Quietly(const char* sql) noexcept {
     if (handle_ == nullptr) return;
     if (log_) log_(sql, {});
     sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
+}
+
+bool Connection::Changed_Elsewhere() {
+    Handle();
+    std::string version = dataVersion_;
+    sqlite3_busy_timeout(handle_, 0);
+    try {
+        version = Single_Text(*this, "PRAGMA data_version");
+    } catch (const DbError&) {  // the next call tells
+    }
+    sqlite3_busy_timeout(handle_, kBusyMilliseconds);
+    const bool first = dataVersion_.empty();
+    if (version == std::exchange(dataVersion_, version) || first) return false;
+    if (jobDepth_ == 0) Forget_Shapes();
+    return true;
 }
 
 DbError Connection::Failure(int result) {

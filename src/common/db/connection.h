@@ -69,6 +69,10 @@ class Connection {
     void End_Job();
     void Roll_Back_Job();
 
+    // True where another connection has committed to the file since the last call. What is known of the tables is read
+    // anew then. False while the file is being changed: the next call tells.
+    bool Changed_Elsewhere();
+
     void Set_Log(StatementLog log) { log_ = std::move(log); }
     const StatementLog& Log() const { return log_; }
 
@@ -83,6 +87,7 @@ class Connection {
     PlanCache plans_;
     std::vector<std::pair<std::string, Statement>> own_;
     int jobDepth_ = 0;
+    std::string dataVersion_;         // of the file, when it was last asked for
     std::optional<DbError> jobLost_;  // why the transaction of the job is gone
     StatementLog log_;
 };

@@ -66,6 +66,10 @@ bool Database::Is_Read_Only() const {
     return Open_Connection(connection_).Is_Read_Only();
 }
 
+bool Database::Changed_Elsewhere() {
+    return Open_Connection(connection_).Changed_Elsewhere();
+}
+
 void Database::Close() {
     Open_Connection(connection_).Close();
 }

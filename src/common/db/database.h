@@ -171,6 +171,9 @@ class Database {
     bool Is_Open() const;
     const std::string& Path() const;
     bool Is_Read_Only() const;
+    // True where another program, or another connection of this one, has committed to the file since the last call, or
+    // since the file was opened. Cheap enough for every time that a window comes up.
+    bool Changed_Elsewhere();
     // Ends every recordset. A closed handle stays as an object whose operations throw DatabaseClosed.
     void Close();
 

@@ -6,6 +6,7 @@
 
 #include "common/atomic_file.h"
 #include "common/db/file_check.h"
+#include "common/db/limits.h"
 #include "common/db/sqlite_error.h"
 
 namespace tallmar::db_detail {
@@ -17,7 +18,6 @@ struct CloseHandle {
 };
 using HandleOwner = std::unique_ptr<sqlite3, CloseHandle>;
 
-constexpr int kBusyMilliseconds = 2000;
 constexpr int kPageSize = 4096;
 
 // What SQLite does for files that it cannot trust.
@@ -122,6 +122,7 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
         Remove_Stale_Journal(*connection);
         Remove_Stale_Temporary(path);
     }
+    connection->Changed_Elsewhere();
     return connection;
 }
 

@@ -117,5 +117,44 @@ TEST_F(TwoProgramsTest, ACopyGoesOverWhatIsNoReport) {
     EXPECT_EQ(In_The_File(to), "1;");
 }
 
+TEST_F(TwoProgramsTest, AChangeOfTheOtherIsTold) {
+    Database other = DBEngine::OpenDatabase(path);
+    EXPECT_FALSE(db.Changed_Elsewhere());
+    Run("UPDATE A SET x = 2");
+    EXPECT_FALSE(db.Changed_Elsewhere()) << "one's own";
+    EXPECT_TRUE(other.Changed_Elsewhere());
+    EXPECT_FALSE(other.Changed_Elsewhere()) << "told already";
+    Rows(other, "A");
+    EXPECT_FALSE(db.Changed_Elsewhere()) << "the other only read";
+    other.Execute("UPDATE A SET x = 3");
+    other.Execute("UPDATE A SET x = 4");
+    EXPECT_TRUE(db.Changed_Elsewhere());
+    EXPECT_FALSE(db.Changed_Elsewhere());
+    EXPECT_EQ(Rows(db, "A"), "4;");
+}
+
+TEST_F(TwoProgramsTest, ATableThatTheOtherChangedIsReadAnew) {
+    Rows(db, "A");
+    Database other = DBEngine::OpenDatabase(path);
+    TableDef table = other.TableDefs().Item("A");
+    table.Fields_Append(table.CreateField("y", FieldType::Long));
+    other.Execute("UPDATE A SET y = 7");
+    EXPECT_TRUE(db.Changed_Elsewhere());
+    EXPECT_EQ(Rows(db, "SELECT y FROM A"), "7;");
+}
+
+TEST_F(TwoProgramsTest, AChangeUnderWayIsToldWhenItIsDone) {
+    Database other = DBEngine::OpenDatabase(path);
+    {
+        Job job(other);
+        other.Execute("UPDATE A SET x = 2");
+        EXPECT_FALSE(db.Changed_Elsewhere());
+        job.Commit();
+    }
+    EXPECT_TRUE(db.Changed_Elsewhere());
+    db.Close();
+    EXPECT_EQ(Code_Of([&] { db.Changed_Elsewhere(); }), DbErrorCode::DatabaseClosed);
+}
+
 }  // namespace
 }  // namespace tallmar
