@@ -91,10 +91,25 @@ bool OpenForm::Go_To(Currency line) {
     return true;
 }
 
-bool OpenForm::Is_Locked(const GridColumn& column) const {
+std::vector<const GridColumn*> OpenForm::Reread_Row() {
+    std::vector<const GridColumn*> changed;
+    if (!row_.Exists() || !Has_Entries()) return changed;
+    Row now = db.Read_Row(Row_Query(form_, item_, row_.Line()));
+    if (!now) return changed;
+    RowUnderEdit row(row_.Line(), std::move(now));
+    for (const auto& [field, value] : row_.Entered()) {
+        const GridColumn* column = Find_Column(field);
+        if (column != nullptr && row.Stored(field) != row_.Stored(field)) changed.push_back(column);
+        row.Set(field, value);
+    }
+    row_ = std::move(row);
+    return changed;
+}
+
+bool OpenForm::Is_Locked(const GridColumn& column, const RowUnderEdit& row) const {
     if (form_.readOnly || column.kind == CellKind::Shown || column.hidden) return true;
-    if (form_.nullIsShaded && column.kind != CellKind::Text && row_.Stored(column.field).Is_Null()) return true;
-    return form_.locked != nullptr && form_.locked({item_, column, row_});
+    if (form_.nullIsShaded && column.kind != CellKind::Text && row.Stored(column.field).Is_Null()) return true;
+    return form_.locked != nullptr && form_.locked({item_, column, row});
 }
 
 CellOutcome OpenForm::Enter(const GridColumn& column, std::string_view text) {

@@ -49,10 +49,15 @@ class OpenForm {
     const RowUnderEdit& Under_Edit() const { return row_; }
     // Something was entered in the row and is not stored.
     bool Has_Entries() const { return !row_.Entered().empty(); }
-    bool Is_Locked(const GridColumn& column) const;
+    bool Is_Locked(const GridColumn& column) const { return Is_Locked(column, row_); }
+    // Of any row of the form.
+    bool Is_Locked(const GridColumn& column, const RowUnderEdit& row) const;
     CellOutcome Enter(const GridColumn& column, std::string_view text);
     // Commit_Grid: writes the row under edit. A refusal keeps it under edit, an engine's error too.
     CellOutcome Leave_Row();
+    // Reads the row again beneath its entries. The columns that were entered and are not as they were when the cursor
+    // came into the row: someone else has stored them.
+    std::vector<const GridColumn*> Reread_Row();
     // Gives up what was entered in the row; the cursor is in none then.
     void Cancel_Row();
     // Brings other worksheets up to the rows stored since the last time; nothing where none was.

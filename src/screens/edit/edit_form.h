@@ -2,6 +2,7 @@
 // before it is taken, and what a row forbids is locked.
 #pragma once
 
+#include "screens/edit/edit_grid.h"
 #include "screens/view/worksheet_form.h"
 
 namespace tallmar {
@@ -12,13 +13,29 @@ class EditForm : public WorksheetForm {
   public:
     EditForm(const FormDescription& description, Item item, QWidget* parent = nullptr);
 
+    EditGrid& Entry_Grid() const { return *grd_; }
     bool Commit_Grid() override;
+    // Stores the row first; where that is refused the rows are not read.
     void Requery() override;
 
     // What the main window's Edit menu calls on the active form.
-    bool Can_Undo() const;
-    void Undo();
-    void Paste();
+    bool Can_Undo() const { return grd_->Can_Undo(); }
+    void Undo() { grd_->Undo(); }
+    void Paste() { grd_->Paste(); }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void Add_Row_Buttons();
+    // The text above the grid (tbCounty) is stored as the entry is left.
+    void Edit_Above();
+    void Show_Above();
+    // False where it is refused.
+    bool Store_Above();
+
+    EditGrid* grd_;
+    bool changed_ = false;  // since the rows were stored: the host was told
 };
 
 }  // namespace tallmar

@@ -1,0 +1,86 @@
+#include "screens/edit/cell_editor.h"
+
+#include <QKeyEvent>
+
+#include "screens/view/grid_model.h"
+
+namespace tallmar {
+
+namespace {
+
+// With the editor replacing the cell's text every arrow leaves, else only what a line of text has no use for.
+bool Leaves(int key, bool replacing) {
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            return true;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            return replacing;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
+    auto* editor = new QLineEdit(parent);
+    editor->setObjectName("cellEditor");
+    editor->setFrame(false);
+    editor->setAutoFillBackground(true);
+    editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+    const QString head = index.model()->headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString();
+    const QString line = index.model()->headerData(index.row(), Qt::Vertical).toString();
+    editor->setAccessibleName(tr("Line %1, %2").arg(line, head));
+    editor_ = editor;
+    return editor;
+}
+
+void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    auto* line = static_cast<QLineEdit*>(editor);
+    // The rows may be read again under an open editor: what is being typed stays.
+    if (!line->isModified()) line->setText(index.data(Qt::EditRole).toString());
+}
+
+void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const {
+    editor->setGeometry(option.rect);
+}
+
+bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != editor_) return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        // Keys that are somebody's shortcut, and the editor's while it is open.
+        if (key->key() == Qt::Key_Escape || Leaves(key->key(), replacing_)) {
+            event->accept();
+            return true;
+        }
+        return false;
+    }
+    // A box, a menu or another window takes the focus: the entry stays under the editor.
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Escape) {
+        emit Given_Up();
+        return true;
+    }
+    if (key->key() == Qt::Key_F2) {
+        replacing_ = false;
+        return true;
+    }
+    if (Leaves(key->key(), replacing_)) {
+        emit Left_By(key->key(), key->modifiers());
+        return true;
+    }
+    // The grid would scroll.
+    return key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+}
+
+}  // namespace tallmar

@@ -1,0 +1,45 @@
+// The editor of a cell: a line of text that leaves by the keys of a spreadsheet. It takes nothing into the table by
+// itself: the grid asks for its text.
+#pragma once
+
+#include <QLineEdit>
+#include <QPointer>
+
+#include "screens/view/grid_delegate.h"
+
+namespace tallmar {
+
+class CellEditor : public GridDelegate {
+    Q_OBJECT
+
+  public:
+    using GridDelegate::GridDelegate;
+
+    // Null while none is open.
+    QLineEdit* Open() const { return editor_; }
+    // It is being closed.
+    void Forget() { editor_ = nullptr; }
+    // Typing replaces the cell: arrows then leave it. Otherwise they move in the text.
+    void Set_Replacing(bool on) { replacing_ = on; }
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+
+  signals:
+    // A key that leaves the cell: the entry is to be taken, and the cursor to be moved as the key says.
+    void Left_By(int key, Qt::KeyboardModifiers modifiers);
+    // Esc: the entry is to be given up.
+    void Given_Up();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    mutable QPointer<QLineEdit> editor_;
+    bool replacing_ = false;
+};
+
+}  // namespace tallmar

@@ -1,0 +1,212 @@
+// Paste, Delete, undo, and rows that come and go.
+#include <QApplication>
+#include <QClipboard>
+#include <QScopedValueRollback>
+#include <map>
+
+#include "common/db/sql_text.h"
+#include "common/platform.h"
+#include "screens/edit/edit_grid.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kPasteTitle = "The following messages were generated during the Paste process.";
+constexpr std::string_view kUndoTitle = "The following messages were generated during the Undo process.";
+
+}  // namespace
+
+class EditGrid::Busy {
+  public:
+    explicit Busy(EditGrid& grd) : asking_(grd.asking_, true) {
+        grd.Entries().Leave_Row();
+        The_Platform().Hourglass(true);
+    }
+    ~Busy() { The_Platform().Hourglass(false); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    QScopedValueRollback<bool> asking_;
+};
+
+void EditGrid::Read_Again() {
+    Entries().Refresh();
+    if (currentIndex().isValid()) Row_Entered(currentIndex().row());
+}
+
+bool EditGrid::Enter_In_Line(Currency line, std::string_view field, const QString& text) {
+    if (!Commit()) return false;
+    OpenForm& form = Entries().Form();
+    CellOutcome outcome{.stored = false, .title = {}, .text = {}};
+    try {
+        const Busy busy(*this);
+        const GridColumn* column = form.Find_Column(field);
+        if (column != nullptr && form.Go_To(line)) outcome = form.Enter(*column, text.toStdString());
+        if (outcome.stored) outcome = form.Leave_Row();
+        form.Cancel_Row();
+    } catch (const DbError& error) {
+        Show_Error(error);
+    }
+    Read_Again();
+    if (!outcome.title.empty()) Show_Refusal(outcome);
+    if (!outcome.stored) return false;
+    emit Entered();
+    emit Row_Stored();
+    emit Told(Stored_Text(1));
+    return true;
+}
+
+bool EditGrid::Can_Undo() const {
+    return model() != nullptr && (Entries().Form().Can_Undo() || Entries().Form().Has_Entries());
+}
+
+void EditGrid::Undo() {
+    if (asking_) return;
+    Close_Choices();
+    // What is not stored yet is the last that was done.
+    if (Is_Editing()) return Close_Editor();
+    OpenForm& form = Entries().Form();
+    if (form.Has_Entries()) {
+        Entries().Cancel_Row();
+        emit Told(tr("The entries of the row were taken back."));
+        return;
+    }
+    if (!form.Can_Undo()) return emit Told(tr("There is nothing to take back."));
+    UndoOutcome undone;
+    try {
+        const Busy busy(*this);
+        undone = form.Undo();
+    } catch (const DbError& error) {
+        Show_Error(error);
+    }
+    Read_Again();
+    if (undone.text.empty()) return;
+    Go_To(undone.line);
+    emit Entered();
+    emit Row_Stored();
+    emit Told(QString::fromStdString(undone.text));
+    std::vector<Platform::BatchMessage> kept;
+    for (const std::string& text : undone.kept) kept.push_back({"W", form.Worksheet().Name(), text});
+    if (!kept.empty()) The_Platform().Show_Batch_Messages(kUndoTitle, kept);
+}
+
+void EditGrid::Enter_Rows(const std::vector<BlockRow>& rows, const char* what) {
+    BlockOutcome outcome;
+    OpenForm& form = Entries().Form();
+    try {
+        const Busy busy(*this);
+        outcome = Enter_Block(form, rows, what);
+    } catch (const DbError& error) {
+        Show_Error(error);
+    }
+    Read_Again();
+    if (outcome.rows > 0) {
+        emit Entered();
+        emit Row_Stored();
+    }
+    emit Told(Stored_Text(outcome.cells));
+    if (!outcome.notes.empty()) The_Platform().Show_Batch_Messages(kPasteTitle, Block_Messages(form, outcome));
+}
+
+void EditGrid::Paste() {
+    const QString text = QApplication::clipboard()->text();
+    if (text.isEmpty() || !currentIndex().isValid() || !Commit()) return;
+    const ClipboardRows clipboard = Parse_Clipboard(text.toStdString());
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    const bool isSingle = clipboard.size() == 1 && clipboard.front().size() == 1;
+    if (isSingle && selected.size() > 1) return Fill_Selection(clipboard.front().front(), "paste");
+
+    // From the upper left corner of what is selected.
+    int top = currentIndex().row(), left = currentIndex().column();
+    for (const QModelIndex& index : selected) {
+        top = std::min(top, index.row());
+        left = std::min(left, index.column());
+    }
+    std::vector<Currency> lines;
+    for (int row = top; row < Model().rowCount(); ++row) lines.push_back(Model().Line(row));
+    std::vector<const GridColumn*> columns;
+    for (int column = left; column < Model().columnCount(); ++column) columns.push_back(&Model().Column(column));
+    Enter_Rows(Block_At(clipboard, lines, columns), "paste");
+}
+
+void EditGrid::Fill_Selection(const std::string& text, const char* what) {
+    std::map<int, std::map<int, const GridColumn*>> cells;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
+        cells[index.row()][index.column()] = &Model().Column(index.column());
+    }
+    std::vector<BlockRow> rows;
+    for (const auto& [row, columns] : cells) {
+        BlockRow& block = rows.emplace_back();
+        block.line = Model().Line(row);
+        for (const auto& [at, column] : columns) block.cells.push_back({column, text});
+    }
+    Enter_Rows(rows, what);
+}
+
+void EditGrid::Clear_Cells() {
+    if (selectionModel()->selectedIndexes().size() > 1) {
+        if (Commit()) Fill_Selection("", "cells cleared");
+        return;
+    }
+    // One cell is an entry as any other: its boxes are shown.
+    const QModelIndex at = currentIndex();
+    if (!at.isValid() || !Take_Entry()) return;
+    if (!Entries().Takes_Entry(at)) return Tell_Why_Locked(at);
+    Enter_Text(at, "");
+}
+
+void EditGrid::Add_Row() {
+    if (!Commit()) return;
+    OpenForm& form = Entries().Form();
+    const Currency current = currentIndex().isValid() ? Model().Line(currentIndex().row()) : Currency();
+    std::optional<Currency> line;
+    try {
+        const Busy busy(*this);
+        line = form.Add_Row(current);
+    } catch (const DbError& error) {
+        Show_Error(error);
+    }
+    Read_Again();
+    setFocus();
+    if (!line) return;
+    Go_To(*line);
+    emit Entered();
+    emit Row_Stored();
+    emit Told(tr("Line %1 added.").arg(QString::fromStdString(line->To_Text())));
+}
+
+void EditGrid::Delete_Row() {
+    if (!currentIndex().isValid() || asking_) return;
+    // What was entered goes with the row, and comes back with it unless its own checks refuse it.
+    Close_Choices();
+    Close_Editor();
+    OpenForm& form = Entries().Form();
+    try {
+        if (!Entries().Store_Row().stored) Entries().Cancel_Row();
+    } catch (const DbError& error) {
+        Show_Error(error);
+    }
+    const int row = currentIndex().row();
+    const Currency line = Model().Line(row);
+    const int before = Model().rowCount();
+    bool failed = false;
+    try {
+        const Busy busy(*this);
+        form.Remove_Row(line);
+    } catch (const DbError& error) {
+        failed = true;
+        Show_Error(error);
+    }
+    Read_Again();
+    setFocus();
+    if (failed) return;
+    const QString number = QString::fromStdString(line.To_Text());
+    if (Model().rowCount() == before) return emit Told(tr("Line %1 is the form's own and stays.").arg(number));
+    emit Entered();
+    emit Row_Stored();
+    emit Told(tr("Line %1 removed. Ctrl+Z brings it back.").arg(number));
+}
+
+}  // namespace tallmar

@@ -1,0 +1,98 @@
+#include "screens/edit/edit_form.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+
+#include "common/platform.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kCloseTitle = "Error: Worksheet Not Finished";
+
+}  // namespace
+
+EditForm::EditForm(const FormDescription& description, Item item, QWidget* parent)
+    : WorksheetForm(FormMode::Edit, description, std::move(item), parent), grd_(new EditGrid(this)) {
+    Set_Up(new EditModel(Form()), grd_);
+    connect(grd_, &EditGrid::Told, this, &WorksheetForm::Stored);
+    connect(grd_, &EditGrid::Entered, this, [this] {
+        if (!std::exchange(changed_, true)) emit Cell_Changed();
+    });
+    connect(grd_, &EditGrid::Row_Stored, this, [this] { changed_ = false; });
+
+    Add_Row_Buttons();
+    QPushButton* open = Add_Button("cmdOpenView", tr("&Open View"), tr("Show the whole worksheet, totals included"));
+    connect(open, &QPushButton::clicked, this, [this] {
+        if (Commit_Grid()) emit Open_Requested(FormMode::View, QString::fromStdString(Worksheet().Name()));
+    });
+    QPushButton* recalculate =
+        Add_Button("cmdRecalculate", tr("&Recalculate"), tr("Calculate the whole report and show this worksheet"));
+    connect(recalculate, &QPushButton::clicked, this, [this] {
+        if (Commit_Grid()) emit Recalculate_Requested();
+    });
+    Add_Walk_Buttons();
+    Edit_Above();
+    Layout_Buttons();
+}
+
+void EditForm::Add_Row_Buttons() {
+    const FormDescription& form = Form().Description();
+    if (form.add != nullptr) {
+        QPushButton* add = Add_Button("cmdAdd", tr("&Add"), tr("Add a line"));
+        connect(add, &QPushButton::clicked, grd_, &EditGrid::Add_Row);
+    }
+    if (form.remove != nullptr) {
+        QPushButton* remove = Add_Button("cmdDelete", tr("&Delete"), tr("Remove the line that the cursor is in"));
+        connect(remove, &QPushButton::clicked, grd_, &EditGrid::Delete_Row);
+    }
+}
+
+bool EditForm::Commit_Grid() {
+    return Store_Above() && grd_->Commit();
+}
+
+void EditForm::Requery() {
+    if (!Commit_Grid()) return;
+    grd_->Entries().Leave_Row();
+    WorksheetForm::Requery();
+}
+
+void EditForm::closeEvent(QCloseEvent* event) {
+    try {
+        WorksheetForm::closeEvent(event);
+    } catch (const DbError& error) {
+        // The rows are stored; what their closing arranges can be done by the next.
+        The_Platform().Message_Box(error.Description(), kStop, kCloseTitle);
+        event->accept();
+    }
+}
+
+void EditForm::Edit_Above() {
+    if (Above() == nullptr) return;
+    connect(Above(), &QLineEdit::editingFinished, this, &EditForm::Store_Above);
+    // The grid may show the row too.
+    connect(&Model(), &QAbstractItemModel::dataChanged, this, &EditForm::Show_Above);
+}
+
+void EditForm::Show_Above() {
+    const TextAbove& above = *Form().Description().above;
+    const int row = Model().Row_Of(above.line);
+    const int column = Model().Column_Of(above.field);
+    if (row < 0 || column < 0 || Above()->isModified()) return;
+    Above()->setText(Model().index(row, column).data(Qt::EditRole).toString());
+}
+
+bool EditForm::Store_Above() {
+    if (Above() == nullptr || !Above()->isModified()) return true;
+    const TextAbove& above = *Form().Description().above;
+    const QString text = Above()->text();
+    // A box takes the focus, which finishes the editing once more.
+    Above()->setModified(false);
+    const bool stored = grd_->Enter_In_Line(above.line, above.field, text);
+    Show_Above();
+    return stored;
+}
+
+}  // namespace tallmar

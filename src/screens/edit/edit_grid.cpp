@@ -1,0 +1,188 @@
+#include "screens/edit/edit_grid.h"
+
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+#include "common/db/sql_text.h"
+#include "common/platform.h"
+#include "screens/cell_text.h"
+#include "screens/edit/cell_editor.h"
+#include "screens/edit/entry_guard.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kErrorTitle = "Error: Entry Not Stored";
+constexpr std::string_view kChangedTitle = "Warning: Entry Changed By Another Program";
+
+std::string Line_Place(const OpenForm& form, Currency line) {
+    const std::string worksheet = "Worksheet " + form.Worksheet().Name();
+    return form.Description().order.empty() ? worksheet : Sql(worksheet, ", line ", line);
+}
+
+// Names that a number fills in beside it are not counted.
+std::size_t Entered_Cells(const OpenForm& form) {
+    std::size_t cells = 0;
+    for (const auto& [field, value] : form.Under_Edit().Entered()) {
+        const GridColumn* column = form.Find_Column(field);
+        if (column != nullptr && column->kind != CellKind::Shown) ++cells;
+    }
+    return cells;
+}
+
+}  // namespace
+
+QString EditGrid::Stored_Text(std::size_t cells, std::optional<Currency> line) const {
+    const OpenForm& form = Entries().Form();
+    const QString place =
+        QString::fromStdString(line ? Line_Place(form, *line) : "Worksheet " + form.Worksheet().Name());
+    return cells == 1 ? tr("%1: 1 cell stored.").arg(place) : tr("%1: %2 cells stored.").arg(place).arg(cells);
+}
+
+EditGrid::EditGrid(QWidget* parent) : GridView(parent), editor_(new CellEditor(this)) {
+    setItemDelegate(editor_);
+    connect(editor_, &CellEditor::Left_By, this, &EditGrid::Leave_By);
+    connect(editor_, &CellEditor::Given_Up, this, &EditGrid::Close_Editor);
+}
+
+void EditGrid::setModel(QAbstractItemModel* model) {
+    GridView::setModel(model);
+    // The view brought a selection model of its own.
+    QItemSelectionModel* plain = selectionModel();
+    const QModelIndex at = currentIndex();
+    guard_ = new EntryGuard(
+        model, [this](const QModelIndex& to) { return May_Leave(to); }, this);
+    setSelectionModel(guard_);
+    delete plain;
+    if (at.isValid()) setCurrentIndex(at);
+}
+
+EditModel& EditGrid::Entries() const {
+    return static_cast<EditModel&>(Model());
+}
+
+bool EditGrid::Is_Editing() const {
+    return editor_->Open() != nullptr;
+}
+
+void EditGrid::Show_Error(const DbError& error) {
+    The_Platform().Message_Box(error.Description(), kStop, kErrorTitle);
+}
+
+void EditGrid::Close_Editor() {
+    QLineEdit* editor = editor_->Open();
+    if (editor == nullptr) return;
+    editor_->Forget();
+    const bool hadFocus = editor->hasFocus();
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (hadFocus) setFocus();
+}
+
+bool EditGrid::Enter_Text(const QModelIndex& at, const QString& text) {
+    const QScopedValueRollback asking(asking_, true);
+    CellOutcome outcome;
+    try {
+        outcome = Entries().Enter(at, text);
+    } catch (const DbError& error) {
+        Close_Editor();
+        Show_Error(error);
+        return false;
+    }
+    // The cell shows what it holds before a box says why it holds that.
+    Close_Editor();
+    Show_Refusal(outcome);
+    if (outcome.stored) emit Entered();
+    return outcome.stored;
+}
+
+bool EditGrid::Take_Entry() {
+    if (asking_) return false;
+    QLineEdit* editor = editor_->Open();
+    if (editor == nullptr) return true;
+    const QModelIndex at = currentIndex();
+    const QString text = editor->text();
+    // Looking at a cell changes nothing. A blank is an entry: it is 0 where a number stands.
+    if (!editor->isModified() || (!text.isEmpty() && text == at.data(Qt::EditRole).toString())) {
+        Close_Editor();
+        return true;
+    }
+    return Enter_Text(at, text);
+}
+
+bool EditGrid::May_Overwrite() {
+    OpenForm& form = Entries().Form();
+    const std::vector<const GridColumn*> changed = form.Reread_Row();
+    if (changed.empty()) return true;
+    std::string text = Line_Place(form, form.Under_Edit().Line()) + " was changed by another program meanwhile.  ";
+    for (const GridColumn* column : changed) {
+        const RowUnderEdit& row = form.Under_Edit();
+        text += Sql(column->label, " holds '", Edit_Text(row.Stored(column->field)), "', you entered '",
+                    Edit_Text(row[column->field]), "'.  ");
+    }
+    text += "Select OK to store your entry, or Cancel to keep it in the row without storing it.";
+    return The_Platform().Message_Box(text, kOkCancel + kExclamation, kChangedTitle) == Answer::Ok;
+}
+
+bool EditGrid::Store_Row() {
+    if (asking_) return false;
+    OpenForm& form = Entries().Form();
+    if (!form.Has_Entries()) return true;
+    const QScopedValueRollback asking(asking_, true);
+    const QString stored = Stored_Text(Entered_Cells(form), form.Under_Edit().Line());
+    try {
+        if (!May_Overwrite()) return false;
+        const CellOutcome outcome = Entries().Store_Row();
+        if (!outcome.stored) {
+            Show_Refusal(outcome);
+            return false;
+        }
+    } catch (const DbError& error) {
+        Show_Error(error);
+        // The row may be in the table, and only what follows it has failed.
+        if (form.Has_Entries()) return false;
+    }
+    emit Row_Stored();
+    emit Told(stored);
+    return true;
+}
+
+bool EditGrid::Commit() {
+    return Take_Entry() && Store_Row();
+}
+
+bool EditGrid::May_Leave(const QModelIndex& to) {
+    // Rows that are read again put the cursor back by themselves.
+    if (asking_) return Entries().Row_Under_Edit() < 0 || to.row() == Entries().Row_Under_Edit();
+    Close_Choices();
+    if (!Take_Entry()) return false;
+    return to.row() == currentIndex().row() || Store_Row();
+}
+
+void EditGrid::Row_Entered(int row) {
+    if (Entries().Row_Under_Edit() == row || Entries().Enter_Row(row)) return;
+    // Another program took the line away.
+    QTimer::singleShot(0, this, [this] {
+        if (Entries().Row_Under_Edit() >= 0 || asking_) return;
+        Entries().Refresh();
+    });
+}
+
+void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    GridView::currentChanged(current, previous);
+    if (current.isValid()) Row_Entered(current.row());
+    Close_Choices();
+    if (hasFocus() && isVisible()) Show_Choices();
+}
+
+void EditGrid::Go_To(Currency line) {
+    const int row = Model().Row_Of(line);
+    if (row < 0) return;
+    int column = std::max(currentIndex().column(), 0);
+    Row_Entered(row);
+    for (int i = 0; i < Model().columnCount() && !Entries().Takes_Entry(Model().index(row, column)); ++i) column = i;
+    setCurrentIndex(Model().index(row, column));
+}
+
+}  // namespace tallmar

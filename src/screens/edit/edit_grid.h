@@ -1,0 +1,112 @@
+// The grid of an edit form. The cursor leaves a cell when its entry was taken, and a row when the row was stored; what
+// is refused shows one box and holds the cursor.
+#pragma once
+
+#include <QPointer>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "screens/edit/choice_list.h"
+#include "screens/edit/edit_model.h"
+#include "screens/paste.h"
+#include "screens/view/grid_view.h"
+
+class QLineEdit;
+
+namespace tallmar {
+
+class CellEditor;
+class EntryGuard;
+
+class EditGrid : public GridView {
+    Q_OBJECT
+
+  public:
+    explicit EditGrid(QWidget* parent = nullptr);
+    // Requires an EditModel.
+    void setModel(QAbstractItemModel* model) override;
+    EditModel& Entries() const;
+
+    // Takes the entry under the editor and stores the row; the cursor stays. False where either is refused.
+    bool Commit();
+    // Takes the entry under the editor into the row.
+    bool Take_Entry();
+    // One cell of the cursor's row, without an editor.
+    bool Enter_Text(const QModelIndex& at, const QString& text);
+    // One cell of a line, which the grid need not show, and stores it. The row of the cursor is stored first.
+    bool Enter_In_Line(Currency line, std::string_view field, const QString& text);
+    bool Is_Editing() const;
+    // Opens the editor on the cursor's cell; `typed` replaces what the cell holds. Where the cell takes nothing the
+    // status line says so.
+    void Edit_Cell(const QString& typed = {});
+
+    bool Can_Undo() const;
+    void Undo();
+    void Paste();
+    void Clear_Cells();
+    // cmdAdd and cmdDelete on the row of the cursor.
+    void Add_Row();
+    void Delete_Row();
+    // The cursor goes to the line, in the column where it is or the first that takes an entry. The row must have been
+    // stored.
+    void Go_To(Currency line);
+
+    // The list over the cursor's cell; null while there is none.
+    ChoiceList* Choices() const { return choices_; }
+
+  signals:
+    // An entry was taken or rows came and went.
+    void Entered();
+    // Rows went into the table.
+    void Row_Stored();
+    // For the status line.
+    void Told(const QString& text);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+  private:
+    bool May_Leave(const QModelIndex& to);
+    bool Store_Row();
+    // Someone else stored a cell of the row meanwhile: the person's word decides.
+    bool May_Overwrite();
+    void Row_Entered(int row);
+    void Show_Error(const DbError& error);
+    QString Stored_Text(std::size_t cells, std::optional<Currency> line = {}) const;
+
+    void Close_Editor();
+    void Leave_By(int key, Qt::KeyboardModifiers modifiers);
+    bool Type_Key(QKeyEvent* event);
+    void Step(int rows, int columns);
+    void Tab(bool back);
+    void Tell_Why_Locked(const QModelIndex& index);
+
+    // Many cells, rows that come and go, undo: the form is at work on its own.
+    class Busy;
+    void Enter_Rows(const std::vector<BlockRow>& rows, const char* what);
+    void Fill_Selection(const std::string& text, const char* what);
+    void Read_Again();
+
+    void Show_Choices();
+    void Close_Choices();
+    bool Choice_Key(QKeyEvent* event);
+    void Choose(const QString& value);
+
+    CellEditor* editor_;
+    EntryGuard* guard_ = nullptr;
+    QPointer<ChoiceList> choices_;
+    bool asking_ = false;  // a check, a box or a store is under way: nothing else may begin
+};
+
+}  // namespace tallmar

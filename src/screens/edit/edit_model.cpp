@@ -1,0 +1,110 @@
+#include "screens/edit/edit_model.h"
+
+#include <utility>
+
+namespace tallmar {
+
+RowUnderEdit EditModel::Row_Of_Table(int row) const {
+    return {Line(row), Rows().At(static_cast<std::size_t>(row))};
+}
+
+bool EditModel::Enter_Row(int row) {
+    row_ = row >= 0 && row < rowCount() && Form().Go_To(Line(row)) && Form().Under_Edit().Exists() ? row : -1;
+    return row_ == row;
+}
+
+void EditModel::Leave_Row() {
+    Form().Cancel_Row();
+    row_ = -1;
+}
+
+bool EditModel::Takes_Entry(const QModelIndex& index) const {
+    if (!index.isValid()) return false;
+    const GridColumn& column = Column(index.column());
+    if (index.row() == row_) return !Form().Is_Locked(column);
+    return !Form().Is_Locked(column, Row_Of_Table(index.row()));
+}
+
+const PopupList* EditModel::Popup(const QModelIndex& index) const {
+    const FormDescription& form = Form().Description();
+    if (form.popup == nullptr || index.row() != row_ || !Takes_Entry(index)) return nullptr;
+    return form.popup({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
+}
+
+CellOutcome EditModel::Enter(const QModelIndex& index, const QString& text) {
+    CellOutcome outcome = Form().Enter(Column(index.column()), text.toStdString());
+    // A check may fill other cells of the row, and open or lock them.
+    if (outcome.stored) Show_Row(index.row());
+    return outcome;
+}
+
+CellOutcome EditModel::Store_Row() {
+    if (row_ < 0 || !Form().Has_Entries()) return {};
+    CellOutcome outcome = Form().Leave_Row();
+    if (!outcome.stored) return outcome;
+    const Currency line = Line(row_);
+    const FormDescription& form = Form().Description();
+    // By line: what follows may bring rows and take some.
+    const auto enter_again = [&] { Enter_Row(form.order.empty() ? 0 : Row_Of(line)); };
+    try {
+        Form().Follow_Changes();
+    } catch (const DbError&) {
+        Refresh();
+        enter_again();
+        throw;
+    }
+    if (form.rowStored != nullptr || form.follow != nullptr) {
+        Refresh();
+    } else {
+        Reread(row_);
+    }
+    enter_again();
+    return outcome;
+}
+
+void EditModel::Cancel_Row() {
+    if (row_ < 0) return;
+    const int row = row_;
+    Form().Cancel_Row();
+    Enter_Row(row);
+    Show_Row(row);
+}
+
+void EditModel::Refresh() {
+    FormRows now(Form().Description(), Form().Worksheet());
+    bool same = now.Count() == Rows().Count();
+    for (std::size_t i = 0; same && i < now.Count(); ++i) same = now.Line(i) == Rows().Line(i);
+    if (!same) return Requery();
+    if (now.Count() == 0) return;
+    Rows().Requery();
+    Reread(0);
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void EditModel::Requery() {
+    row_ = -1;
+    GridModel::Requery();
+}
+
+Qt::ItemFlags EditModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = GridModel::flags(index);
+    return Takes_Entry(index) ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool EditModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+    if (index.row() != row_) {
+        const CellOutcome left = Store_Row();
+        Show_Refusal(left);
+        if (!left.stored || !Enter_Row(index.row())) return false;
+    }
+    const CellOutcome outcome = Enter(index, value.toString());
+    Show_Refusal(outcome);
+    return outcome.stored;
+}
+
+Value EditModel::Cell(int row, const GridColumn& column) const {
+    return row == row_ && Form().Has_Entries() ? Form().Under_Edit()[column.field] : GridModel::Cell(row, column);
+}
+
+}  // namespace tallmar

@@ -1,0 +1,51 @@
+// The rows of an edit form: those of the table, and over them what was entered in the row that the cursor is in.
+#pragma once
+
+#include "screens/cell_entry.h"
+#include "screens/view/grid_model.h"
+
+namespace tallmar {
+
+class EditModel : public GridModel {
+    Q_OBJECT
+
+  public:
+    using GridModel::GridModel;
+
+    // The cursor came into the row; the one before must have been stored or given up. False where the table no longer
+    // has the line: the rows must be read again.
+    bool Enter_Row(int row);
+    // The form works on rows of its own choice: the cursor is in none. Requires that nothing is entered.
+    void Leave_Row();
+    // -1 while the cursor is in none.
+    int Row_Under_Edit() const { return row_; }
+    bool Takes_Entry(const QModelIndex& index) const;
+    // The list that opens over the cell; null where it has none or takes nothing.
+    const PopupList* Popup(const QModelIndex& index) const;
+
+    // One cell of the row under edit through its check. A refusal is not shown.
+    CellOutcome Enter(const QModelIndex& index, const QString& text);
+    // The row goes into the table and stays the one under edit. A refusal keeps its entries, and is not shown. DbError
+    // of what follows the row reaches the caller; the row is stored then.
+    CellOutcome Store_Row();
+    // Gives up what was entered in the row.
+    void Cancel_Row();
+    // Reads all rows again. The cursor keeps its cell where the table has the same lines as before.
+    void Refresh();
+
+    void Requery() override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    // As a person enters it: a refusal is shown, and so is that of a row before.
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+  protected:
+    Value Cell(int row, const GridColumn& column) const override;
+
+  private:
+    RowUnderEdit Row_Of_Table(int row) const;
+    void Show_Row(int row) { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
+
+    int row_ = -1;
+};
+
+}  // namespace tallmar
