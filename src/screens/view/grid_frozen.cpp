@@ -3,6 +3,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "screens/view/grid_delegate.h"
 #include "screens/view/grid_head.h"
@@ -15,16 +16,25 @@ namespace {
 
 // The share of the window that they may take, in percent.
 constexpr int kMostShare = 60;
+constexpr int kEdgeShare = 60;
 // What lies beneath them is out of sight far to the left, and still found again there.
 constexpr int kFarLeft = 10'000'000;
 
 }  // namespace
 
-int GridView::Frozen_Width() const {
+int GridView::Frozen_Count() const {
     if (model() == nullptr) return 0;
+    int room = viewport()->width() * kMostShare / 100;
+    int count = 0;
+    while (count < Model().Frozen() && columnWidth(count) <= room) room -= columnWidth(count++);
+    return count;
+}
+
+int GridView::Frozen_Width() const {
+    const int count = Frozen_Count();
     int width = 0;
-    for (int i = 0; i < Model().Frozen(); ++i) width += columnWidth(i);
-    return width * 100 > viewport()->width() * kMostShare ? 0 : width;
+    for (int i = 0; i < count; ++i) width += columnWidth(i);
+    return width;
 }
 
 bool GridView::Is_Shifted() const {
@@ -34,7 +44,7 @@ bool GridView::Is_Shifted() const {
 QRect GridView::visualRect(const QModelIndex& index) const {
     QRect rect = QTableView::visualRect(index);
     if (!index.isValid() || !Is_Shifted()) return rect;
-    if (index.column() < Model().Frozen()) return rect.translated(horizontalOffset(), 0);
+    if (index.column() < Frozen_Count()) return rect.translated(horizontalOffset(), 0);
     const int frozen = Frozen_Width();
     if (rect.right() < frozen) return rect.translated(-kFarLeft, 0);
     rect.setLeft(std::max(rect.left(), frozen));
@@ -51,7 +61,7 @@ QModelIndex GridView::indexAt(const QPoint& at) const {
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!index.isValid()) return;
     const int frozen = Frozen_Width();
-    if (frozen > 0 && index.column() < Model().Frozen()) {
+    if (frozen > 0 && index.column() < Frozen_Count()) {
         const int across = horizontalScrollBar()->value();
         QTableView::scrollTo(index, hint);
         horizontalScrollBar()->setValue(across);
@@ -86,6 +96,7 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::Paint_Frozen(const QRect& part) {
+    const int count = Frozen_Count();
     const int frozen = Frozen_Width();
     const QRect clip = QRect(0, 0, frozen, viewport()->height()) & part;
     if (clip.isEmpty()) return;
@@ -100,7 +111,7 @@ void GridView::Paint_Frozen(const QRect& part) {
     const QStyle::State plain = option.state & ~(QStyle::State_HasFocus | QStyle::State_Selected);
     const int first = std::max(rowAt(clip.top()), 0);
     for (int row = first; row < Model().rowCount() && rowViewportPosition(row) <= clip.bottom(); ++row) {
-        for (int column = 0; column < Model().Frozen(); ++column) {
+        for (int column = 0; column < count; ++column) {
             const QModelIndex index = Model().index(row, column);
             const QRect cell = visualRect(index);
             const QRect whole(cell.left(), rowViewportPosition(row), columnWidth(column), rowHeight(row));
@@ -117,8 +128,9 @@ void GridView::Paint_Frozen(const QRect& part) {
         }
     }
     // Where the others go beneath.
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawLine(frozen - 1, clip.top(), frozen - 1, clip.bottom());
+    painter.setPen(Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), kEdgeShare));
+    const int end = verticalHeader()->length() - verticalOffset();
+    painter.drawLine(frozen - 1, clip.top(), frozen - 1, std::min(clip.bottom(), end - 1));
 }
 
 }  // namespace tallmar

@@ -109,11 +109,10 @@ void GridHead::paintSection(QPainter* painter, const QRect& rect, int logicalInd
 
 void GridHead::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
-    const int frozen = grd_.Frozen_Width();
-    if (frozen == 0 || offset() == 0) return;
+    if (grd_.Frozen_Count() == 0 || offset() == 0) return;
     QPainter painter(viewport());
     painter.setFont(font());
-    for (int i = 0; i < grd_.Model().Frozen(); ++i) {
+    for (int i = 0; i < grd_.Frozen_Count(); ++i) {
         paintSection(&painter, QRect(sectionPosition(i), 0, sectionSize(i), viewport()->height()), i);
     }
 }

@@ -36,8 +36,8 @@ class GridView : public QTableView {
     // regard to case. False where there is none.
     bool Find(const QString& text, bool backwards = false);
 
-    // The width of the columns that stay in sight while the others are scrolled; 0 where they would leave too little
-    // room for those.
+    // The columns that stay in sight while the others are scrolled: the model's, as far as they leave room for those.
+    int Frozen_Count() const;
     int Frozen_Width() const;
     // Widths that the person chose, by field; the others are the grid's own.
     const ColumnWidths& Chosen_Widths() const { return chosen_; }

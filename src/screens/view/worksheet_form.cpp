@@ -44,6 +44,8 @@ WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, 
     dat_->setObjectName("dat");
     lines_->setContentsMargins(0, 0, 0, 0);
     lines_->setSpacing(0);
+    // Controls are made in the order in which the Tab key walks them.
+    if (description.above != nullptr) Add_Text_Above(*description.above);
 }
 
 WorksheetForm::~WorksheetForm() = default;
@@ -62,10 +64,7 @@ void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
     lines_->addWidget(find_);
     lines_->addWidget(dat_);
     lines_->addWidget(picButtons_);
-    if (form_->Description().above != nullptr) Add_Text_Above(*form_->Description().above);
     setFocusProxy(grd);
-    setTabOrder(grd, find_);
-    setTabOrder(find_, picButtons_);
     Load_Widths();
     connect(grd->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { Row_Entered(current.row()); });
@@ -92,8 +91,7 @@ void WorksheetForm::Add_Text_Above(const TextAbove& text) {
     row->addWidget(label);
     row->addWidget(above_, 1);
     row->addStretch(1);
-    Add_Above_Grid(line);
-    setTabOrder(above_, grd_);
+    lines_->addWidget(line);
     Read_Text_Above();
 }
 

@@ -1,0 +1,422 @@
+// The grid under keys and mouse: columns that stay, cursor, copy, find, zoom, widths, and what aids are told.
+#include "screens/view/grid_view.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <cmath>
+
+#include "catalogue.h"
+#include "screens/view/find_bar.h"
+#include "screens/view/grid_delegate.h"
+#include "screens/view/view_test.h"
+#include "support/allocation_report.h"
+
+namespace tallmar {
+
+namespace {
+
+QModelIndex At(const WorksheetForm& form, Currency line, std::string_view field) {
+    return form.Model().index(form.Model().Row_Of(line), form.Model().Column_Of(field));
+}
+
+void Turn_Wheel(GridView& grd, int eighths) {
+    const QPointF at(20, 20);
+    QWheelEvent turn(at, grd.viewport()->mapToGlobal(at), {}, {0, eighths}, Qt::NoButton, Qt::ControlModifier,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(grd.viewport(), &turn);
+}
+
+}  // namespace
+
+TEST(FrozenColumnsTest, LineAndNameStayWhileTheOthersAreScrolled) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    ASSERT_EQ(grd.Frozen_Count(), 3);
+    const QRect name = grd.visualRect(At(*form, 5_cur, "CCName"));
+    grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
+    EXPECT_EQ(grd.visualRect(At(*form, 5_cur, "CCName")), name);
+    EXPECT_EQ(grd.indexAt(name.center()), At(*form, 5_cur, "CCName"));
+    // What was scrolled away is not in sight; what is left of a column begins beside them.
+    EXPECT_FALSE(grd.visualRect(At(*form, 5_cur, "Col_1")).intersects(grd.viewport()->rect()));
+    EXPECT_EQ(grd.indexAt(grd.visualRect(At(*form, 5_cur, "Col_1")).center()), At(*form, 5_cur, "Col_1"));
+    const QModelIndex beside = grd.indexAt({grd.Frozen_Width() + 1, name.center().y()});
+    EXPECT_GT(beside.column(), form->Model().Column_Of("Col_1"));
+    EXPECT_GE(grd.visualRect(beside).left(), grd.Frozen_Width());
+}
+
+TEST(FrozenColumnsTest, AreSeenOnTheScreenAndTakeTheMouse) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    QApplication::processEvents();
+    const QRect part(0, 0, grd.Frozen_Width() - 1, grd.viewport()->height());
+    grd.selectionModel()->clear();
+    const QImage before = grd.viewport()->grab(part).toImage();
+    const QImage head = grd.Head().viewport()->grab(QRect(0, 0, part.width(), 20)).toImage();
+    grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
+    EXPECT_EQ(grd.viewport()->grab(part).toImage(), before);
+    EXPECT_EQ(grd.Head().viewport()->grab(QRect(0, 0, part.width(), 20)).toImage(), head);
+
+    QTest::mouseClick(grd.viewport(), Qt::LeftButton, {}, grd.visualRect(At(*form, 7_cur, "CCName")).center());
+    EXPECT_EQ(grd.currentIndex(), At(*form, 7_cur, "CCName"));
+    EXPECT_EQ(grd.horizontalScrollBar()->value(), grd.horizontalScrollBar()->maximum());
+}
+
+TEST(FrozenColumnsTest, TheCursorIsNeverBeneathThem) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    Put_Cursor(*form, 5_cur, "Col_10");
+    for (int i = 0; i < 9; ++i) {
+        QTest::keyClick(&grd, Qt::Key_Left);
+        EXPECT_GE(grd.visualRect(grd.currentIndex()).left(), grd.Frozen_Width()) << i;
+        EXPECT_EQ(grd.visualRect(grd.currentIndex()).width(), grd.columnWidth(grd.currentIndex().column()) - 1) << i;
+    }
+    EXPECT_EQ(grd.currentIndex(), At(*form, 5_cur, "Col_1"));
+}
+
+TEST(FrozenColumnsTest, ARangeFromBehindThemIsTheColumnsBetween) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    Put_Cursor(*form, 5_cur, "Col_1");
+    for (int i = 0; i < 9; ++i) QTest::keyClick(&grd, Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_GT(grd.horizontalScrollBar()->value(), 0);
+    EXPECT_EQ(grd.selectionModel()->selectedIndexes().size(), 10);
+    EXPECT_TRUE(grd.selectionModel()->isSelected(At(*form, 5_cur, "Col_1")));
+    EXPECT_FALSE(grd.selectionModel()->isSelected(At(*form, 5_cur, "CCName")));
+}
+
+TEST(FrozenColumnsTest, InANarrowWindowOnlyAsManyStayAsLeaveRoom) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {300, 400});
+    GridView& grd = form->Grid();
+    EXPECT_LT(grd.Frozen_Count(), 3);
+    EXPECT_LE(grd.Frozen_Width() * 10, grd.viewport()->width() * 6);
+    // The name scrolls then.
+    grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
+    EXPECT_LT(grd.visualRect(At(*form, 5_cur, "CCName")).right(), 0);
+}
+
+TEST(GridViewTest, TabGoesOnInTheNextRowAndLeavesAtTheEnds) {
+    Report r(fy2016);
+    const auto form = Open_View("S3p1");
+    form->activateWindow();
+    GridView& grd = form->Grid();
+    const int last = form->Model().columnCount() - 1;
+    grd.setFocus();
+    grd.setCurrentIndex(form->Model().index(2, last));
+    QTest::keyClick(&grd, Qt::Key_Tab);
+    EXPECT_EQ(grd.currentIndex(), form->Model().index(3, 0));
+    QTest::keyClick(&grd, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(grd.currentIndex(), form->Model().index(2, last));
+    grd.setCurrentIndex(form->Model().index(form->Model().rowCount() - 1, last));
+    QTest::keyClick(&grd, Qt::Key_Tab);
+    EXPECT_EQ(grd.currentIndex().row(), form->Model().rowCount() - 1);
+    EXPECT_FALSE(grd.hasFocus());
+    ASSERT_NE(form->focusWidget(), nullptr);
+    EXPECT_EQ(form->focusWidget()->objectName().toStdString(), "cmdRecalculate");
+}
+
+TEST(GridViewTest, EnterGoesDownAndHomeAndEndToTheEnds) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    const GridModel& model = form->Model();
+    Put_Cursor(*form, 5_cur, "Col_3");
+    QTest::keyClick(&grd, Qt::Key_Return);
+    EXPECT_EQ(grd.currentIndex(), At(*form, 6_cur, "Col_3"));
+    QTest::keyClick(&grd, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(grd.currentIndex(), At(*form, 5_cur, "Col_3"));
+    QTest::keyClick(&grd, Qt::Key_End);
+    EXPECT_EQ(grd.currentIndex(), At(*form, 5_cur, "Col_10"));
+    QTest::keyClick(&grd, Qt::Key_Home);
+    EXPECT_EQ(grd.currentIndex(), At(*form, 5_cur, "LineNum"));
+    QTest::keyClick(&grd, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(grd.currentIndex(), model.index(model.rowCount() - 1, model.columnCount() - 1));
+    QTest::keyClick(&grd, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(grd.currentIndex(), model.index(0, 0));
+    QTest::keyClick(&grd, Qt::Key_PageDown);
+    EXPECT_GT(grd.currentIndex().row(), 5);
+}
+
+TEST(GridViewTest, CopiesPlainValuesApartByTabs) {
+    Report r(fy2016);
+    r.Cell("A", 5, 1, -1200);
+    r.Cell("A", 5, 2, 1234567);
+    r.Cell("A", 6, "CCName", "Nursing \"A\"");
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    EXPECT_EQ(QApplication::clipboard()->text(), QString());
+    Put_Cursor(*form, 5_cur, "CCName");
+    QTest::keyClick(&grd, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(&grd, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(&grd, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&grd, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
+              "Administrative & General\t-1200\t1234567\n\"Nursing \"\"A\"\"\"\t0\t0");
+    grd.clearSelection();
+    EXPECT_TRUE(grd.Selected_Text().isEmpty());
+    QApplication::clipboard()->clear();
+}
+
+TEST(GridViewTest, SelectsAllWithOneKey) {
+    Report r(fy2016);
+    const auto form = Open_View("S3p1");
+    QTest::keyClick(&form->Grid(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(form->Grid().selectionModel()->selectedIndexes().size(),
+              form->Model().rowCount() * form->Model().columnCount());
+    EXPECT_EQ(form->Grid().Selected_Text().count('\n'), form->Model().rowCount() - 1);
+}
+
+TEST(GridViewTest, FindsOnFromTheCursorAndAround) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    Put_Cursor(*form, 8_cur, "Col_1");
+    EXPECT_TRUE(grd.Find("therapy"));
+    const Currency first = form->Model().Line(grd.currentIndex().row());
+    EXPECT_EQ(first, 16_cur);
+    EXPECT_TRUE(grd.Find("therapy"));
+    EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 7_cur);
+    EXPECT_TRUE(grd.Find("therapy", true));
+    EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 16_cur);
+    EXPECT_FALSE(grd.Find("no such text"));
+    EXPECT_FALSE(grd.Find(""));
+    EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 16_cur);
+}
+
+TEST(GridViewTest, ZoomsFontRowsAndColumnsWithinItsBounds) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    QSignalSpy zoomed(&grd, &GridView::Zoom_Changed);
+    const double font = grd.font().pointSizeF();
+    const int row = grd.rowHeight(3);
+    const int column = grd.columnWidth(2);
+    const int head = grd.Head().height();
+    grd.Set_Zoom(200);
+    EXPECT_NEAR(grd.font().pointSizeF(), 2 * font, 0.01);
+    EXPECT_NEAR(grd.Head().font().pointSizeF(), 2 * font, 0.01);
+    EXPECT_NEAR(grd.rowHeight(3), 2 * row, 0.2 * row);
+    EXPECT_NEAR(grd.columnWidth(2), 2 * column, 0.2 * column);
+    EXPECT_GT(grd.Head().height(), head);
+    grd.Set_Zoom(1000);
+    EXPECT_EQ(grd.Zoom(), 300);
+    grd.Set_Zoom(1);
+    EXPECT_EQ(grd.Zoom(), 50);
+    EXPECT_EQ(zoomed.count(), 3);
+    QTest::keyClick(&grd, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(grd.Zoom(), 100);
+    EXPECT_EQ(grd.rowHeight(3), row);
+    EXPECT_EQ(grd.columnWidth(2), column);
+    QTest::keyClick(&grd, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(grd.Zoom(), 110);
+    QTest::keyClick(&grd, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(grd.Zoom(), 100);
+    Turn_Wheel(grd, 240);
+    EXPECT_EQ(grd.Zoom(), 120);
+    Turn_Wheel(grd, -60);
+    Turn_Wheel(grd, -60);
+    EXPECT_EQ(grd.Zoom(), 110);
+}
+
+TEST(GridViewTest, ColumnWidthsAreKeptByFormAndOnlyWhereTheyWereChanged) {
+    Report r(fy2016);
+    const FakePlatform::Setting key{"Tallmar 1728", "Columns", "frmViewA"};
+    {
+        const auto form = Open_View("A");
+        form->close();
+        EXPECT_FALSE(r.platform.settings.contains(key));
+    }
+    int width = 0;
+    {
+        const auto form = Open_View("A");
+        width = 2 * form->Grid().columnWidth(2);
+        form->Grid().setColumnWidth(2, width);
+        form->close();
+    }
+    ASSERT_TRUE(r.platform.settings.contains(key));
+    EXPECT_TRUE(r.platform.settings[key].starts_with("CCName=")) << r.platform.settings[key];
+    const auto form = Open_View("A");
+    EXPECT_NEAR(form->Grid().columnWidth(2), width, 2);
+}
+
+TEST(GridViewTest, WidthsOfSettingsThatMakeNoSenseAreLeftOut) {
+    const ColumnWidths widths = Widths_Of("CCName=31.5;;=4;Col_1;Col_2=x;Col_3=-4;Col_4=1e9;Col_5=nan;Col_6=12");
+    EXPECT_EQ(Widths_Text(widths), "CCName=31.5;Col_6=12");
+    EXPECT_TRUE(Widths_Of("").empty());
+}
+
+TEST(GridViewTest, AFigureThatGrewIsNotCut) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    r.Cell("A", 5, 1, -123456789012_cur);
+    form->Requery();
+    const QString text = Text_At(*form, 5_cur, "Col_1");
+    EXPECT_EQ(text.toStdString(), "(123,456,789,012)");
+    EXPECT_GT(form->Grid().columnWidth(form->Model().Column_Of("Col_1")),
+              form->Grid().fontMetrics().horizontalAdvance(text));
+}
+
+TEST(GridViewTest, AClickOnAHeadShowsItWhole) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridHead& head = form->Grid().Head();
+    const int column = form->Model().Column_Of("Col_4");
+    const QModelIndex before = form->Grid().currentIndex();
+    QTest::mouseClick(head.viewport(), Qt::LeftButton, {},
+                      {head.sectionViewportPosition(column) + head.sectionSize(column) / 2, 10});
+    EXPECT_EQ(QToolTip::text().toStdString(), "4\nContracted Purchased Services");
+    EXPECT_EQ(form->Grid().currentIndex(), before);
+    Put_Cursor(*form, 5_cur, "Col_2");
+    QTest::keyClick(&form->Grid(), Qt::Key_F1, Qt::ShiftModifier);
+    EXPECT_EQ(QToolTip::text().toStdString(), "2\nEmployee Benefits");
+    QToolTip::hideText();
+}
+
+TEST(GridViewTest, AHeadIsAsHighAsItsLinesNeed) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    const int high = grd.Head().sizeHint().height();
+    for (int i = 0; i < form->Model().columnCount(); ++i) grd.setColumnWidth(i, 400);
+    EXPECT_LT(grd.Head().sizeHint().height(), high);
+    EXPECT_GE(grd.Head().sizeHint().height(), 2 * grd.fontMetrics().height());
+}
+
+TEST(GridViewTest, ALongQuestionIsWrappedInItsRow) {
+    Report r(fy2016);
+    const auto form = Open_View("S2");
+    GridView& grd = form->Grid();
+    EXPECT_GT(grd.rowHeight(form->Model().Row_Of(28_cur)), 2 * grd.fontMetrics().height());
+    EXPECT_LT(grd.rowHeight(form->Model().Row_Of(8_cur)), 2 * grd.fontMetrics().height());
+}
+
+TEST(GridViewTest, AidsAreToldOfEachCellOnce) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    form->Grid().horizontalScrollBar()->setValue(100);
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&form->Grid());
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->text(QAccessible::Name).toStdString(), "View Worksheet A");
+    ASSERT_NE(table->tableInterface(), nullptr);
+    EXPECT_EQ(table->tableInterface()->rowCount(), form->Model().rowCount());
+    EXPECT_EQ(table->tableInterface()->columnCount(), form->Model().columnCount());
+    // The cells and the heads, and none of what is painted twice.
+    EXPECT_EQ(table->childCount(), (form->Model().rowCount() + 1) * (form->Model().columnCount() + 1));
+    int named = 0;
+    for (int i = 0; i < table->childCount(); ++i) named += table->child(i)->text(QAccessible::Name) == "1 Salaries";
+    EXPECT_EQ(named, 1);
+}
+
+TEST(GridViewTest, AWideWorksheetOpensWithoutAWait) {
+    std::vector<oracle::CostCenter> chart;
+    for (int line = 100; line < 600; line += 100) {
+        for (int subline = 0; subline < 12; ++subline) {
+            chart.push_back({.line = line + subline, .generalService = true, .accumulated = line > 100});
+        }
+    }
+    for (int line = 600; line < 2900; line += 100) chart.push_back({.line = line});
+    const AllocationReport r(chart);
+    Install_Catalogue(All_Families());
+    QElapsedTimer timer;
+    timer.start();
+    ViewForm form(kViewB1, "B1");
+    form.resize(1000, 600);
+    form.show();
+    const QImage seen = form.grab().toImage();
+    const auto milliseconds = timer.elapsed();
+    EXPECT_GT(form.Model().columnCount(), 100);
+    EXPECT_LT(milliseconds, 1500);  // with every check of a debugging build, beside other tests
+    RecordProperty("milliseconds", static_cast<int>(milliseconds));
+    EXPECT_FALSE(seen.isNull());
+}
+
+namespace {
+
+struct Tones {
+    const char* name;
+    QColor base, text;
+};
+// Contrast of two colours by their luminance, 1 to 21.
+double Contrast(const QColor& a, const QColor& b) {
+    const auto luminance = [](const QColor& color) {
+        const auto part = [](float value) {
+            return value <= 0.03928F ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+    };
+    const double light = std::max(luminance(a), luminance(b));
+    return (light + 0.05) / (std::min(luminance(a), luminance(b)) + 0.05);
+}
+
+}  // namespace
+
+TEST(TonesTest, ShadedAndTotalCellsAreSeenInEveryPalette) {
+    for (const Tones& tones :
+         {Tones{"light", Qt::white, Qt::black}, Tones{"dark", QColor(30, 30, 30), Qt::white},
+          Tones{"high contrast", Qt::black, Qt::yellow}, Tones{"high contrast white", Qt::white, Qt::black}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, tones.base);
+        palette.setColor(QPalette::Text, tones.text);
+        EXPECT_GE(Contrast(Shaded_Tone(palette), tones.base), 1.25) << tones.name;
+        EXPECT_GE(Contrast(Total_Tone(palette), tones.base), 1.05) << tones.name;
+        // What stands on them is read as well as before.
+        EXPECT_GE(Contrast(Total_Tone(palette), tones.text), 7) << tones.name;
+        EXPECT_GE(Contrast(Shaded_Tone(palette), tones.text), 7) << tones.name;
+    }
+}
+
+TEST(TonesTest, AShadedCellIsGreyOnTheScreen) {
+    Report r(fy2016);
+    const auto form = Open_View("S3p1");
+    GridView& grd = form->Grid();
+    QPalette dark = grd.palette();
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    grd.setPalette(dark);
+    QApplication::processEvents();
+    const QImage seen = grd.viewport()->grab().toImage();
+    const auto ground = [&](Currency line, std::string_view field) {
+        return seen.pixelColor(grd.visualRect(At(*form, line, field)).topLeft() + QPoint(2, 3));
+    };
+    EXPECT_EQ(ground(9_cur, "Col_2"), Shaded_Tone(dark));
+    EXPECT_EQ(ground(9_cur, "Col_1"), QColor(30, 30, 30));
+    EXPECT_EQ(ground(8_cur, "Col_1"), Total_Tone(dark));
+}
+
+TEST(FindBarTest, OpensByKeyFindsAndTellsWhatIsNotThere) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    form->activateWindow();
+    auto* bar = form->findChild<FindBar*>();
+    auto* entry = form->findChild<QLineEdit*>("txtFind");
+    ASSERT_NE(bar, nullptr);
+    EXPECT_TRUE(bar->isHidden());
+    EXPECT_FALSE(entry->accessibleName().isEmpty());
+    QTest::keyClick(&form->Grid(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_FALSE(bar->isHidden());
+    QTest::keyClicks(entry, "clinic");
+    QTest::keyClick(entry, Qt::Key_Return);
+    EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 18_cur);
+    auto* found = form->findChild<QLabel*>("lblFound");
+    EXPECT_TRUE(found->text().isEmpty());
+    entry->setText("nowhere");
+    QTest::keyClick(entry, Qt::Key_F3);
+    EXPECT_EQ(found->text().toStdString(), "\"nowhere\" was not found.");
+    EXPECT_EQ(r.platform.beeps, 1);
+    entry->setText("therapy");
+    QTest::keyClick(&form->Grid(), Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 16_cur);
+    EXPECT_TRUE(found->text().isEmpty());
+    QTest::keyClick(entry, Qt::Key_Escape);
+    EXPECT_TRUE(bar->isHidden());
+}
+
+}  // namespace tallmar
