@@ -8,12 +8,16 @@
 
 namespace tallmar {
 
+void Set_Up_Dialog(QDialog& dialog, const char* name, const QString& caption) {
+    dialog.setObjectName(QLatin1String(name));
+    dialog.setWindowTitle(caption);
+    dialog.setAccessibleName(caption);
+    dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent) {
     auto dialog = std::make_unique<QDialog>(parent);
-    dialog->setObjectName(QLatin1String(name));
-    dialog->setWindowTitle(caption);
-    dialog->setAccessibleName(caption);
-    dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    Set_Up_Dialog(*dialog, name, caption);
     return dialog;
 }
 

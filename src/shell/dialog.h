@@ -15,7 +15,8 @@ namespace tallmar {
 // Owned by whoever shows it; `parent` is the window that it stands over.
 using DialogPtr = std::unique_ptr<QDialog>;
 
-// An empty dialog with the name of its form and its caption, without the "?" of some desktops.
+// The name of its form and its caption, without the "?" of some desktops.
+void Set_Up_Dialog(QDialog& dialog, const char* name, const QString& caption);
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent);
 // A row of the layout: an entry by its control's name, and the label before it with its access key.
 QLineEdit* Add_Entry(QFormLayout& layout, const char* name, const QString& label);

@@ -20,7 +20,7 @@ struct Entry {
     const char* hint;  // stands in the entry while it is empty
 };
 constexpr Entry kEntryRows[] = {
-    {EntryField::Provider, &NewReportEntries::providerNumber, "txtProviderNum", "&Provider number:", "14-7100"},
+    {EntryField::Provider, &NewReportEntries::providerNumber, "txtProviderNum", "&Provider number:", "such as 14-7100"},
     {EntryField::Start, &NewReportEntries::fyStart, "txtFYStart", "Fiscal year &start:", "m/d/yy"},
     {EntryField::End, &NewReportEntries::fyEnd, "txtFYEnd", "Fiscal year &end:", "m/d/yy, empty: one year"},
     {EntryField::Name, &NewReportEntries::facilityName, "txtFacilityName", "Facility &name:", "8 to 36 characters"},

@@ -33,7 +33,7 @@ inline void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QCoreApplication::processEvents();
 }
 inline void Type(const char* text) {
-    QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text));
+    for (; *text != 0; ++text) QTest::keyClick(QApplication::focusWidget(), *text);
     QCoreApplication::processEvents();
 }
 
