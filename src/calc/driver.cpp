@@ -116,6 +116,7 @@ void Calc_Worksheets() {
     const std::vector<Selected> selection = Read_Selection();
     for (const Selected& row : selection) {
         The_Platform().Progress(Sql(" Calculating level ", row.level, ": ", row.item));
+        The_Platform().Do_Events();
         const Item item(row.item);
         Run_Step(item, [&] {
             Clean_Texts(item);
