@@ -26,6 +26,7 @@ constexpr BoxText kUnknownColumn{"Unknown Column", "Worksheet <text> does not ex
 constexpr BoxText kUnknownWorksheet{"Unknown Worksheet", "The report has no worksheet '<text>'."};
 constexpr BoxText kNoEditForm{"No Edit Form", "Worksheet <text> has no edit form."};
 constexpr BoxText kNotStored{"Entry Not Stored", "<text>"};
+constexpr std::string_view kLineGone = "The line is no longer in the worksheet.";
 
 CellOutcome Refused(Refusal refusal) {
     return {false, std::move(refusal.title), std::move(refusal.text), refusal.shown};
@@ -165,7 +166,7 @@ CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
             db.Execute(Sql("INSERT INTO ", table_, " (LineNum", comma, form_.newRow.fields, ") VALUES (", row_.Line(),
                            comma, form_.newRow.values, ");"));
         }
-        db.Execute(Sql(update, Where_Line(form_, row_.Line()), ";"));
+        if (db.Execute(Sql(update, Where_Line(form_, row_.Line()), ";")) == 0) return Refused(kNotStored, kLineGone);
     } catch (const DbError& error) {
         return Refused(kNotStored, error.Description());
     }

@@ -70,8 +70,8 @@ void EditGrid::Undo() {
     OpenForm& form = Entries().Form();
     if (form.Has_Entries()) {
         Entries().Cancel_Row();
-        emit Told(tr("The entries of the row were taken back."));
-        return;
+        if (Entries().Row_Under_Edit() < 0) Read_Again();
+        return emit Told(tr("The entries of the row were taken back."));
     }
     if (!form.Can_Undo()) return emit Told(tr("There is nothing to take back."));
     UndoOutcome undone;

@@ -4,6 +4,8 @@
 #include <QLineEdit>
 
 #include "common/platform.h"
+#include "common/variant.h"
+#include "report/open_report.h"
 
 namespace tallmar {
 
@@ -35,6 +37,11 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     Add_Walk_Buttons();
     Edit_Above();
     Layout_Buttons();
+}
+
+EditForm::~EditForm() {
+    // Its entry finishes the editing as it goes.
+    if (Above() != nullptr) Above()->disconnect(this);
 }
 
 void EditForm::Add_Row_Buttons() {
@@ -72,16 +79,15 @@ void EditForm::closeEvent(QCloseEvent* event) {
 void EditForm::Edit_Above() {
     if (Above() == nullptr) return;
     connect(Above(), &QLineEdit::editingFinished, this, &EditForm::Store_Above);
-    // The grid may show the row too.
+    // An undo may reach it.
     connect(&Model(), &QAbstractItemModel::dataChanged, this, &EditForm::Show_Above);
 }
 
 void EditForm::Show_Above() {
+    if (Above()->isModified()) return;
     const TextAbove& above = *Form().Description().above;
-    const int row = Model().Row_Of(above.line);
-    const int column = Model().Column_Of(above.field);
-    if (row < 0 || column < 0 || Above()->isModified()) return;
-    Above()->setText(Model().index(row, column).data(Qt::EditRole).toString());
+    const Row row = db.Read_Row(Row_Query(Form().Description(), Worksheet(), above.line));
+    Above()->setText(row ? QString::fromStdString(Nz_Str(row[above.field])) : QString());
 }
 
 bool EditForm::Store_Above() {

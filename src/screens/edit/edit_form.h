@@ -12,6 +12,7 @@ class EditForm : public WorksheetForm {
 
   public:
     EditForm(const FormDescription& description, Item item, QWidget* parent = nullptr);
+    ~EditForm() override;
 
     EditGrid& Entry_Grid() const { return *grd_; }
     bool Commit_Grid() override;

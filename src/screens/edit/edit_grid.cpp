@@ -6,6 +6,7 @@
 
 #include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "report/open_report.h"
 #include "screens/cell_text.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/entry_guard.h"
@@ -45,6 +46,11 @@ EditGrid::EditGrid(QWidget* parent) : GridView(parent), editor_(new CellEditor(t
     setItemDelegate(editor_);
     connect(editor_, &CellEditor::Left_By, this, &EditGrid::Leave_By);
     connect(editor_, &CellEditor::Given_Up, this, &EditGrid::Close_Editor);
+}
+
+EditGrid::~EditGrid() {
+    // It stands over the window, which may go on.
+    delete choices_;
 }
 
 void EditGrid::setModel(QAbstractItemModel* model) {
@@ -132,8 +138,10 @@ bool EditGrid::Store_Row() {
     const QScopedValueRollback asking(asking_, true);
     const QString stored = Stored_Text(Entered_Cells(form), form.Under_Edit().Line());
     try {
+        const bool changedElsewhere = db.Changed_Elsewhere();
         if (!May_Overwrite()) return false;
         const CellOutcome outcome = Entries().Store_Row();
+        if (outcome.stored && changedElsewhere) Entries().Refresh();
         if (!outcome.stored) {
             Show_Refusal(outcome);
             return false;
@@ -164,8 +172,7 @@ void EditGrid::Row_Entered(int row) {
     if (Entries().Row_Under_Edit() == row || Entries().Enter_Row(row)) return;
     // Another program took the line away.
     QTimer::singleShot(0, this, [this] {
-        if (Entries().Row_Under_Edit() >= 0 || asking_) return;
-        Entries().Refresh();
+        if (Entries().Row_Under_Edit() < 0 && !asking_) Read_Again();
     });
 }
 

@@ -24,6 +24,7 @@ class EditGrid : public GridView {
 
   public:
     explicit EditGrid(QWidget* parent = nullptr);
+    ~EditGrid() override;
     // Requires an EditModel.
     void setModel(QAbstractItemModel* model) override;
     EditModel& Entries() const;

@@ -122,9 +122,7 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
                 return Show_Choices();
             case Qt::Key_Escape:
                 if (!Entries().Form().Has_Entries()) break;
-                Entries().Cancel_Row();
-                emit Told(tr("The entries of the row were taken back."));
-                return;
+                return Undo();
             default:
                 break;
         }

@@ -3,7 +3,9 @@
 namespace tallmar {
 
 void EntryGuard::setCurrentIndex(const QModelIndex& index, QItemSelectionModel::SelectionFlags command) {
-    if (index.isValid() && index != currentIndex() && !mayLeave_(index)) {
+    // The cursor of an edit form is always in a cell.
+    if (!index.isValid()) return;
+    if (index != currentIndex() && !mayLeave_(index)) {
         vetoed_ = inEvent_;
         return;
     }
