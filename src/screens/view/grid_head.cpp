@@ -41,7 +41,7 @@ int GridHead::Margin() const {
     return style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + fontMetrics().averageCharWidth() / 4;
 }
 
-void GridHead::Layout_Again() {
+void GridHead::Layout_Grid_Head() {
     height_ = 0;
     emit geometriesChanged();
     viewport()->update();

@@ -1,4 +1,4 @@
-// The heads of a grid (Layout_Grid_Head): the column's number on a line of its own, the label wrapped below it over as
+// The heads of a grid: the column's number on a line of its own, the label wrapped below it over as
 // many lines as it needs. A click shows the whole head. The heads of the columns that stay in sight stay with them.
 #pragma once
 
@@ -19,8 +19,8 @@ class GridHead : public QHeaderView {
     int Width_For(int column) const;
     // Shows the whole head beside it.
     void Show_Whole(int column) const;
-    // Labels, widths or the font changed.
-    void Layout_Again();
+    // Lays the heads over their lines anew: labels, widths or the font changed.
+    void Layout_Grid_Head();
 
   protected:
     void paintEvent(QPaintEvent* event) override;

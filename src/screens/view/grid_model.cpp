@@ -4,16 +4,9 @@
 
 #include "common/text.h"
 #include "screens/cell_text.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
-
-namespace {
-
-QString From_Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
 
 GridModel::GridModel(OpenForm& form, QObject* parent)
     : QAbstractTableModel(parent), form_(form), rows_(form.Description(), form.Worksheet()) {
@@ -23,7 +16,7 @@ GridModel::GridModel(OpenForm& form, QObject* parent)
         if (columns[i].hidden) continue;
         shown_.push_back(static_cast<int>(i));
         shown.push_back(columns[i]);
-        heads_ << From_Text(columns[i].label);
+        heads_ << Qt_Text(columns[i].label);
     }
     frozen_ = static_cast<int>(Frozen_Columns(shown));
     Note_Totals();
@@ -74,7 +67,7 @@ void GridModel::Show_Heads_Of(int row) {
     QStringList heads;
     for (int i = 0; i < columnCount(); ++i) {
         const std::size_t at = static_cast<std::size_t>(i) - 1;
-        heads << From_Text(i > 0 && at < labels.size() ? labels[at] : std::string_view(Column(i).label));
+        heads << Qt_Text(i > 0 && at < labels.size() ? labels[at] : std::string_view(Column(i).label));
     }
     if (heads == heads_) return;
     heads_ = heads;
@@ -82,7 +75,7 @@ void GridModel::Show_Heads_Of(int row) {
 }
 
 QString GridModel::Whole_Head(int column) const {
-    const QString number = From_Text(Column(column).number);
+    const QString number = Qt_Text(Column(column).number);
     return number.isEmpty() ? heads_[column] : number + ' ' + heads_[column];
 }
 
@@ -105,10 +98,10 @@ QString GridModel::Display_Text(int row, const GridColumn& column) const {
     }
     Value value = Cell(row, column);
     if (value == place_[column.field])
-        return From_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, place_}));
+        return Qt_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, place_}));
     RowUnderEdit entered = place_;
     entered.Set(column.field, std::move(value));
-    return From_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, entered}));
+    return Qt_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, entered}));
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
@@ -118,7 +111,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return Display_Text(index.row(), column);
         case Qt::EditRole:
-            return From_Text(Edit_Text(Cell(index.row(), column)));
+            return Qt_Text(Edit_Text(Cell(index.row(), column)));
         case Qt::TextAlignmentRole:
             return int(Qt::AlignVCenter | (Is_Figure(column) ? Qt::AlignRight : Qt::AlignLeft));
         case kShadedRole:
@@ -134,14 +127,14 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (section < 0) return {};
     if (orientation == Qt::Vertical) {
         if (role != Qt::DisplayRole || section >= rowCount()) return {};
-        return From_Text(Line(section).To_Text());
+        return Qt_Text(Line(section).To_Text());
     }
     if (section >= columnCount()) return {};
     switch (role) {
         case Qt::DisplayRole:
             return heads_[section];
         case kNumberRole:
-            return From_Text(Column(section).number);
+            return Qt_Text(Column(section).number);
         case Qt::ToolTipRole:
         case Qt::AccessibleTextRole:
             return Whole_Head(section);

@@ -44,7 +44,7 @@ void GridView::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     connect(model, &QAbstractItemModel::modelAboutToBeReset, this, &GridView::Keep_Place);
     connect(model, &QAbstractItemModel::modelReset, this, &GridView::Restore_Place);
-    connect(model, &QAbstractItemModel::headerDataChanged, head_, &GridHead::Layout_Again);
+    connect(model, &QAbstractItemModel::headerDataChanged, head_, &GridHead::Layout_Grid_Head);
     connect(model, &QAbstractItemModel::dataChanged, this, &GridView::Widen_For);
     Scale();
     if (model->rowCount() > 0) setCurrentIndex(model->index(0, std::min(Model().Frozen(), model->columnCount() - 1)));
@@ -109,7 +109,7 @@ void GridView::Set_Widths() {
         setColumnWidth(i, int(std::lround((chosen == chosen_.end() ? own_[field] : chosen->second) * character)));
     }
     sizing_ = false;
-    head_->Layout_Again();
+    head_->Layout_Grid_Head();
     Set_Heights();
 }
 
@@ -143,7 +143,7 @@ void GridView::Take_Width(int column, int width) {
     if (sizing_ || width <= 0) return;
     chosen_[Model().Column(column).field] = width / QFontMetricsF(font()).averageCharWidth();
     widthsChanged_ = true;
-    head_->Layout_Again();
+    head_->Layout_Grid_Head();
     Set_Heights();
 }
 

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <array>
 
+#include "screens/view/qt_text.h"
 #include "screens/view/worksheet_form.h"
 
 namespace tallmar {
@@ -51,10 +52,10 @@ ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* paren
     Add_Button("cmdPrint", tr("&Print"), tr("Printing is not available yet"))->setEnabled(false);
     QPushButton* open = Add_Button("cmdOpenEdit", tr("Open &Edit"), tr("Open this worksheet for edit"));
     connect(open, &QPushButton::clicked, this,
-            [this] { emit Open_Requested(FormMode::Edit, QString::fromStdString(Worksheet().Name())); });
+            [this] { emit Open_Requested(FormMode::Edit, Qt_Text(Worksheet().Name())); });
     if (Form_Of(FormMode::Edit, Worksheet()) == nullptr) {
         open->setEnabled(false);
-        open->setToolTip(tr("This worksheet is computed and takes no entries"));
+        open->setToolTip(tr("There is no form to edit this worksheet"));
     }
     Add_Walk_Buttons();
     if (description.name == kWithLineSets) Add_Line_Sets();
@@ -83,7 +84,7 @@ void ViewForm::Add_Line_Sets() {
     for (const LineSet& set : kLineSets) {
         const int row = Model().Row_Of(set.total);
         const int label = Model().Column_Of("LineLabel");
-        QString caption = tr("Line &%1").arg(QString::fromStdString(set.total.To_Text()));
+        QString caption = tr("Line &%1").arg(Qt_Text(set.total.To_Text()));
         if (row >= 0 && label >= 0) caption += ": " + Model().index(row, label).data().toString().remove('*');
         QAction* entry = list->addAction(caption, this, [this, &set] { Show_Line_Set(*this, set); });
         entry->setObjectName(set.button);

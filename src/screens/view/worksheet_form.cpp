@@ -16,6 +16,7 @@
 #include "screens/view/button_strip.h"
 #include "screens/view/find_bar.h"
 #include "screens/view/grid_head.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 
@@ -23,10 +24,6 @@ namespace {
 
 constexpr std::string_view kWidthsSection = "Columns";
 constexpr int kRowsAtLeast = 4;
-
-QString From_Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 }  // namespace
 
@@ -37,8 +34,8 @@ WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, 
       picButtons_(new QWidget(this)),
       dat_(new QLabel(this)),
       lines_(new QVBoxLayout(this)) {
-    setObjectName(From_Text(description.name));
-    setWindowTitle(QString::fromStdString(Caption()));
+    setObjectName(Qt_Text(description.name));
+    setWindowTitle(Qt_Text(Caption()));
     setAccessibleName(windowTitle());
     picButtons_->setObjectName("picButtons");
     dat_->setObjectName("dat");
@@ -80,11 +77,11 @@ void WorksheetForm::Add_Above_Grid(QWidget* line) {
 
 void WorksheetForm::Add_Text_Above(const TextAbove& text) {
     auto* line = new QWidget(this);
-    auto* label = new QLabel(From_Text(text.label), line);
-    label->setObjectName(From_Text(text.labelControl));
+    auto* label = new QLabel(Qt_Text(text.label), line);
+    label->setObjectName(Qt_Text(text.labelControl));
     above_ = new QLineEdit(line);
-    above_->setObjectName(From_Text(text.control));
-    above_->setAccessibleName(From_Text(text.label).remove('&').remove(':'));
+    above_->setObjectName(Qt_Text(text.control));
+    above_->setAccessibleName(Qt_Text(text.label).remove('&').remove(':'));
     above_->setReadOnly(mode_ == FormMode::View);
     label->setBuddy(above_);
     auto* row = new QHBoxLayout(line);
@@ -99,7 +96,7 @@ void WorksheetForm::Read_Text_Above() {
     if (above_ == nullptr) return;
     const TextAbove& text = *form_->Description().above;
     const Row row = db.Read_Row(Row_Query(form_->Description(), Worksheet(), text.line));
-    above_->setText(QString::fromStdString(row ? Nz_Str(row[text.field]) : std::string()));
+    above_->setText(Qt_Text(row ? Nz_Str(row[text.field]) : std::string()));
 }
 
 QPushButton* WorksheetForm::Add_Button(const char* name, const QString& caption, const QString& tip) {
@@ -118,7 +115,7 @@ void WorksheetForm::Add_Walk_Buttons() {
     cmdNext_ = Add_Button("cmdNext", tr("&Next"));
     const auto walk = [this](Direction direction) {
         const std::string next = Next_Worksheet(Caption(), direction);
-        if (!next.empty()) emit Open_Requested(mode_, QString::fromStdString(next));
+        if (!next.empty()) emit Open_Requested(mode_, Qt_Text(next));
     };
     connect(cmdPrevious_, &QPushButton::clicked, this, [walk] { walk(Direction::Previous); });
     connect(cmdNext_, &QPushButton::clicked, this, [walk] { walk(Direction::Next); });
@@ -128,7 +125,7 @@ void WorksheetForm::Add_Walk_Buttons() {
 void WorksheetForm::Refresh_Neighbours() {
     const auto refresh = [this](QPushButton* button, Direction direction) {
         if (button == nullptr) return;
-        const QString tip = QString::fromStdString(Neighbour_Tip(Caption(), direction));
+        const QString tip = Qt_Text(Neighbour_Tip(Caption(), direction));
         button->setToolTip(tip);
         button->setAccessibleDescription(tip);
         button->setEnabled(!tip.isEmpty());
@@ -150,8 +147,8 @@ void WorksheetForm::Row_Entered(int row) {
 
 void WorksheetForm::Show_Record_Status() {
     const int row = std::max(grd_->currentIndex().row(), 0);
-    const QString status = QString::fromStdString(
-        Record_Status(static_cast<std::size_t>(row), static_cast<std::size_t>(model_->rowCount())));
+    const QString status =
+        Qt_Text(Record_Status(static_cast<std::size_t>(row), static_cast<std::size_t>(model_->rowCount())));
     dat_->setText(status);
     dat_->setAccessibleName(status);
 }
@@ -161,13 +158,13 @@ void WorksheetForm::Open_Find() {
 }
 
 void WorksheetForm::Load_Widths() {
-    const std::string text = The_Platform().Get_Setting(kProgramTitle, kWidthsSection, objectName().toStdString(), "");
+    const std::string text = The_Platform().Get_Setting(kProgramTitle, kWidthsSection, Plain_Text(objectName()), "");
     if (!text.empty()) grd_->Choose_Widths(Widths_Of(text));
 }
 
 void WorksheetForm::Save_Widths() {
     if (!grd_->Widths_Changed()) return;
-    The_Platform().Save_Setting(kProgramTitle, kWidthsSection, objectName().toStdString(),
+    The_Platform().Save_Setting(kProgramTitle, kWidthsSection, Plain_Text(objectName()),
                                 Widths_Text(grd_->Chosen_Widths()));
 }
 

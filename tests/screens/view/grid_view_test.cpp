@@ -333,7 +333,7 @@ TEST(GridViewTest, AWideWorksheetOpensWithoutAWait) {
     const QImage seen = form.grab().toImage();
     const auto milliseconds = timer.elapsed();
     EXPECT_GT(form.Model().columnCount(), 100);
-    EXPECT_LT(milliseconds, 1500);  // with every check of a debugging build, beside other tests
+    EXPECT_LT(milliseconds, 3000);  // 30 in a release; with every check of a debugging build, beside other tests
     RecordProperty("milliseconds", static_cast<int>(milliseconds));
     EXPECT_FALSE(seen.isNull());
 }

@@ -174,8 +174,23 @@ TEST(ViewFormTest, BuildingTheColumnsOfB1HasItsOwnLine) {
     const auto form = Open_View("B1");
     const auto* message = form->findChild<QLabel*>("txtCalcMsg");
     ASSERT_NE(message, nullptr);
-    form->Requery();
+    bool shown = false;
+    QObject::connect(&form->Model(), &QAbstractItemModel::modelReset, [&] { shown = message->isVisible(); });
     EXPECT_TRUE(message->isHidden());
+    form->Requery();
+    EXPECT_TRUE(shown);
+    EXPECT_TRUE(message->isHidden());
+}
+
+TEST(ViewFormTest, TheCostCentersAreViewedThoughTheyAreNoWorksheet) {
+    Report r(fy2016);
+    ViewForm form(kViewCCs, "CCs");
+    form.show();
+    EXPECT_EQ(form.windowTitle().toStdString(), "View Worksheet CCs");
+    EXPECT_EQ(form.Model().rowCount(), r.Read("SELECT Count(*) FROM CostCenters;").To_Long());
+    EXPECT_EQ(Text_At(form, 5_cur, "CCName").toStdString(), "Administrative & General");
+    EXPECT_FALSE(Button(form, "cmdNext")->isEnabled());
+    EXPECT_FALSE(Button(form, "cmdPrevious")->isEnabled());
 }
 
 }  // namespace tallmar
