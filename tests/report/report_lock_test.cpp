@@ -1,5 +1,7 @@
 #include "report/report_lock.h"
 
+#include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "catalogue.h"
@@ -15,6 +17,34 @@ namespace {
 
 constexpr std::string_view kInUse = "Report In Use";
 using Names = std::vector<std::string>;
+
+// Takes the lock again and again, and tells how often somebody else was in at the same time.
+class Contender : public FakePlatform {
+  public:
+    Answer Message_Box(std::string_view, int, std::string_view) override { return Answer::Ok; }
+
+    static pid_t Start(const std::string& report, const std::string& room) {
+        const pid_t process = ::fork();
+        if (process == 0) ::_exit(Contender().Contend(report, room));
+        return process;
+    }
+
+  private:
+    int Contend(const std::string& report, const std::string& room) {
+        keepsReportsOpen = true;
+        int taken = 0;
+        for (int round = 0; round < 100; ++round) {
+            ReportLock lock;
+            if (!lock.Take(report)) continue;
+            ++taken;
+            const int entered = ::open(room.c_str(), O_CREAT | O_EXCL | O_RDWR, 0600);
+            if (entered < 0) return 1;
+            ::close(entered);
+            ::unlink(room.c_str());
+        }
+        return taken > 0 ? 0 : 2;
+    }
+};
 
 class ReportLockTest : public ReportTest {
   protected:
@@ -97,6 +127,17 @@ TEST_F(ReportLockTest, AKilledWindowHoldsNobodyUp) {
     EXPECT_TRUE(Bytes(lock).ends_with(", process " + std::to_string(::getpid()) + "\n"));
     EXPECT_TRUE(Report_Close());
     EXPECT_EQ(Files(), Names{"Agency.CRF"});
+}
+
+TEST_F(ReportLockTest, IsHeldByOneHoweverManyWantIt) {
+    std::vector<pid_t> contenders;
+    for (int i = 0; i < 4; ++i) contenders.push_back(Contender::Start(report, folder.File("room")));
+    for (const pid_t process : contenders) {
+        int status = -1;
+        ::waitpid(process, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(Files(), Names{});
 }
 
 TEST_F(ReportLockTest, TheOpenReportCanBeOpenedAgain) {
