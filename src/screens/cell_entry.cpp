@@ -49,8 +49,12 @@ void Show_Refusal(const CellOutcome& outcome) {
 
 OpenForm::OpenForm(const FormDescription& form, Item item)
     : form_(form), item_(std::move(item)), table_(Form_Table(form, item_)) {
+    Read_Columns();
+}
+
+void OpenForm::Read_Columns() {
     std::vector<GridColumn> described;
-    for (const FormColumn& column : form.columns) {
+    for (const FormColumn& column : form_.columns) {
         described.push_back({.field = std::string(column.field),
                              .number = std::string(column.number),
                              .label = std::string(column.label),
@@ -59,16 +63,17 @@ OpenForm::OpenForm(const FormDescription& form, Item item)
                              .limit = column.limit,
                              .tag = {}});
     }
-    if (form.moreColumns != nullptr) std::ranges::move(form.moreColumns(item_), std::back_inserter(described));
+    if (form_.moreColumns != nullptr) std::ranges::move(form_.moreColumns(item_), std::back_inserter(described));
 
     const TableDef table = db.TableDefs().Item(table_);
+    columns_.clear();
     for (const FieldDef& field : table.Shape().fields) {
         GridColumn column{.field = field.name, .number = {}, .label = {}, .format = {}, .hidden = true, .tag = {}};
         const auto found =
             std::ranges::find_if(described, [&](const GridColumn& c) { return Same_Text(c.field, field.name); });
         if (found != described.end()) {
             column = std::move(*found);
-            column.hidden = form.hidden != nullptr && form.hidden(field.name);
+            column.hidden = form_.hidden != nullptr && form_.hidden(field.name);
         }
         column.type = field.type;
         column.size = field.size;

@@ -40,6 +40,8 @@ class OpenForm {
     const FormDescription& Description() const { return form_; }
     const Item& Worksheet() const { return item_; }
     std::span<const GridColumn> Columns() const { return columns_; }
+    // Takes the columns from the table again, which may have been reshaped; those read before are gone.
+    void Read_Columns();
     // "Col_3", "ccname", or a bare number for Col_<n>. Null where the table has no such column.
     const GridColumn* Find_Column(std::string_view column) const;
 

@@ -10,8 +10,15 @@ namespace tallmar {
 
 GridModel::GridModel(OpenForm& form, QObject* parent)
     : QAbstractTableModel(parent), form_(form), rows_(form.Description(), form.Worksheet()) {
+    Choose_Columns();
+    Note_Totals();
+}
+
+void GridModel::Choose_Columns() {
     const std::span<const GridColumn> columns = form_.Columns();
     std::vector<GridColumn> shown;
+    shown_.clear();
+    heads_.clear();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (columns[i].hidden) continue;
         shown_.push_back(static_cast<int>(i));
@@ -19,7 +26,6 @@ GridModel::GridModel(OpenForm& form, QObject* parent)
         heads_ << Qt_Text(columns[i].label);
     }
     frozen_ = static_cast<int>(Frozen_Columns(shown));
-    Note_Totals();
 }
 
 void GridModel::Note_Totals() {
@@ -49,10 +55,19 @@ int GridModel::Row_Of(Currency line) const {
 }
 
 void GridModel::Requery() {
-    beginResetModel();
+    // The reset ends as well where the table cannot be read: the rows are then as they were.
+    struct Reset {
+        explicit Reset(GridModel& model) : model_(model) { model_.beginResetModel(); }
+        ~Reset() { model_.endResetModel(); }
+        Reset(const Reset&) = delete;
+        Reset& operator=(const Reset&) = delete;
+        GridModel& model_;
+    };
+    const Reset reset(*this);
     rows_.Requery();
+    form_.Read_Columns();
+    Choose_Columns();
     Note_Totals();
-    endResetModel();
 }
 
 void GridModel::Reread(int row) {

@@ -59,6 +59,7 @@ class GridModel : public QAbstractTableModel {
 
   private:
     QString Display_Text(int row, const GridColumn& column) const;
+    void Choose_Columns();
     void Note_Totals();
 
     OpenForm& form_;

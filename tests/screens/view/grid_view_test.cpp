@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <cmath>
@@ -277,6 +278,23 @@ TEST(GridViewTest, AClickOnAHeadShowsItWhole) {
     Put_Cursor(*form, 5_cur, "Col_2");
     QTest::keyClick(&form->Grid(), Qt::Key_F1, Qt::ShiftModifier);
     EXPECT_EQ(QToolTip::text().toStdString(), "2\nEmployee Benefits");
+    QToolTip::hideText();
+}
+
+TEST(GridViewTest, ATextThatItsCellCutsIsShownWhole) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    const QModelIndex name = At(*form, 5_cur, "CCName");
+    const auto ask = [&] {
+        const QPoint at = grd.visualRect(name).center();
+        QHelpEvent help(QEvent::ToolTip, at, grd.viewport()->mapToGlobal(at));
+        QApplication::sendEvent(grd.viewport(), &help);
+        return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
+    };
+    EXPECT_EQ(ask(), "");
+    grd.setColumnWidth(name.column(), grd.fontMetrics().averageCharWidth() * 5);
+    EXPECT_EQ(ask(), "Administrative & General");
     QToolTip::hideText();
 }
 

@@ -121,6 +121,30 @@ TEST(ViewFormTest, RequeryKeepsThePlace) {
     EXPECT_EQ(grd.verticalScrollBar()->value(), down);
 }
 
+TEST(ViewFormTest, RequeryTakesColumnsThatCameAndWent) {
+    Report r(fy2016);
+    const auto form = Open_View("B1");
+    ASSERT_GE(form->Model().Column_Of("CC_500"), 0);
+    Put_Cursor(*form, 6_cur, "CC_500");
+    // Option 1 splits Administrative and General: elsewhere, while the form is open.
+    EXPECT_TRUE(Enter_Cell({"S2", "26", "Col_1", "1"}).stored);
+    form->Requery();
+    EXPECT_EQ(form->Model().Column_Of("CC_500"), -1);
+    EXPECT_GE(form->Model().Column_Of("CC_501"), 0);
+    EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 6_cur);
+    EXPECT_FALSE(form->grab().isNull());
+}
+
+TEST(ViewFormTest, ATableThatIsGoneLeavesWhatWasRead) {
+    Report r(fy2016);
+    const auto form = Open_View("A4");
+    const int rows = form->Model().rowCount();
+    db.TableDefs().Delete("A4");
+    EXPECT_THROW(form->Requery(), DbError);
+    EXPECT_EQ(form->Model().rowCount(), rows);
+    EXPECT_FALSE(form->grab().isNull());
+}
+
 TEST(ViewFormTest, AccessKeysAreUnique) {
     Report r(fy1999);
     for (const char* item : {"A", "A83p3P"}) {
