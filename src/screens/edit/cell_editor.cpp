@@ -50,7 +50,8 @@ void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const 
 }
 
 void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const {
-    editor->setGeometry(option.rect);
+    // The grid draws a frame around it.
+    editor->setGeometry(option.rect.adjusted(1, 1, -1, -1));
 }
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {

@@ -27,7 +27,10 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     Add_Row_Buttons();
     QPushButton* open = Add_Button("cmdOpenView", tr("&Open View"), tr("Show the whole worksheet, totals included"));
     connect(open, &QPushButton::clicked, this, [this] {
-        if (Commit_Grid()) emit Open_Requested(FormMode::View, QString::fromStdString(Worksheet().Name()));
+        if (!Commit_Grid()) return;
+        The_Platform().Hourglass(true);
+        emit Open_Requested(FormMode::View, QString::fromStdString(Worksheet().Name()));
+        The_Platform().Hourglass(false);
     });
     QPushButton* recalculate =
         Add_Button("cmdRecalculate", tr("&Recalculate"), tr("Calculate the whole report and show this worksheet"));
@@ -36,6 +39,7 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     });
     Add_Walk_Buttons();
     Edit_Above();
+    grd_->Go_To_First();
     Layout_Buttons();
 }
 

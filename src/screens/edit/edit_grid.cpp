@@ -1,6 +1,7 @@
 #include "screens/edit/edit_grid.h"
 
 #include <QLineEdit>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QTimer>
 
@@ -14,6 +15,8 @@
 namespace tallmar {
 
 namespace {
+
+constexpr int kFrame = 1;
 
 constexpr std::string_view kErrorTitle = "Error: Entry Not Stored";
 constexpr std::string_view kChangedTitle = "Warning: Entry Changed By Another Program";
@@ -181,6 +184,24 @@ void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     if (current.isValid()) Row_Entered(current.row());
     Close_Choices();
     if (hasFocus() && isVisible()) Show_Choices();
+}
+
+void EditGrid::Go_To_First() {
+    for (int row = 0; row < Model().rowCount(); ++row) {
+        for (int column = Model().Frozen(); column < Model().columnCount(); ++column) {
+            const QModelIndex at = Model().index(row, column);
+            if (Entries().Takes_Entry(at)) return setCurrentIndex(at);
+        }
+    }
+}
+
+// The editor stands inside a frame of the highlight's colour.
+void EditGrid::paintEvent(QPaintEvent* event) {
+    GridView::paintEvent(event);
+    if (!Is_Editing()) return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2 * kFrame));
+    painter.drawRect(editor_->Open()->geometry());
 }
 
 void EditGrid::Go_To(Currency line) {

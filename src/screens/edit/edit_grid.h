@@ -53,6 +53,9 @@ class EditGrid : public GridView {
     // stored.
     void Go_To(Currency line);
 
+    // The first amount or answer of the form that takes an entry.
+    void Go_To_First();
+
     // The list over the cursor's cell; null while there is none.
     ChoiceList* Choices() const { return choices_; }
 
@@ -74,6 +77,7 @@ class EditGrid : public GridView {
     void focusOutEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 

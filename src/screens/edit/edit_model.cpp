@@ -4,6 +4,12 @@
 
 namespace tallmar {
 
+EditModel::EditModel(OpenForm& form, QObject* parent) : GridModel(form, parent) {
+    // An answer may open and lock cells of other rows.
+    connect(this, &QAbstractItemModel::dataChanged, this, [this] { open_.clear(); });
+    connect(this, &QAbstractItemModel::modelReset, this, [this] { open_.clear(); });
+}
+
 RowUnderEdit EditModel::Row_Of_Table(int row) const {
     return {Line(row), Rows().At(static_cast<std::size_t>(row))};
 }
@@ -53,7 +59,7 @@ CellOutcome EditModel::Store_Row() {
         enter_again();
         throw;
     }
-    if (form.rowStored != nullptr || form.follow != nullptr) {
+    if (form.rowStored != nullptr || form.follow != nullptr || form.popup != nullptr) {
         Refresh();
     } else {
         Reread(row_);
@@ -84,6 +90,20 @@ void EditModel::Refresh() {
 void EditModel::Requery() {
     row_ = -1;
     GridModel::Requery();
+}
+
+QVariant EditModel::data(const QModelIndex& index, int role) const {
+    if (role != kShadedRole || !index.isValid() || Column(index.column()).number.empty()) {
+        return GridModel::data(index, role);
+    }
+    const auto row = static_cast<std::size_t>(index.row());
+    if (open_.size() <= row) open_.resize(row + 1);
+    std::vector<bool>& open = open_[row];
+    if (open.empty()) {
+        const RowUnderEdit of = index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row());
+        for (int i = 0; i < columnCount(); ++i) open.push_back(!Form().Is_Locked(Column(i), of));
+    }
+    return !open[static_cast<std::size_t>(index.column())];
 }
 
 Qt::ItemFlags EditModel::flags(const QModelIndex& index) const {

@@ -1,6 +1,8 @@
 // The rows of an edit form: those of the table, and over them what was entered in the row that the cursor is in.
 #pragma once
 
+#include <vector>
+
 #include "screens/cell_entry.h"
 #include "screens/view/grid_model.h"
 
@@ -10,7 +12,7 @@ class EditModel : public GridModel {
     Q_OBJECT
 
   public:
-    using GridModel::GridModel;
+    explicit EditModel(OpenForm& form, QObject* parent = nullptr);
 
     // The cursor came into the row; the one before must have been stored or given up. False where the table no longer
     // has the line: the rows must be read again.
@@ -34,6 +36,8 @@ class EditModel : public GridModel {
     void Refresh();
 
     void Requery() override;
+    // Numbered cells that take no entry are shaded, whatever they hold.
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     // As a person enters it: a refusal is shown, and so is that of a row before.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
@@ -46,6 +50,8 @@ class EditModel : public GridModel {
     void Show_Row(int row) { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
 
     int row_ = -1;
+    // Which cells take an entry, by row; a row is worked out when it is first painted.
+    mutable std::vector<std::vector<bool>> open_;
 };
 
 }  // namespace tallmar
