@@ -5,19 +5,13 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "screens/view/qt_text.h"
+
 namespace tallmar {
-
-namespace {
-
-QString From_Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-}  // namespace
 
 ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* window)
     : QFrame(window), entries_(new QListWidget(this)) {
-    setObjectName(From_Text(list.name));
+    setObjectName(Qt_Text(list.name));
     setAccessibleName(tr("Choices"));
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -30,9 +24,9 @@ ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* win
     entries_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     entries_->setAccessibleName(accessibleName());
     for (const PopupEntry& entry : list.entries) {
-        auto* action = new QAction(From_Text(entry.caption), this);
-        action->setObjectName(From_Text(entry.control));
-        const QString chosen = From_Text(entry.value);
+        auto* action = new QAction(Qt_Text(entry.caption), this);
+        action->setObjectName(Qt_Text(entry.control));
+        const QString chosen = Qt_Text(entry.value);
         connect(action, &QAction::triggered, this, [this, chosen] { emit Chosen(chosen); });
         addAction(action);
         entries_->addItem(action->text());

@@ -7,6 +7,7 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "screens/edit/edit_grid.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 
@@ -43,7 +44,7 @@ bool EditGrid::Enter_In_Line(Currency line, std::string_view field, const QStrin
     try {
         const Busy busy(*this);
         const GridColumn* column = form.Find_Column(field);
-        if (column != nullptr && form.Go_To(line)) outcome = form.Enter(*column, text.toStdString());
+        if (column != nullptr && form.Go_To(line)) outcome = form.Enter(*column, Plain_Text(text));
         if (outcome.stored) outcome = form.Leave_Row();
         form.Cancel_Row();
     } catch (const DbError& error) {
@@ -86,7 +87,7 @@ void EditGrid::Undo() {
     Go_To(undone.line);
     emit Entered();
     emit Row_Stored();
-    emit Told(QString::fromStdString(undone.text));
+    emit Told(Qt_Text(undone.text));
     std::vector<Platform::BatchMessage> kept;
     for (const std::string& text : undone.kept) kept.push_back({"W", form.Worksheet().Name(), text});
     if (!kept.empty()) The_Platform().Show_Batch_Messages(kUndoTitle, kept);
@@ -113,7 +114,7 @@ void EditGrid::Enter_Rows(const std::vector<BlockRow>& rows, const char* what) {
 void EditGrid::Paste() {
     const QString text = QApplication::clipboard()->text();
     if (text.isEmpty() || !currentIndex().isValid() || !Commit()) return;
-    const ClipboardRows clipboard = Parse_Clipboard(text.toStdString());
+    const ClipboardRows clipboard = Parse_Clipboard(Plain_Text(text));
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     const bool isSingle = clipboard.size() == 1 && clipboard.front().size() == 1;
     if (isSingle && selected.size() > 1) return Fill_Selection(clipboard.front().front(), "paste");
@@ -152,7 +153,7 @@ void EditGrid::Clear_Cells() {
     }
     // One cell is an entry as any other: its boxes are shown.
     const QModelIndex at = currentIndex();
-    if (!at.isValid() || !Take_Entry()) return;
+    if (!at.isValid() || at.row() != Entries().Row_Under_Edit() || !Take_Entry()) return;
     if (!Entries().Takes_Entry(at)) return Tell_Why_Locked(at);
     Enter_Text(at, "");
 }
@@ -174,7 +175,7 @@ void EditGrid::Add_Row() {
     Go_To(*line);
     emit Entered();
     emit Row_Stored();
-    emit Told(tr("Line %1 added.").arg(QString::fromStdString(line->To_Text())));
+    emit Told(tr("Line %1 added.").arg(Qt_Text(line->To_Text())));
 }
 
 void EditGrid::Delete_Row() {
@@ -202,7 +203,7 @@ void EditGrid::Delete_Row() {
     Read_Again();
     setFocus();
     if (failed) return;
-    const QString number = QString::fromStdString(line.To_Text());
+    const QString number = Qt_Text(line.To_Text());
     if (Model().rowCount() == before) return emit Told(tr("Line %1 is the form's own and stays.").arg(number));
     emit Entered();
     emit Row_Stored();

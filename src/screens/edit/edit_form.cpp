@@ -6,6 +6,7 @@
 #include "common/platform.h"
 #include "common/variant.h"
 #include "report/open_report.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 
@@ -29,7 +30,7 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     connect(open, &QPushButton::clicked, this, [this] {
         if (!Commit_Grid()) return;
         The_Platform().Hourglass(true);
-        emit Open_Requested(FormMode::View, QString::fromStdString(Worksheet().Name()));
+        emit Open_Requested(FormMode::View, Qt_Text(Worksheet().Name()));
         The_Platform().Hourglass(false);
     });
     QPushButton* recalculate =
@@ -91,7 +92,7 @@ void EditForm::Show_Above() {
     if (Above()->isModified()) return;
     const TextAbove& above = *Form().Description().above;
     const Row row = db.Read_Row(Row_Query(Form().Description(), Worksheet(), above.line));
-    Above()->setText(row ? QString::fromStdString(Nz_Str(row[above.field])) : QString());
+    Above()->setText(row ? Qt_Text(Nz_Str(row[above.field])) : QString());
 }
 
 bool EditForm::Store_Above() {

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <utility>
 
 #include "common/db/sql_text.h"
 #include "common/platform.h"
@@ -11,6 +12,7 @@
 #include "screens/cell_text.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/entry_guard.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 
@@ -40,8 +42,7 @@ std::size_t Entered_Cells(const OpenForm& form) {
 
 QString EditGrid::Stored_Text(std::size_t cells, std::optional<Currency> line) const {
     const OpenForm& form = Entries().Form();
-    const QString place =
-        QString::fromStdString(line ? Line_Place(form, *line) : "Worksheet " + form.Worksheet().Name());
+    const QString place = Qt_Text(line ? Line_Place(form, *line) : "Worksheet " + form.Worksheet().Name());
     return cells == 1 ? tr("%1: 1 cell stored.").arg(place) : tr("%1: %2 cells stored.").arg(place).arg(cells);
 }
 
@@ -66,6 +67,11 @@ void EditGrid::setModel(QAbstractItemModel* model) {
     setSelectionModel(guard_);
     delete plain;
     if (at.isValid()) setCurrentIndex(at);
+}
+
+void EditGrid::reset() {
+    editor_->Forget();
+    GridView::reset();
 }
 
 EditModel& EditGrid::Entries() const {
@@ -173,9 +179,11 @@ bool EditGrid::May_Leave(const QModelIndex& to) {
 
 void EditGrid::Row_Entered(int row) {
     if (Entries().Row_Under_Edit() == row || Entries().Enter_Row(row)) return;
-    // Another program took the line away.
+    // Another program took the line away: the rows are read again, once and not in the middle of a move.
+    if (std::exchange(stale_, true)) return;
     QTimer::singleShot(0, this, [this] {
         if (Entries().Row_Under_Edit() < 0 && !asking_) Read_Again();
+        stale_ = false;
     });
 }
 

@@ -27,6 +27,8 @@ class EditGrid : public GridView {
     ~EditGrid() override;
     // Requires an EditModel.
     void setModel(QAbstractItemModel* model) override;
+    // The editor goes with the rows that were read before.
+    void reset() override;
     EditModel& Entries() const;
 
     // Takes the entry under the editor and stores the row; the cursor stays. False where either is refused.
@@ -111,6 +113,7 @@ class EditGrid : public GridView {
     CellEditor* editor_;
     EntryGuard* guard_ = nullptr;
     QPointer<ChoiceList> choices_;
+    bool stale_ = false;   // the rows are about to be read again
     bool asking_ = false;  // a check, a box or a store is under way: nothing else may begin
 };
 

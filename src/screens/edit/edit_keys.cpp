@@ -7,21 +7,24 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 
+#include "report/open_report.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/edit_grid.h"
 #include "screens/edit/entry_guard.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 
 void EditGrid::Tell_Why_Locked(const QModelIndex& index) {
+    if (db.Is_Read_Only()) return emit Told(tr("The report is read only and takes no entry."));
     if (!index.isValid() || index.row() != Entries().Row_Under_Edit()) return;
-    emit Told(QString::fromStdString(Entries().Enter(index, {}).text));
+    emit Told(Qt_Text(Entries().Enter(index, {}).text));
 }
 
 void EditGrid::Edit_Cell(const QString& typed) {
     const QModelIndex at = currentIndex();
     Close_Choices();
-    if (!at.isValid() || asking_) return;
+    if (!at.isValid() || at.row() != Entries().Row_Under_Edit() || asking_) return;
     if (!Entries().Takes_Entry(at)) return Tell_Why_Locked(at);
     if (!Is_Editing()) edit(at);
     QLineEdit* editor = editor_->Open();

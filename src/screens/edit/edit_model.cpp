@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "report/open_report.h"
+#include "screens/view/qt_text.h"
+
 namespace tallmar {
 
 EditModel::EditModel(OpenForm& form, QObject* parent) : GridModel(form, parent) {
@@ -25,7 +28,7 @@ void EditModel::Leave_Row() {
 }
 
 bool EditModel::Takes_Entry(const QModelIndex& index) const {
-    if (!index.isValid()) return false;
+    if (!index.isValid() || db.Is_Read_Only()) return false;
     const GridColumn& column = Column(index.column());
     if (index.row() == row_) return !Form().Is_Locked(column);
     return !Form().Is_Locked(column, Row_Of_Table(index.row()));
@@ -38,7 +41,7 @@ const PopupList* EditModel::Popup(const QModelIndex& index) const {
 }
 
 CellOutcome EditModel::Enter(const QModelIndex& index, const QString& text) {
-    CellOutcome outcome = Form().Enter(Column(index.column()), text.toStdString());
+    CellOutcome outcome = Form().Enter(Column(index.column()), Plain_Text(text));
     // A check may fill other cells of the row, and open or lock them.
     if (outcome.stored) Show_Row(index.row());
     return outcome;
@@ -46,17 +49,20 @@ CellOutcome EditModel::Enter(const QModelIndex& index, const QString& text) {
 
 CellOutcome EditModel::Store_Row() {
     if (row_ < 0 || !Form().Has_Entries()) return {};
-    CellOutcome outcome = Form().Leave_Row();
-    if (!outcome.stored) return outcome;
     const Currency line = Line(row_);
     const FormDescription& form = Form().Description();
     // By line: what follows may bring rows and take some.
     const auto enter_again = [&] { Enter_Row(form.order.empty() ? 0 : Row_Of(line)); };
+    CellOutcome outcome;
     try {
+        outcome = Form().Leave_Row();
+        if (!outcome.stored) return outcome;
         Form().Follow_Changes();
     } catch (const DbError&) {
-        Refresh();
-        enter_again();
+        if (!Form().Has_Entries()) {
+            Refresh();
+            enter_again();
+        }
         throw;
     }
     if (form.rowStored != nullptr || form.follow != nullptr || form.popup != nullptr) {

@@ -114,6 +114,7 @@ void WorksheetForm::Add_Walk_Buttons() {
     cmdPrevious_ = Add_Button("cmdPrevious", tr("Pre&vious"));
     cmdNext_ = Add_Button("cmdNext", tr("&Next"));
     const auto walk = [this](Direction direction) {
+        if (!Commit_Grid()) return;
         const std::string next = Next_Worksheet(Caption(), direction);
         if (!next.empty()) emit Open_Requested(mode_, Qt_Text(next));
     };

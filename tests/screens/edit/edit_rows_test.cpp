@@ -252,6 +252,55 @@ TEST(EditOthers, ALineThatIsGoneIsToldAndGivenUp) {
     EXPECT_TRUE(s.form.close());
 }
 
+TEST(EditOthers, ALineThatIsGoneIsReadAwayAsTheCursorComes) {
+    Report r(fy2016);
+    Screen s("A5");
+    s.Button("cmdAdd")->click();
+    s.At(12, 2);
+    r.Execute("DELETE FROM A5 WHERE LineNum = 13;");
+    s.At(13, 2);
+    s.Type("5");
+    QTest::qWait(20);
+    EXPECT_EQ(s.form.Model().Row_Of(13_cur), -1);
+    s.At(12, 2);
+    s.Type("6");
+    s.Press(Qt::Key_Up);
+    EXPECT_CELL("A5", 12, 2, 6_cur);
+}
+
+TEST(EditOthers, WhatFollowsARowMayFailAndTheRowIsStored) {
+    Report r(fy2016);
+    Screen s("S2");
+    s.At(26, 1);
+    s.Type("1");
+    r.Execute("DROP TABLE CostCenters;");
+    r.platform.Expect_Box_Starting("Error: Entry Not Stored", "");
+    s.Press(Qt::Key_Tab);
+    s.Press(Qt::Key_Tab);
+    EXPECT_CELL("S2", 26, 1, "1");
+    s.At(20, 1);
+    s.Type("y");
+    s.Press(Qt::Key_Tab);
+    EXPECT_CELL("S2", 20, 1, "Y");
+}
+
+TEST(EditRows, WalkingOnStoresTheRow) {
+    Report r(fy2016);
+    Screen s("A");
+    std::string next;
+    QObject::connect(&s.form, &WorksheetForm::Open_Requested,
+                     [&](FormMode, const QString& item) { next = item.toStdString(); });
+    s.At(6, 1);
+    s.Type("x");
+    r.platform.Expect_Box_Starting("Invalid Non-Numeric Entry", "");
+    s.Button("cmdNext")->click();
+    EXPECT_EQ(next, "");
+    s.Type("5");
+    s.Button("cmdNext")->click();
+    EXPECT_EQ(next, "A4");
+    EXPECT_CELL("A", 6, 1, 5_cur);
+}
+
 TEST(EditCounty, IsStoredAsItsEntryIsLeft) {
     Report r(fy2016);
     Screen s("S3p1");
