@@ -1,0 +1,77 @@
+// The desktop's door to the outside: boxes, file dialogs, pointer, progress, settings and clock over Qt, and the main
+// window's controls by their names.
+#pragma once
+
+#include <QPointer>
+#include <functional>
+#include <string>
+
+#include "common/platform.h"
+#include "shell/job_guard.h"
+
+class QWidget;
+
+namespace tallmar {
+
+class FrmMain;
+
+// Where the program's things stand. Tests give places of their own.
+struct DesktopPlaces {
+    std::string settingsFolder;  // <application>.ini
+    std::string dataFolder;      // empty: nothing is kept
+    std::string programFolder;
+    std::function<Date()> now;
+    std::function<bool(const std::string& path)> open;  // by the program that stands for the document; false: none does
+};
+// Those of the user who runs the program. Requires the QApplication.
+DesktopPlaces User_Places();
+
+class DesktopPlatform final : public Platform {
+  public:
+    // Installs itself, and puts the platform before it back at the end.
+    explicit DesktopPlatform(DesktopPlaces places);
+    ~DesktopPlatform() override;
+    DesktopPlatform(const DesktopPlatform&) = delete;
+    DesktopPlatform& operator=(const DesktopPlatform&) = delete;
+
+    // The window that the controls belong to. Until there is one they are passed over.
+    void Attach(FrmMain* main);
+    const JobGuard& Guard() const { return guard_; }
+
+    Answer Message_Box(std::string_view prompt, int buttons, std::string_view title) override;
+    void Beep() override;
+    std::optional<std::string> Open_File(const FileDialog& dialog) override;
+    std::optional<std::string> Save_File(const FileDialog& dialog) override;
+    void Show_Batch_Messages(std::string_view title, const std::vector<BatchMessage>& rows) override;
+    // A job runs while it is on: the program takes no input.
+    void Hourglass(bool on) override;
+    void Progress(std::string_view text) override;
+    void Do_Events() override;
+    Date Now() override { return places_.now(); }
+    std::string Get_Setting(std::string_view application, std::string_view section, std::string_view key,
+                            std::string_view otherwise) override;
+    void Save_Setting(std::string_view application, std::string_view section, std::string_view key,
+                      std::string_view value) override;
+    std::string Program_Folder() override { return places_.programFolder; }
+    std::string Data_Folder() override { return places_.dataFolder; }
+    void Set_Enabled(std::string_view control, bool enabled) override;
+    void Set_Visible(std::string_view control, bool visible) override;
+    void Set_Text(std::string_view control, std::string_view text) override;
+    bool Close_All_Forms(std::string_view but = {}) override;
+    void Refresh_Menus() override;
+    void Open_Document(std::string_view path) override;
+    bool Keeps_Reports_Open() const override { return true; }
+    [[noreturn]] void End_Program() override;
+
+  private:
+    // Runs `show` with the ordinary pointer and with input, over the window in front.
+    template <class Show>
+    auto In_Front(Show show);
+
+    DesktopPlaces places_;
+    QPointer<FrmMain> main_;
+    JobGuard guard_;
+    Platform* before_;
+};
+
+}  // namespace tallmar

@@ -1,0 +1,21 @@
+#include "shell/form_maker.h"
+
+#include "screens/edit/edit_form.h"
+
+namespace tallmar {
+
+WorksheetForm* Make_Form(FormMode mode, const FormDescription& form, const Item& item) {
+    if (mode == FormMode::Edit) return new EditForm(form, item);
+    return new ViewForm(form, item);
+}
+
+void Undo_In(WorksheetForm& form) {
+    auto* edit = qobject_cast<EditForm*>(&form);
+    if (edit != nullptr && edit->Can_Undo()) edit->Undo();
+}
+
+void Paste_Into(WorksheetForm& form) {
+    if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Paste();
+}
+
+}  // namespace tallmar

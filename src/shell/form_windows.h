@@ -1,0 +1,80 @@
+// The worksheet windows inside the main window: how they are opened, found, calculated and closed.
+#pragma once
+
+#include <QMdiArea>
+#include <QObject>
+#include <string_view>
+#include <vector>
+
+#include "screens/view/worksheet_form.h"
+
+class QMdiSubWindow;
+
+namespace tallmar {
+
+class FormWindows : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit FormWindows(QMdiArea* area);
+
+    // One that is open is brought up. Where there is no form, or no table, a box says so.
+    void Open_Worksheet_Form(FormMode mode, const Item& item);
+    // Closing a view means that a cell is being changed: mnuReportSubmit is disabled, whether the form is open or not.
+    void Close_Worksheet_Form(const Item& item, FormMode mode);
+    // Null where it is not open.
+    WorksheetForm* Find_Form(const Item& item, FormMode mode) const;
+    // By the form's name ("frmEditCCs"), without regard to case.
+    bool Form_Is_Loaded(std::string_view name) const;
+
+    // Asks, and closes all but the forms named `but`. True when the user cancelled, or a row under edit was refused.
+    bool Close_All_Forms(std::string_view but = {});
+    // Closes without asking the forms whose name begins so: "FRMEDIT", "FRMVIEW"; empty: all. False where one stays,
+    // since its row under edit was refused.
+    bool Close_Form_Family(std::string_view beginning);
+    // Stores the rows under edit of all forms. False where one was refused.
+    bool Commit_Rows();
+    // Reads all forms' rows again, keeping their places; a form whose worksheet is gone goes too.
+    void Requery_All();
+
+    // The identity of the report was changed: Worksheet S-2 reads its rows again, and every other form closes but the
+    // cost centers'.
+    void Identity_Changed();
+    // No report is open any more: there is nothing to store.
+    void Drop_All();
+
+    // cmdRecalculate: calculates the whole report. An edit form then gets its view.
+    void Recalculate(WorksheetForm& form);
+
+    // In the order of opening.
+    std::vector<WorksheetForm*> Forms() const;
+    // Null where no form is open.
+    WorksheetForm* Active() const;
+    void Activate(WorksheetForm& form);
+
+    void Set_Zoom(int percent);
+    int Zoom() const { return zoom_; }
+    void Set_Tabs(bool tabs);
+
+  signals:
+    // A form was opened, closed or brought up.
+    void Changed();
+    void Stored(const QString& what);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Connect(WorksheetForm& form);
+    void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
+    QMdiSubWindow* Window_Of(const WorksheetForm& form) const;
+
+    QMdiArea* area_;
+    QObject* closing_ = nullptr;  // the form whose window is being closed
+    int zoom_ = 100;
+};
+
+// Calc_All under the hourglass. False after the box that tells why nothing was calculated.
+bool Calculate_Report();
+
+}  // namespace tallmar

@@ -1,0 +1,262 @@
+#include "shell/frm_main.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QHBoxLayout>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "common/db/error.h"
+#include "common/platform.h"
+#include "report/open_report.h"
+#include "report/store.h"
+#include "report/window.h"
+#include "shell/job_guard.h"
+#include "shell/logo.h"
+#include "shell/main_commands.h"
+#include "shell/qt_text.h"
+#include "shell/recent_files.h"
+#include "shell/window_places.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr int kLogoSize = 24;
+constexpr int kIconSize = 64;
+constexpr int kMargin = 6;
+constexpr QSize kFirstSize{1100, 760};
+constexpr int kHelpLines = 22;
+constexpr int kHelpColumns = 60;
+constexpr int kTellMilliseconds = 8000;
+
+}  // namespace
+
+FrmMain::FrmMain(const JobGuard& guard)
+    : guard_(guard),
+      pages_(new QStackedWidget(this)),
+      welcome_(new WelcomePanel(this)),
+      area_(new QMdiArea(this)),
+      head_(new QWidget(this)),
+      picLogo_(new QLabel(head_)),
+      lblCRFName_(new QLabel(head_)),
+      txtCalcMsg_(new QLabel(this)),
+      help_(new HelpScroller(area_->viewport())),
+      forms_(new FormWindows(area_)),
+      menus_(new MenuBar(menuBar())) {
+    setObjectName("frmMain");
+    setAcceptDrops(true);
+    Lay_Out();
+    Draw();
+    connect(welcome_, &WelcomePanel::New_Requested, this, [this] { Run_Command(*this, "mnuReportNew"); });
+    connect(welcome_, &WelcomePanel::Open_Requested, this, [this] { Run_Command(*this, "mnuReportOpen"); });
+    connect(welcome_, &WelcomePanel::Exit_Requested, this, [this] { Run_Command(*this, "mnuReportExit"); });
+    connect(menus_, &MenuBar::Chosen, this, [this](const QString& name) { Run_Command(*this, Plain_Text(name)); });
+    connect(menus_, &MenuBar::Worksheet_Chosen, forms_,
+            [this](FormMode mode, const QString& item) { forms_->Open_Worksheet_Form(mode, Plain_Text(item)); });
+    connect(forms_, &FormWindows::Changed, this, &FrmMain::Forms_Changed);
+    connect(forms_, &FormWindows::Stored, this, &FrmMain::Tell);
+    connect(&menus_->Menu("mnuWindowList"), &QMenu::aboutToShow, this, &FrmMain::Fill_Window_List);
+    connect(&menus_->Menu("mnuReportRecent"), &QMenu::aboutToShow, this, &FrmMain::Fill_Recent_Files);
+    forms_->Set_Tabs(Tabs_Remembered());
+    menus_->Find("mnuWindowTabbed")->setChecked(Tabs_Remembered());
+    Show_Print_Quality(*this);
+    if (!restoreGeometry(Remembered_Geometry())) resize(kFirstSize);
+    Forms_Changed();
+}
+
+void FrmMain::Lay_Out() {
+    picLogo_->setObjectName("picLogo");
+    picLogo_->setAccessibleName(tr("Tallmar 1728"));
+    picLogo_->setVisible(false);
+    lblCRFName_->setObjectName("lblCRFName");
+    lblCRFName_->setAccessibleName(tr("Cost Report File"));
+    lblCRFName_->setTextFormat(Qt::PlainText);
+    lblCRFName_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblCRFName_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblCRFName_->setVisible(false);
+    auto* line = new QHBoxLayout(head_);
+    line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    line->addWidget(picLogo_);
+    line->addWidget(lblCRFName_, 1);
+    head_->setVisible(false);
+
+    area_->setObjectName("mdiForms");
+    area_->setAccessibleName(tr("Worksheet windows"));
+    area_->setTabsClosable(true);
+    area_->setTabsMovable(true);
+    area_->setDocumentMode(true);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    area_->viewport()->installEventFilter(this);
+    pages_->addWidget(welcome_);
+    pages_->addWidget(area_);
+
+    auto* page = new QWidget(this);
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(head_);
+    column->addWidget(pages_, 1);
+    setCentralWidget(page);
+
+    txtCalcMsg_->setObjectName("txtCalcMsg");
+    txtCalcMsg_->setAccessibleName(tr("Progress"));
+    txtCalcMsg_->setTextFormat(Qt::PlainText);
+    txtCalcMsg_->setVisible(false);
+    statusBar()->setObjectName("sbrMain");
+    statusBar()->addPermanentWidget(txtCalcMsg_);
+}
+
+void FrmMain::Draw() {
+    picLogo_->setPixmap(Logo({kLogoSize, kLogoSize}, palette()));
+    setWindowIcon(Logo({kIconSize, kIconSize}, palette()));
+    area_->setBackground(palette().brush(QPalette::Window));
+}
+
+// Behind the worksheet windows, in the middle.
+void FrmMain::Place_Help() {
+    QLabel& label = help_->Label();
+    const QFontMetrics font = label.fontMetrics();
+    const QSize area = area_->viewport()->size();
+    const QSize size(font.averageCharWidth() * kHelpColumns, font.lineSpacing() * kHelpLines);
+    QRect place(QPoint(), size.boundedTo(area));
+    place.moveCenter(area_->viewport()->rect().center());
+    label.setGeometry(place);
+    label.lower();
+}
+
+void FrmMain::Refresh_Menus() {
+    if (!Report_Is_Open()) forms_->Drop_All();
+    menus_->Show(Menu_State(forms_->Form_Is_Loaded("frmEditCCs")));
+    if (!CRFPath.empty() && Report_Is_Open()) Add_Recent_File(CRFPath);
+    menus_->Set_Enabled("mnuReportRecent", !Recent_Files().empty());
+    for (WorksheetForm* form : forms_->Forms()) form->Refresh_Neighbours();
+}
+
+void FrmMain::Set_Enabled(std::string_view control, bool enabled) {
+    if (control == "frmMain") {
+        setEnabled(enabled);
+    } else if (control == "tmrMain") {
+        help_->Set_Enabled(enabled);
+    } else if (menus_->Find(control) != nullptr) {
+        menus_->Set_Enabled(control, enabled);
+    } else if (auto* widget = findChild<QWidget*>(Qt_Text(control))) {
+        widget->setEnabled(enabled);
+    }
+}
+
+void FrmMain::Set_Visible(std::string_view control, bool visible) {
+    if (control == "fraWelcome") {
+        pages_->setCurrentWidget(visible ? static_cast<QWidget*>(welcome_) : area_);
+        if (visible) welcome_->setFocus();
+    } else if (auto* widget = findChild<QWidget*>(Qt_Text(control))) {
+        widget->setVisible(visible);
+        head_->setVisible(!picLogo_->isHidden() || !lblCRFName_->isHidden());
+    }
+}
+
+void FrmMain::Set_Text(std::string_view control, const QString& text) {
+    if (control == "frmMain") {
+        caption_ = text;
+        setWindowTitle(text);
+    } else if (control == "tmrMain.Tag") {
+        help_->Set_Tag(text);
+    } else if (control == "tmrMain.Interval") {
+        help_->Set_Interval(text.toInt());
+    } else if (auto* label = findChild<QLabel*>(Qt_Text(control))) {
+        label->setText(text);
+        label->setToolTip(text);
+    }
+}
+
+void FrmMain::Show_Progress(const QString& text) {
+    txtCalcMsg_->setText(text);
+    txtCalcMsg_->setVisible(!text.isEmpty());
+    txtCalcMsg_->repaint();
+}
+
+void FrmMain::Tell(const QString& what) {
+    statusBar()->showMessage(what, kTellMilliseconds);
+}
+
+void FrmMain::Look_For_Changes() {
+    if (guard_.Is_On() || !Report_Is_Open()) return;
+    Refresh_Menus();
+}
+
+void FrmMain::Forms_Changed() {
+    const bool some = !forms_->Forms().empty();
+    menus_->Enable_Form_Entries(some);
+    const WorksheetForm* active = forms_->Active();
+    const bool edits = active != nullptr && active->Mode() == FormMode::Edit;
+    menus_->Set_Enabled("mnuEditUndo", edits);
+    menus_->Set_Enabled("mnuEditPaste", edits);
+}
+
+void FrmMain::Fill_Window_List() {
+    QMenu& menu = menus_->Menu("mnuWindowList");
+    menu.clear();
+    int number = 0;
+    for (WorksheetForm* form : forms_->Forms()) {
+        ++number;
+        const QString key = number < 10 ? "&" + QString::number(number) + " " : QString();
+        QAction* action = menu.addAction(key + Qt_Text(form->Caption()).replace("&", "&&"));
+        action->setCheckable(true);
+        action->setChecked(form == forms_->Active());
+        connect(action, &QAction::triggered, form, [this, form] { forms_->Activate(*form); });
+    }
+}
+
+void FrmMain::Fill_Recent_Files() {
+    QMenu& menu = menus_->Menu("mnuReportRecent");
+    menu.clear();
+    int number = 0;
+    for (const std::string& path : Recent_Files()) {
+        ++number;
+        const QString shown = Qt_Text(path);
+        QAction* action = menu.addAction("&" + QString::number(number) + " " + QString(shown).replace("&", "&&"));
+        connect(action, &QAction::triggered, this, [this, path] { Open_Recent(*this, path); });
+    }
+}
+
+void FrmMain::closeEvent(QCloseEvent* event) {
+    // A row that cannot be stored keeps its form, and the form the program.
+    if (guard_.Is_On() || !forms_->Close_Form_Family("")) return event->ignore();
+    Remember_Geometry(saveGeometry());
+    setUpdatesEnabled(false);
+    Report_Release();
+    event->accept();
+    QApplication::quit();
+}
+
+void FrmMain::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) Draw();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) Look_For_Changes();
+    // A worksheet window that fills the area would write its own name behind the caption.
+    if (event->type() == QEvent::WindowTitleChange && windowTitle() != caption_) setWindowTitle(caption_);
+    QMainWindow::changeEvent(event);
+}
+
+bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == area_->viewport() && event->type() == QEvent::Resize) Place_Help();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void FrmMain::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    // The other program waits until the drop is over: a box must not hold it up.
+    QTimer::singleShot(0, this, [this, urls = event->mimeData()->urls()] { Open_Dropped(*this, urls); });
+}
+
+}  // namespace tallmar

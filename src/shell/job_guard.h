@@ -1,0 +1,41 @@
+// Closes the whole program to input while a job runs. What is keyed or clicked meanwhile is thrown away and reaches no
+// window later; painting, timers and progress go on. A box that a job shows suspends the guard.
+#pragma once
+
+#include <QObject>
+
+namespace tallmar {
+
+class JobGuard : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit JobGuard(QObject* parent = nullptr);
+    ~JobGuard() override;
+
+    bool Is_On() const { return on_; }
+    // On a second time changes nothing. Switching it off first throws away what the user did during the job.
+    void Turn_On();
+    void Turn_Off();
+
+    // Lets input through while it lives.
+    class Pause {
+      public:
+        explicit Pause(JobGuard& guard);
+        ~Pause();
+        Pause(const Pause&) = delete;
+        Pause& operator=(const Pause&) = delete;
+
+      private:
+        JobGuard& guard_;
+    };
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool on_ = false;
+    int pauses_ = 0;
+};
+
+}  // namespace tallmar

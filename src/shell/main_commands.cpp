@@ -1,0 +1,243 @@
+#include "shell/main_commands.h"
+
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+
+#include "common/platform.h"
+#include "report/open_report.h"
+#include "report/store.h"
+#include "shell/form_maker.h"
+#include "shell/frm_create_new_crf.h"
+#include "shell/frm_crf_edit_key.h"
+#include "shell/frm_header_lines.h"
+#include "shell/frm_help_about.h"
+#include "shell/frm_main.h"
+#include "shell/qt_text.h"
+#include "shell/recent_files.h"
+#include "shell/window_places.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr std::string_view kEditForms = "FRMEDIT";
+constexpr std::string_view kViewForms = "FRMVIEW";
+constexpr int kZoomStep = 10;
+constexpr int kNormalZoom = 100;
+
+// ---- Report File
+
+void New_Report(FrmMain& main) {
+    if (The_Platform().Close_All_Forms()) return;
+    if (!CRFPath.empty() && !Report_Close()) return;
+    Show_Create_New_CRF(&main);
+    The_Platform().Refresh_Menus();
+}
+
+void Open_Report(FrmMain&) {
+    Report_Open_Dialog();
+}
+
+void Close_Report(FrmMain&) {
+    Report_Close();
+}
+
+void Save_Report_As(FrmMain& main) {
+    if (main.Forms().Commit_Rows()) Report_Save_As_Dialog();
+}
+
+void Edit_Identity(FrmMain& main) {
+    if (!main.Forms().Commit_Rows()) return;
+    Show_CRF_Edit_Key(&main, [&main] { main.Forms().Identity_Changed(); });
+}
+
+void Calculate(FrmMain& main) {
+    if (!main.Forms().Commit_Rows()) return;
+    The_Platform().Set_Enabled("mnuReportCalculate", false);
+    Calculate_Report();
+    The_Platform().Set_Enabled("mnuReportCalculate", true);
+    main.Forms().Requery_All();
+}
+
+constexpr std::string_view kQualityApplication = "Tallmar", kQualitySection = "Printing", kQualityKey = "PrintQuality";
+
+bool Is_High_Quality() {
+    return The_Platform().Get_Setting(kQualityApplication, kQualitySection, kQualityKey, "True") == "True";
+}
+
+void Swap_Print_Quality(FrmMain& main) {
+    const bool high = !Is_High_Quality();
+    The_Platform().Save_Setting(kQualityApplication, kQualitySection, kQualityKey, high ? "True" : "False");
+    Show_Print_Quality(main);
+}
+
+void Header_Lines(FrmMain& main) {
+    Show_Header_Lines(&main);
+}
+
+void Exit_Program(FrmMain& main) {
+    main.close();
+}
+
+// ---- Edit and View
+
+void Close_Edits(FrmMain& main) {
+    main.Forms().Close_Form_Family(kEditForms);
+}
+
+void Close_Views(FrmMain& main) {
+    if (!The_Platform().Close_All_Forms()) main.Forms().Close_Form_Family(kViewForms);
+}
+
+void Undo(FrmMain& main) {
+    if (WorksheetForm* form = main.Forms().Active()) Undo_In(*form);
+}
+
+void Copy(FrmMain& main) {
+    if (const WorksheetForm* form = main.Forms().Active()) form->Grid().Copy();
+}
+
+void Paste(FrmMain& main) {
+    if (WorksheetForm* form = main.Forms().Active()) Paste_Into(*form);
+}
+
+void Find(FrmMain& main) {
+    if (WorksheetForm* form = main.Forms().Active()) form->Open_Find();
+}
+
+// ---- Window
+
+void Swap_Tabs(FrmMain& main) {
+    const bool tabs = main.Menus().Find("mnuWindowTabbed")->isChecked();
+    Remember_Tabs(tabs);
+    main.Forms().Set_Tabs(tabs);
+}
+
+void Cascade(FrmMain& main) {
+    main.Area().cascadeSubWindows();
+}
+
+void Tile(FrmMain& main) {
+    main.Area().tileSubWindows();
+}
+
+void Next_Window(FrmMain& main) {
+    main.Area().activateNextSubWindow();
+}
+
+void Previous_Window(FrmMain& main) {
+    main.Area().activatePreviousSubWindow();
+}
+
+void Close_Window(FrmMain& main) {
+    main.Area().closeActiveSubWindow();
+}
+
+void Zoom_In(FrmMain& main) {
+    main.Forms().Set_Zoom(main.Forms().Zoom() + kZoomStep);
+}
+
+void Zoom_Out(FrmMain& main) {
+    main.Forms().Set_Zoom(main.Forms().Zoom() - kZoomStep);
+}
+
+void Zoom_Normal(FrmMain& main) {
+    main.Forms().Set_Zoom(kNormalZoom);
+}
+
+// ---- Documents and Help
+
+void Open_Program_Document(const char* name) {
+    The_Platform().Open_Document(The_Platform().Program_Folder() + name);
+}
+
+void Part_1(FrmMain&) {
+    Open_Program_Document("/P1339.DOCX");
+}
+
+void Bad_Debt_Log(FrmMain&) {
+    Open_Program_Document("/BAD DEBT.DOCX");
+}
+
+void Instructions(FrmMain&) {
+    Open_Program_Document("/R17pr232.pdf");
+}
+
+void About(FrmMain& main) {
+    Show_Help_About(&main);
+}
+
+constexpr std::array kCommands{
+    MainCommand{"mnuReportNew", New_Report},
+    MainCommand{"mnuReportOpen", Open_Report},
+    MainCommand{"mnuReportClose", Close_Report},
+    MainCommand{"mnuReportSaveAs", Save_Report_As},
+    MainCommand{"mnuReportKey", Edit_Identity},
+    MainCommand{"mnuReportCalculate", Calculate},
+    MainCommand{"mnuReportUtilitiesHQ", Swap_Print_Quality},
+    MainCommand{"mnuReportUtilitiesHeader", Header_Lines},
+    MainCommand{"mnuReportExit", Exit_Program},
+    MainCommand{"mnuEditClose", Close_Edits},
+    MainCommand{"mnuEditUndo", Undo},
+    MainCommand{"mnuEditCopy", Copy},
+    MainCommand{"mnuEditPaste", Paste},
+    MainCommand{"mnuEditFind", Find},
+    MainCommand{"mnuViewCloseAll", Close_Views},
+    MainCommand{"mnuWindowTabbed", Swap_Tabs},
+    MainCommand{"mnuWindowCascade", Cascade},
+    MainCommand{"mnuWindowTile", Tile},
+    MainCommand{"mnuWindowNext", Next_Window},
+    MainCommand{"mnuWindowPrevious", Previous_Window},
+    MainCommand{"mnuWindowClose", Close_Window},
+    MainCommand{"mnuWindowZoomIn", Zoom_In},
+    MainCommand{"mnuWindowZoomOut", Zoom_Out},
+    MainCommand{"mnuWindowZoomNormal", Zoom_Normal},
+    MainCommand{"mnu1", Part_1},
+    MainCommand{"mnu2", Bad_Debt_Log},
+    MainCommand{"mnuHelpInstructions", Instructions},
+    MainCommand{"mnuHelpAbout", About},
+};
+
+constexpr std::string_view kDropTitle = "Error: Not A Cost Report File";
+constexpr const char* kDropText = "Drop one Cost Report File (*.CRF) at a time on the window to open it.";
+constexpr std::string_view kGoneTitle = "Error: File Not Found";
+
+}  // namespace
+
+std::span<const MainCommand> Main_Commands() {
+    return kCommands;
+}
+
+void Run_Command(FrmMain& main, std::string_view name) {
+    const auto found = std::ranges::find(kCommands, name, &MainCommand::name);
+    if (found != kCommands.end()) found->run(main);
+}
+
+void Open_Recent(FrmMain&, const std::string& path) {
+    if (QFileInfo::exists(Qt_Text(path))) {
+        Report_Open(path);
+        return;
+    }
+    The_Platform().Message_Box("The file " + path + " is not there any more.  It is taken off the list.", kExclamation,
+                               kGoneTitle);
+    Remove_Recent_File(path);
+    The_Platform().Refresh_Menus();
+}
+
+void Open_Dropped(FrmMain&, const QList<QUrl>& urls) {
+    const QString path = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+    if (path.endsWith(".CRF", Qt::CaseInsensitive) && QFileInfo(path).isFile()) {
+        Report_Open(Plain_Text(path));
+    } else {
+        The_Platform().Message_Box(kDropText, kExclamation, kDropTitle);
+    }
+}
+
+void Show_Print_Quality(FrmMain& main) {
+    main.Menus()
+        .Find("mnuReportUtilitiesHQ")
+        ->setText(Is_High_Quality() ? "Turn High Quality Printing Off" : "Turn High Quality Printing On");
+}
+
+}  // namespace tallmar

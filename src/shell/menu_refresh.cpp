@@ -1,0 +1,121 @@
+#include "shell/menu_refresh.h"
+
+#include <algorithm>
+
+#include "common/dates.h"
+#include "common/db/sql_text.h"
+#include "common/item.h"
+#include "common/variant.h"
+#include "report/open_report.h"
+#include "shell/menu_tree.h"
+
+namespace tallmar {
+
+namespace {
+
+constexpr const char* kWorksheets = "SELECT Item, ItemName FROM Worksheets WHERE Calc_Lvl < 900 ORDER BY ItemName;";
+
+struct Worksheet {
+    std::string item, name;
+};
+
+bool Is_Open() {
+    try {
+        db.TableDefs().Refresh();
+        return true;
+    } catch (const DbError&) {
+        return false;
+    }
+}
+
+std::vector<Worksheet> Registered() {
+    std::vector<Worksheet> worksheets;
+    try {
+        Recordset rows = db.OpenRecordset(kWorksheets, RecordsetType::Snapshot);
+        for (; !rows.Eof(); rows.MoveNext()) worksheets.push_back({Nz_Str(rows["Item"]), Nz_Str(rows["ItemName"])});
+    } catch (const DbError&) {
+        // What has been read so far is on.
+    }
+    return worksheets;
+}
+
+// Entries whose worksheet is registered, but not for this year.
+struct YearRule {
+    const char* name;
+    bool (*off)();
+};
+bool Ends_Before_2000() {
+    return FYEnd < kCostLimitsEnd;
+}
+bool Starts_After_2000() {
+    return FYStart >= kCostLimitsEnd;
+}
+constexpr YearRule kYearRules[] = {
+    {"mnuEditOpenS3p4", Ends_Before_2000},
+    {"mnuViewOpenS3p4", Ends_Before_2000},
+    {"mnuEditOpenCp4", Starts_After_2000},
+};
+
+bool Is_Off_This_Year(std::string_view name) {
+    return std::ranges::any_of(kYearRules, [&](const YearRule& rule) { return name == rule.name && rule.off(); });
+}
+
+std::vector<MenuListEntry> List_Entries(const MenuRow& list, const std::vector<Worksheet>& worksheets) {
+    const ItemPattern pattern(list.item.c_str());
+    std::vector<MenuListEntry> entries;
+    for (const Worksheet& worksheet : worksheets) {
+        if (!pattern.Matches(worksheet.item) || (list.edit && Has_No_Edit_Form(worksheet.item))) continue;
+        entries.push_back({Sql(worksheet.name, " (", worksheet.item, ")"), worksheet.item});
+    }
+    return entries;
+}
+
+void Enable_Registered(MenuState& state, const std::vector<Worksheet>& worksheets) {
+    for (const MenuRow& row : Menu_Rows()) {
+        if (row.when != MenuWhen::Registry || row.kind == MenuKind::Menu) continue;
+        if (row.kind == MenuKind::List) {
+            state.lists[row.name] = List_Entries(row, worksheets);
+            if (!state.lists[row.name].empty()) state.enabled.insert(row.name);
+        } else if (!Is_Off_This_Year(row.name) &&
+                   std::ranges::find(worksheets, row.item, &Worksheet::item) != worksheets.end()) {
+            state.enabled.insert(row.name);
+        }
+    }
+}
+
+// A menu of worksheets is on where an entry of it is: from the innermost out, since a menu's row stands above its
+// entries'.
+void Enable_Menus(MenuState& state) {
+    const auto& rows = Menu_Rows();
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        if (!state.enabled.contains(row->name)) continue;
+        const MenuRow* menu = Find_Menu_Row(row->parent);
+        if (menu != nullptr && menu->when == MenuWhen::Registry) state.enabled.insert(menu->name);
+    }
+}
+
+}  // namespace
+
+MenuState Menu_State(bool costCentersAreEdited) {
+    MenuState state;
+    for (const MenuRow& row : Menu_Rows()) {
+        if (row.when == MenuWhen::Always && !row.name.empty()) state.enabled.insert(row.name);
+        if (row.kind == MenuKind::List) state.lists[row.name];
+    }
+    if (costCentersAreEdited || !Is_Open()) return state;
+    for (const MenuRow& row : Menu_Rows()) {
+        if (row.when == MenuWhen::Report) state.enabled.insert(row.name);
+    }
+    Enable_Registered(state, Registered());
+    Enable_Menus(state);
+    return state;
+}
+
+std::string Item_In_Caption(const std::string& caption) {
+    const std::size_t open = caption.rfind('(');
+    const std::size_t close = caption.rfind(')');
+    if (open == caption.npos || close == caption.npos || close < open) return {};
+    return caption.substr(open + 1, close - open - 1);
+}
+
+}  // namespace tallmar

@@ -1,0 +1,31 @@
+// Which entries of the menus are on, worked out from the open report's registry. No window is needed for it.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tallmar {
+
+struct MenuListEntry {
+    std::string caption;  // "C  Part-2  MSA-1600 (Cp2m1600)"
+    std::string item;
+    friend bool operator==(const MenuListEntry&, const MenuListEntry&) = default;
+};
+
+struct MenuState {
+    // Names of the entries and menus that are on, of those that the refresh decides on.
+    std::set<std::string, std::less<>> enabled;
+    // The entries of each list, by the list's name; no list is left out.
+    std::map<std::string, std::vector<MenuListEntry>, std::less<>> lists;
+};
+
+// Errors of the database are passed over: what was not found stays off. While the cost centers are edited nothing of
+// the report is on.
+MenuState Menu_State(bool costCentersAreEdited);
+
+// The Item between the last parentheses of a list entry's caption.
+std::string Item_In_Caption(const std::string& caption);
+
+}  // namespace tallmar

@@ -1,0 +1,52 @@
+// The menu tree of the main window as data: one row an entry. The Edit and the View tree come from one list of
+// worksheets.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallmar {
+
+enum class MenuKind : std::uint8_t {
+    Menu,
+    Separator,
+    Command,  // its handler is that of its name
+    Edit,     // opens the edit form of `item`
+    View,     // opens the view form of `item`
+    List,     // stands for one entry a registered worksheet of the pattern `item`
+};
+
+// What turns an entry on.
+enum class MenuWhen : std::uint8_t {
+    Always,
+    Report,    // a report is open
+    Registry,  // its worksheet is registered; a menu: an entry of it is on
+    Form,      // a worksheet form is active
+    Checks,    // the edit checks, and not the refresh
+    NotBuilt,  // never: its job is not built yet
+};
+
+struct MenuRow {
+    std::string name;     // "mnuReportOpen"; of a separator empty
+    std::string parent;   // empty: it stands on the bar
+    std::string caption;  // & marks the access key; of a worksheet's entry empty: its display name
+    MenuKind kind = MenuKind::Command;
+    MenuWhen when = MenuWhen::Always;
+    std::string item = {};
+    std::string shortcut = {};  // portable key text
+    bool checkable = false;
+    bool ours = false;  // an addition of the desktop to the form's own menus
+    bool edit = false;  // a list: its entries open edit forms
+};
+
+// In the order in which they stand.
+const std::vector<MenuRow>& Menu_Rows();
+// Null where there is no such entry.
+const MenuRow* Find_Menu_Row(std::string_view name);
+
+// Items of a list's pattern that the list leaves out: worksheets of the hospice series without an edit form.
+bool Has_No_Edit_Form(std::string_view item);
+
+}  // namespace tallmar

@@ -1,0 +1,222 @@
+// The main window: what it shows by the state of the report, recent files, drops, documents and its end.
+#include "shell/frm_main.h"
+
+#include <gmock/gmock.h>
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QPushButton>
+#include <QStatusBar>
+
+#include "shell/recent_files.h"
+#include "shell/shell_test.h"
+#include "shell/window_places.h"
+
+namespace tallmar {
+namespace {
+
+class FrmMainTest : public ShellTest {
+  protected:
+    template <class Control>
+    Control& Find(const char* name) {
+        auto* control = main->findChild<Control*>(name);
+        EXPECT_NE(control, nullptr) << name;
+        return *control;
+    }
+    void Drop(const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &drop);
+        QCoreApplication::processEvents();
+    }
+    static QUrl File(const std::string& path) { return QUrl::fromLocalFile(Qt_Text(path)); }
+    BoxDriver boxes;
+};
+
+TEST_F(FrmMainTest, WelcomeStandsWhileNoReportIsOpen) {
+    EXPECT_TRUE(Find<QWidget>("fraWelcome").isVisible());
+    EXPECT_EQ(Find<QGroupBox>("fraWelcome").title(), "Welcome to Brennwick System's Tallmar 1728 Program");
+    EXPECT_EQ(Find<QLabel>("lblNew").text(), "To create a new Cost Report File, select ...");
+    EXPECT_EQ(Find<QLabel>("lblOpen").text(), "To open an existing Cost Report File, select ...");
+    EXPECT_EQ(Find<QLabel>("lblExit").text(), "To close and leave the Tallmar program, select ...");
+    for (const char* control : {"lblHelp", "lblCRFName", "picLogo", "txtCalcMsg"}) {
+        EXPECT_FALSE(Find<QWidget>(control).isVisible()) << control;
+    }
+}
+
+TEST_F(FrmMainTest, OpenReportShowsItsNameAndTakesTheWelcomeAway) {
+    const std::string path = Make_Report(fy2016);
+    EXPECT_FALSE(Find<QWidget>("fraWelcome").isVisible());
+    EXPECT_TRUE(Find<QLabel>("lblCRFName").isVisible());
+    EXPECT_EQ(Find<QLabel>("lblCRFName").text(), Qt_Text(path));
+    EXPECT_TRUE(Find<QLabel>("picLogo").isVisible());
+    EXPECT_EQ(main->windowTitle(), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- report.CRF");
+}
+
+TEST_F(FrmMainTest, CloseLeavesTheWindowAsItWas) {
+    Make_Report(fy2016);
+    Entry("mnuReportClose").trigger();
+    EXPECT_FALSE(Report_Is_Open());
+    EXPECT_TRUE(main->isEnabled());
+    EXPECT_TRUE(Find<QWidget>("fraWelcome").isVisible());
+    EXPECT_FALSE(Find<QWidget>("lblCRFName").isVisible());
+    EXPECT_EQ(main->windowTitle(), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0)");
+    EXPECT_FALSE(Entry("mnuReportClose").isEnabled());
+}
+
+TEST_F(FrmMainTest, CancelledCloseKeepsReportAndForms) {
+    Make_Report(fy2016);
+    View("A");
+    boxes.Expect_Box_Starting("Close form frmViewA", "This process", Answer::Cancel);
+    Entry("mnuReportClose").trigger();
+    EXPECT_TRUE(Report_Is_Open());
+    EXPECT_TRUE(main->isEnabled());
+    EXPECT_EQ(Open_Forms(), 1U);
+}
+
+TEST_F(FrmMainTest, HelpScrollsIntoViewWhenAReportIsOpened) {
+    const QString text = Find<QLabel>("lblHelp").text();
+    Make_Report(fy2016);
+    QTRY_VERIFY_WITH_TIMEOUT(Find<QLabel>("lblHelp").isVisible(), 2000);
+    EXPECT_TRUE(Find<QLabel>("lblHelp").text().startsWith('\n'));
+    QTRY_COMPARE_WITH_TIMEOUT(Find<QLabel>("lblHelp").text(), text, 5000);
+}
+
+TEST_F(FrmMainTest, PrintQualityIsSwapped) {
+    Make_Report(fy2016);
+    QAction& quality = Entry("mnuReportUtilitiesHQ");
+    EXPECT_EQ(quality.text(), "Turn High Quality Printing Off");
+    quality.trigger();
+    EXPECT_EQ(quality.text(), "Turn High Quality Printing On");
+    EXPECT_EQ(The_Platform().Get_Setting("Tallmar", "Printing", "PrintQuality", "True"), "False");
+    quality.trigger();
+    EXPECT_EQ(quality.text(), "Turn High Quality Printing Off");
+    EXPECT_EQ(The_Platform().Get_Setting("Tallmar", "Printing", "PrintQuality", ""), "True");
+}
+
+TEST_F(FrmMainTest, WhatIsNotBuiltStaysOff) {
+    Make_Report(fy2016);
+    The_Platform().Set_Enabled("mnuReportSubmit", true);
+    EXPECT_FALSE(Entry("mnuReportSubmit").isEnabled());
+    EXPECT_FALSE(Entry("mnuReportPrint").isEnabled());
+    EXPECT_FALSE(Entry("mnuEditOpenCCs").isEnabled());
+}
+
+TEST_F(FrmMainTest, ListEntriesComeAndGoWithTheRegistry) {
+    Make_Report(fy2000);
+    QMenu& list = main->Menus().Menu("mnuViewOpenCp2");
+    EXPECT_TRUE(list.isEmpty());
+    db.Execute("INSERT INTO Worksheets (Item, Calc_Lvl, ItemName) VALUES ('Cp2m1600', 7, 'C  Part-2  MSA-1600');");
+    db.Execute("INSERT INTO Worksheets (Item, Calc_Lvl, ItemName) VALUES ('Cp2m1620', 7, 'C  Part-2  MSA-1620');");
+    The_Platform().Refresh_Menus();
+    ASSERT_EQ(list.actions().size(), 2);
+    EXPECT_EQ(list.actions()[1]->text(), "C  Part-2  MSA-1620 (Cp2m1620)");
+    EXPECT_TRUE(list.menuAction()->isEnabled());
+    boxes.Expect_Box("Tallmar 1728", "Unknown worksheet requested (Cp2m1620) for view");
+    list.actions()[1]->trigger();
+    db.Execute("DELETE * FROM Worksheets WHERE Item = 'Cp2m1620';");
+    The_Platform().Refresh_Menus();
+    EXPECT_EQ(list.actions().size(), 1);
+}
+
+TEST_F(FrmMainTest, DocumentsOpenFromTheProgramsFolder) {
+    const std::string program = The_Platform().Program_Folder();
+    QDir().mkpath(Qt_Text(program));
+    QFile document(Qt_Text(program) + "/P1339.DOCX");
+    ASSERT_TRUE(document.open(QIODevice::WriteOnly));
+    document.close();
+    Entry("mnu1").trigger();
+    EXPECT_THAT(opened, testing::ElementsAre(program + "/P1339.DOCX"));
+    boxes.Expect_Box("Error: Document Not Found", "The document " + program + "/BAD DEBT.DOCX is not there.");
+    Entry("mnu2").trigger();
+    boxes.Expect_Box("Error: Document Not Found", "The document " + program + "/R17pr232.pdf is not there.");
+    Entry("mnuHelpInstructions").trigger();
+    documentsOpen = false;
+    boxes.Expect_Box("Error: Document Not Opened",
+                     "There is no program that opens the document " + program + "/P1339.DOCX.");
+    Entry("mnu1").trigger();
+}
+
+TEST_F(FrmMainTest, RecentFilesAreNewestFirst) {
+    const std::string first = Make_Report(fy2016, "first.CRF");
+    const std::string second = Make_Report(fy2016, "second.CRF");
+    EXPECT_THAT(Recent_Files(), testing::ElementsAre(second, first));
+    QMenu& menu = main->Menus().Menu("mnuReportRecent");
+    emit menu.aboutToShow();
+    ASSERT_EQ(menu.actions().size(), 2);
+    menu.actions()[1]->trigger();
+    EXPECT_EQ(CRFPath, first);
+    EXPECT_THAT(Recent_Files(), testing::ElementsAre(first, second));
+}
+
+TEST_F(FrmMainTest, RecentFileThatIsGoneIsToldAndTakenOff) {
+    const std::string gone = folder.File("gone.CRF");
+    Add_Recent_File(gone);
+    boxes.Expect_Box("Error: File Not Found",
+                     "The file " + gone + " is not there any more.  It is taken off the list.");
+    Open_Recent(*main, gone);
+    EXPECT_TRUE(Recent_Files().empty());
+    EXPECT_FALSE(Entry("mnuReportRecent").isEnabled());
+}
+
+TEST_F(FrmMainTest, DroppedReportIsOpened) {
+    const std::string path = Make_Report(fy2016);
+    Entry("mnuReportClose").trigger();
+    Drop({File(path)});
+    EXPECT_EQ(CRFPath, path);
+}
+
+TEST_F(FrmMainTest, OtherDropsAreRefused) {
+    const std::string path = Make_Report(fy2016);
+    constexpr const char* kText = "Drop one Cost Report File (*.CRF) at a time on the window to open it.";
+    boxes.Expect_Box("Error: Not A Cost Report File", kText);
+    Drop({File(path), File(path)});
+    boxes.Expect_Box("Error: Not A Cost Report File", kText);
+    Drop({File(folder.File("notes.txt"))});
+    boxes.Expect_Box("Error: Not A Cost Report File", kText);
+    Drop({QUrl("https://example.org/report.CRF")});
+}
+
+TEST_F(FrmMainTest, ExitClosesFormsAndReleasesTheReport) {
+    Make_Report(fy2016);
+    View("A");
+    Entry("mnuReportExit").trigger();
+    EXPECT_FALSE(main->isVisible());
+    EXPECT_FALSE(Report_Is_Open());
+    EXPECT_EQ(Open_Forms(), 0U);
+    EXPECT_FALSE(Remembered_Geometry().isEmpty());
+}
+
+TEST_F(FrmMainTest, StoredRowIsToldAtTheFoot) {
+    emit main->Forms().Stored("Worksheet A, line 5: 2 cells stored.");
+    EXPECT_EQ(main->statusBar()->currentMessage(), "Worksheet A, line 5: 2 cells stored.");
+}
+
+TEST_F(FrmMainTest, ProgressShowsAndGoes) {
+    The_Platform().Progress(" Calculating level 4: A");
+    EXPECT_TRUE(Find<QLabel>("txtCalcMsg").isVisible());
+    EXPECT_EQ(Find<QLabel>("txtCalcMsg").text(), " Calculating level 4: A");
+    The_Platform().Progress("");
+    EXPECT_FALSE(Find<QLabel>("txtCalcMsg").isVisible());
+}
+
+TEST_F(FrmMainTest, EveryControlHasAnAccessibleName) {
+    Make_Report(fy2016);
+    View("A");
+    for (const QWidget* widget : main->findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || widget->objectName().startsWith("qt_")) continue;
+        if (qobject_cast<const QMdiSubWindow*>(widget) != nullptr) continue;
+        EXPECT_FALSE(widget->accessibleName().isEmpty() && widget->windowTitle().isEmpty())
+            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+    }
+}
+
+}  // namespace
+}  // namespace tallmar
