@@ -1,6 +1,7 @@
 #include "screens/edit/choice_list.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QListWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -33,6 +34,15 @@ ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* win
         if (chosen.compare(value, Qt::CaseInsensitive) == 0) entries_->setCurrentRow(entries_->count() - 1);
     }
     connect(entries_, &QListWidget::itemClicked, this, [this] { Choose_Current(); });
+    // It stands over the whole window, in which forms are moved about and closed.
+    qApp->installEventFilter(this);
+}
+
+bool ChoiceList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::MouseButtonPress || !watched->isWidgetType()) return false;
+    auto* widget = static_cast<QWidget*>(watched);
+    if (widget != this && !isAncestorOf(widget)) emit Left();
+    return false;
 }
 
 void ChoiceList::Show_At(const QRect& cell) {

@@ -28,6 +28,11 @@ class ChoiceList : public QFrame {
 
   signals:
     void Chosen(const QString& value);
+    // The mouse was pressed elsewhere.
+    void Left();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QListWidget* entries_;

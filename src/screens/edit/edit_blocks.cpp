@@ -33,7 +33,11 @@ class EditGrid::Busy {
 };
 
 void EditGrid::Read_Again() {
-    Entries().Refresh();
+    try {
+        Entries().Refresh();
+    } catch (const DbError& error) {
+        return emit Told(Qt_Text(error.Description()));
+    }
     if (currentIndex().isValid()) Row_Entered(currentIndex().row());
 }
 

@@ -200,6 +200,7 @@ void EditGrid::Show_Choices() {
     scrollTo(currentIndex());
     choices_ = new ChoiceList(*list, currentIndex().data(Qt::EditRole).toString(), window());
     connect(choices_, &ChoiceList::Chosen, this, &EditGrid::Choose);
+    connect(choices_, &ChoiceList::Left, this, &EditGrid::Close_Choices);
     const QRect cell = visualRect(currentIndex());
     choices_->Show_At(QRect(viewport()->mapTo(window(), cell.topLeft()), cell.size()));
 }

@@ -18,7 +18,12 @@ RowUnderEdit EditModel::Row_Of_Table(int row) const {
 }
 
 bool EditModel::Enter_Row(int row) {
-    row_ = row >= 0 && row < rowCount() && Form().Go_To(Line(row)) && Form().Under_Edit().Exists() ? row : -1;
+    row_ = -1;
+    try {
+        if (row >= 0 && row < rowCount() && Form().Go_To(Line(row)) && Form().Under_Edit().Exists()) row_ = row;
+    } catch (const DbError&) {
+        // The whole table went: no row can be entered.
+    }
     return row_ == row;
 }
 
@@ -29,9 +34,15 @@ void EditModel::Leave_Row() {
 
 bool EditModel::Takes_Entry(const QModelIndex& index) const {
     if (!index.isValid() || db.Is_Read_Only()) return false;
-    const GridColumn& column = Column(index.column());
-    if (index.row() == row_) return !Form().Is_Locked(column);
-    return !Form().Is_Locked(column, Row_Of_Table(index.row()));
+    return Is_Open(Column(index.column()), index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row()));
+}
+
+bool EditModel::Is_Open(const GridColumn& column, const RowUnderEdit& row) const {
+    try {
+        return !Form().Is_Locked(column, row);
+    } catch (const DbError&) {
+        return false;
+    }
 }
 
 const PopupList* EditModel::Popup(const QModelIndex& index) const {
@@ -107,7 +118,7 @@ QVariant EditModel::data(const QModelIndex& index, int role) const {
     std::vector<bool>& open = open_[row];
     if (open.empty()) {
         const RowUnderEdit of = index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row());
-        for (int i = 0; i < columnCount(); ++i) open.push_back(!Form().Is_Locked(Column(i), of));
+        for (int i = 0; i < columnCount(); ++i) open.push_back(Is_Open(Column(i), of));
     }
     return !open[static_cast<std::size_t>(index.column())];
 }

@@ -47,6 +47,7 @@ class EditModel : public GridModel {
 
   private:
     RowUnderEdit Row_Of_Table(int row) const;
+    bool Is_Open(const GridColumn& column, const RowUnderEdit& row) const;
     void Show_Row(int row) { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
 
     int row_ = -1;

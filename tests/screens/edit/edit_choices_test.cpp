@@ -134,6 +134,15 @@ TEST(EditChoices, AClickChooses) {
     EXPECT_TRUE(s.grd.hasFocus());
 }
 
+TEST(EditChoices, APressElsewhereCloses) {
+    Report r(fy2016);
+    Screen s("S2");
+    s.At(14, 1);
+    ASSERT_NE(s.grd.Choices(), nullptr);
+    QTest::mouseClick(&s.form, Qt::LeftButton, {}, QPoint(s.form.width() - 3, s.form.height() - 3));
+    EXPECT_EQ(s.grd.Choices(), nullptr);
+}
+
 TEST(EditChoices, AWrongLetterIsRefused) {
     Report r(fy2016);
     Screen s("S2");

@@ -268,6 +268,22 @@ TEST(EditOthers, ALineThatIsGoneIsReadAwayAsTheCursorComes) {
     EXPECT_CELL("A5", 12, 2, 6_cur);
 }
 
+TEST(EditOthers, ATableThatIsGoneTakesNothing) {
+    Report r(fy2016);
+    Screen s("F");
+    s.At(3, 1);
+    r.Execute("DROP TABLE F;");
+    s.At(5, 1);
+    s.Type("6");
+    s.Press(Qt::Key_F2);
+    QTest::qWait(20);
+    s.Press(Qt::Key_Down);
+    s.form.grab();
+    EXPECT_EQ(s.Editor(), nullptr);
+    EXPECT_FALSE(s.told.empty());
+    EXPECT_TRUE(s.form.close());
+}
+
 TEST(EditOthers, WhatFollowsARowMayFailAndTheRowIsStored) {
     Report r(fy2016);
     Screen s("S2");
