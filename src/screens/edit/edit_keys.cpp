@@ -156,9 +156,11 @@ void EditGrid::mousePressEvent(QMouseEvent* event) {
 
 void EditGrid::mouseMoveEvent(QMouseEvent* event) {
     if (asking_) return;
-    EntryGuard::Event scope(*guard_);
+    // The view selects before it moves the cursor.
+    const QModelIndex to = indexAt(event->position().toPoint());
+    const bool drags = (event->buttons() & Qt::LeftButton) != 0 && to.isValid() && to != currentIndex();
+    if (drags && !May_Leave(to)) return setState(NoState);
     GridView::mouseMoveEvent(event);
-    if (scope.Vetoed()) setState(NoState);
 }
 
 void EditGrid::mouseDoubleClickEvent(QMouseEvent* event) {

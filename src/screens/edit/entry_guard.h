@@ -30,7 +30,6 @@ class EntryGuard : public QItemSelectionModel {
         ~Event() { guard_.inEvent_ = guard_.vetoed_ = false; }
         Event(const Event&) = delete;
         Event& operator=(const Event&) = delete;
-        bool Vetoed() const { return guard_.vetoed_; }
 
       private:
         EntryGuard& guard_;

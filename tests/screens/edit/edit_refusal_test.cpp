@@ -1,4 +1,6 @@
 // What is refused shows one box and holds the cursor, however the person tries to leave.
+#include <QMouseEvent>
+
 #include "screens/edit/edit_test.h"
 
 namespace tallmar {
@@ -160,6 +162,43 @@ TEST(EditRefusal, ARowThatItsFormHolds) {
     a.Press(Qt::Key_Return);
     EXPECT_EQ(a.Cursor(), "2 Explanation");
     EXPECT_CELL("A4", 1, 1, "A");
+}
+
+TEST(EditRefusal, ADragToAnotherRow) {
+    Report r(fy2016);
+    Screen a("A4");
+    a.Button("cmdAdd")->click();
+    a.Button("cmdAdd")->click();
+    a.At(1, 1);
+    a.Type("a");
+    a.Press(Qt::Key_Tab);
+    const auto at = [&](int line, int column) { return a.grd.visualRect(a.Index(line, column)).center(); };
+    QTest::mousePress(a.grd.viewport(), Qt::LeftButton, {}, at(1, 3));
+    r.platform.Expect_Box_Starting("Error: Blank EXPLANATION Item", "");
+    for (int i = 0; i < 3; ++i) {
+        QMouseEvent move(QEvent::MouseMove, at(2, 4), a.grd.viewport()->mapToGlobal(at(2, 4)), Qt::NoButton,
+                         i == 0 ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(a.grd.viewport(), &move);
+    }
+    QTest::mouseRelease(a.grd.viewport(), Qt::LeftButton, {}, at(2, 4));
+    EXPECT_EQ(a.Cursor(), "1 Col_3");
+    EXPECT_EQ(a.grd.selectionModel()->selectedIndexes().size(), 1);
+    a.Press(Qt::Key_Escape);
+}
+
+TEST(EditRefusal, ASelectionDoesNotGrowIntoARowThatIsRefused) {
+    Report r(fy2016);
+    Screen a("A4");
+    a.Button("cmdAdd")->click();
+    a.Button("cmdAdd")->click();
+    a.At(1, 1);
+    a.Type("a");
+    a.Press(Qt::Key_Tab);
+    r.platform.Expect_Box_Starting("Error: Blank EXPLANATION Item", "");
+    a.Press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(a.Cursor(), "1 Col_3");
+    EXPECT_EQ(a.grd.selectionModel()->selectedIndexes(), QModelIndexList{a.Index(1, 3)});
+    a.Press(Qt::Key_Escape);
 }
 
 TEST(EditRefusal, ALongNameLeavesTheFormerOne) {
