@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kShadedShare = 16;
 constexpr int kTotalShare = 6;
+constexpr int kLineShare = 22;
 
 int Mixed(int under, int over, int share) {
     return (under * (100 - share) + over * share) / 100;
@@ -33,6 +34,10 @@ QColor Total_Tone(const QPalette& palette) {
     return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), kTotalShare);
 }
 
+QColor Line_Tone(const QPalette& palette) {
+    return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), kLineShare);
+}
+
 void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.data(kTotalRole).toBool()) {
@@ -45,11 +50,16 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
-    if (!index.data(kTotalRole).toBool()) return;
-    // The line above a sum.
+    const QRect& cell = option.rect;
     painter->save();
-    painter->setPen(option.palette.color(QPalette::Text));
-    painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+    painter->setPen(Line_Tone(option.palette));
+    painter->drawLine(cell.topRight(), cell.bottomRight());
+    painter->drawLine(cell.bottomLeft(), cell.bottomRight());
+    if (index.data(kTotalRole).toBool()) {
+        // The line above a sum.
+        painter->setPen(option.palette.color(QPalette::Text));
+        painter->drawLine(cell.topLeft(), cell.topRight());
+    }
     painter->restore();
 }
 

@@ -106,25 +106,17 @@ void GridView::Paint_Frozen(const QRect& part) {
 
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const QColor line =
-        QColor::fromRgba(static_cast<QRgb>(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
     const QStyle::State plain = option.state & ~(QStyle::State_HasFocus | QStyle::State_Selected);
     const int first = std::max(rowAt(clip.top()), 0);
     for (int row = first; row < Model().rowCount() && rowViewportPosition(row) <= clip.bottom(); ++row) {
         for (int column = 0; column < count; ++column) {
             const QModelIndex index = Model().index(row, column);
-            const QRect cell = visualRect(index);
-            const QRect whole(cell.left(), rowViewportPosition(row), columnWidth(column), rowHeight(row));
-            option.rect = showGrid() ? whole.adjusted(0, 0, -1, -1) : whole;
+            option.rect = visualRect(index);
             option.state = plain;
             if (selectionModel()->isSelected(index)) option.state |= QStyle::State_Selected;
             if (index == currentIndex() && hasFocus()) option.state |= QStyle::State_HasFocus;
             style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &option, &painter, this);
             itemDelegateForIndex(index)->paint(&painter, option, index);
-            if (!showGrid()) continue;
-            painter.setPen(line);
-            painter.drawLine(whole.bottomLeft(), whole.bottomRight());
-            painter.drawLine(whole.topRight(), whole.bottomRight());
         }
     }
     // Where the others go beneath.

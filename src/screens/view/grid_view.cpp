@@ -35,6 +35,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent), head_(new GridHead(thi
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setCornerButtonEnabled(false);
+    setShowGrid(false);  // the delegate draws the lines
     setWordWrap(true);
     connect(head_, &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { Take_Width(column, width); });

@@ -76,7 +76,7 @@ TEST(FrozenColumnsTest, TheCursorIsNeverBeneathThem) {
     for (int i = 0; i < 9; ++i) {
         QTest::keyClick(&grd, Qt::Key_Left);
         EXPECT_GE(grd.visualRect(grd.currentIndex()).left(), grd.Frozen_Width()) << i;
-        EXPECT_EQ(grd.visualRect(grd.currentIndex()).width(), grd.columnWidth(grd.currentIndex().column()) - 1) << i;
+        EXPECT_EQ(grd.visualRect(grd.currentIndex()).width(), grd.columnWidth(grd.currentIndex().column())) << i;
     }
     EXPECT_EQ(grd.currentIndex(), At(*form, 5_cur, "Col_1"));
 }
@@ -385,6 +385,7 @@ TEST(TonesTest, ShadedAndTotalCellsAreSeenInEveryPalette) {
         palette.setColor(QPalette::Text, tones.text);
         EXPECT_GE(Contrast(Shaded_Tone(palette), tones.base), 1.25) << tones.name;
         EXPECT_GE(Contrast(Total_Tone(palette), tones.base), 1.05) << tones.name;
+        EXPECT_GE(Contrast(Line_Tone(palette), tones.base), 1.25) << tones.name;
         // What stands on them is read as well as before.
         EXPECT_GE(Contrast(Total_Tone(palette), tones.text), 7) << tones.name;
         EXPECT_GE(Contrast(Shaded_Tone(palette), tones.text), 7) << tones.name;
@@ -407,6 +408,9 @@ TEST(TonesTest, AShadedCellIsGreyOnTheScreen) {
     EXPECT_EQ(ground(9_cur, "Col_2"), Shaded_Tone(dark));
     EXPECT_EQ(ground(9_cur, "Col_1"), QColor(30, 30, 30));
     EXPECT_EQ(ground(8_cur, "Col_1"), Total_Tone(dark));
+    const QRect cell = grd.visualRect(At(*form, 9_cur, "Col_1"));
+    EXPECT_EQ(seen.pixelColor(cell.right(), cell.center().y()), Line_Tone(dark));
+    EXPECT_EQ(seen.pixelColor(cell.center().x(), cell.bottom()), Line_Tone(dark));
 }
 
 TEST(FindBarTest, OpensByKeyFindsAndTellsWhatIsNotThere) {
