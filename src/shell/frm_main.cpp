@@ -187,8 +187,11 @@ void FrmMain::Tell(const QString& what) {
 }
 
 void FrmMain::Look_For_Changes() {
-    if (guard_.Is_On() || !Report_Is_Open()) return;
+    if (guard_.Is_On() || QApplication::activeModalWidget() != nullptr || !Report_Is_Open()) return;
     Refresh_Menus();
+    if (!db.Changed_Elsewhere()) return;
+    forms_->Requery_All();
+    Tell(tr("Another program has changed the report: its worksheets were read again."));
 }
 
 void FrmMain::Forms_Changed() {
@@ -238,7 +241,10 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 
 void FrmMain::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) Draw();
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) Look_For_Changes();
+    // Not in the middle of what closed the box that stood over the window.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        QTimer::singleShot(0, this, &FrmMain::Look_For_Changes);
+    }
     // A worksheet window that fills the area would write its own name behind the caption.
     if (event->type() == QEvent::WindowTitleChange && windowTitle() != caption_) setWindowTitle(caption_);
     QMainWindow::changeEvent(event);

@@ -58,12 +58,14 @@ EditGrid::~EditGrid() {
 }
 
 void EditGrid::setModel(QAbstractItemModel* model) {
+    // Before the grid follows the model: where rows are read again the guard forgets its place, then the grid restores
+    // it.
+    guard_ = new EntryGuard(
+        model, [this](const QModelIndex& to) { return May_Leave(to); }, this);
     GridView::setModel(model);
     // The view brought a selection model of its own.
     QItemSelectionModel* plain = selectionModel();
     const QModelIndex at = currentIndex();
-    guard_ = new EntryGuard(
-        model, [this](const QModelIndex& to) { return May_Leave(to); }, this);
     setSelectionModel(guard_);
     delete plain;
     if (at.isValid()) setCurrentIndex(at);
