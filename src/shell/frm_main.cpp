@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QMimeData>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -63,6 +64,9 @@ FrmMain::FrmMain(const JobGuard& guard)
     connect(forms_, &FormWindows::Stored, this, &FrmMain::Tell);
     connect(&menus_->Menu("mnuWindowList"), &QMenu::aboutToShow, this, &FrmMain::Fill_Window_List);
     connect(&menus_->Menu("mnuReportRecent"), &QMenu::aboutToShow, this, &FrmMain::Fill_Recent_Files);
+    // Two of the menus have no access key.
+    auto* bar = new QShortcut(Qt::Key_F10, this);
+    connect(bar, &QShortcut::activated, this, [this] { menuBar()->setActiveAction(menus_->Find("mnuReport")); });
     forms_->Set_Tabs(Tabs_Remembered());
     menus_->Find("mnuWindowTabbed")->setChecked(Tabs_Remembered());
     Show_Print_Quality(*this);

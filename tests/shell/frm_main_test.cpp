@@ -194,6 +194,17 @@ TEST_F(FrmMainTest, ExitClosesFormsAndReleasesTheReport) {
     EXPECT_FALSE(Remembered_Geometry().isEmpty());
 }
 
+TEST_F(FrmMainTest, KeysReachMenusWithoutAnAccessKey) {
+    Make_Report(fy2016);
+    QApplication::setActiveWindow(main.get());
+    QTest::keyClick(main.get(), Qt::Key_F10);
+    EXPECT_EQ(main->menuBar()->activeAction(), &Entry("mnuReport"));
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+    EXPECT_EQ(main->menuBar()->activeAction(), &Entry("mnuEdit"));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+}
+
 TEST_F(FrmMainTest, StoredRowIsToldAtTheFoot) {
     emit main->Forms().Stored("Worksheet A, line 5: 2 cells stored.");
     EXPECT_EQ(main->statusBar()->currentMessage(), "Worksheet A, line 5: 2 cells stored.");
