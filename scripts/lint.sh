@@ -97,7 +97,7 @@ check_headers() {
         flags=(-fPIC -DQT_GUI_LIB -DQT_WIDGETS_LIB -isystem "$qt")
         for folder in QtCore QtGui QtWidgets QtTest; do flags+=(-isystem "$qt/$folder"); done
     else
-        mapfile -t headers < <(printf '%s\n' "${headers[@]}" | grep -Ev '/(screens/(edit|view)|shell|desktop)/')
+        mapfile -t headers < <(printf '%s\n' "${headers[@]}" | grep -Ev '/(screens/(edit|view)|shell|desktop|shots)/')
     fi
     printf '%s\n' "${headers[@]}" |
         xargs -P "$(nproc)" -I{} sh -c 'header=$1; shift
