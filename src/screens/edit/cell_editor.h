@@ -16,7 +16,7 @@ class CellEditor : public GridDelegate {
     using GridDelegate::GridDelegate;
 
     // Null while none is open.
-    QLineEdit* Open() const { return editor_; }
+    QLineEdit* Open() const { return static_cast<QLineEdit*>(editor_.data()); }
     // It is being closed.
     void Forget() { editor_ = nullptr; }
     // Typing replaces the cell: arrows then leave it. Otherwise they move in the text.
@@ -38,7 +38,7 @@ class CellEditor : public GridDelegate {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    mutable QPointer<QLineEdit> editor_;
+    mutable QPointer<QObject> editor_;  // a QLineEdit, until it begins to be destroyed
     bool replacing_ = false;
 };
 

@@ -188,6 +188,7 @@ void EditGrid::hideEvent(QHideEvent* event) {
 void EditGrid::resizeEvent(QResizeEvent* event) {
     GridView::resizeEvent(event);
     Close_Choices();
+    if (Is_Editing()) scrollTo(currentIndex());
 }
 
 void EditGrid::scrollContentsBy(int dx, int dy) {

@@ -226,6 +226,18 @@ TEST(EditKeys, NamesInTheFrozenColumnsAreEdited) {
     EXPECT_CELL("A", 6, "CCName", "Nursing");
 }
 
+TEST(EditKeys, TheEditorStaysInSightWhenTheWindowShrinks) {
+    Report r(fy2016);
+    Screen a("A");
+    a.At(22, 5);
+    a.Type("7");
+    a.form.resize(450, 400);
+    QTest::qWait(20);
+    ASSERT_NE(a.Editor(), nullptr);
+    EXPECT_TRUE(a.grd.viewport()->rect().contains(a.Editor()->geometry()));
+    EXPECT_EQ(a.Editor()->text(), "7");
+}
+
 TEST(EditKeys, TheFirstChangeIsToldOnceARow) {
     Report r(fy2016);
     Screen a("A");
