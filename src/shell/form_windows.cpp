@@ -108,8 +108,20 @@ void FormWindows::Connect(WorksheetForm& form) {
     connect(&form, &WorksheetForm::Recalculate_Requested, this, [this, &form] { Recalculate(form); });
     connect(&form, &WorksheetForm::Cell_Changed, this,
             [this, &form] { Close_Worksheet_Form(form.Worksheet(), FormMode::View); });
-    connect(&form, &WorksheetForm::Stored, this, &FormWindows::Stored);
+    connect(&form, &WorksheetForm::Stored, this, [this, &form](const QString& what) {
+        const FormDescription& description = form.Model().Form().Description();
+        if (description.follow != nullptr || description.rowStored != nullptr) Worksheets_Changed(form);
+        emit Stored(what);
+    });
     connect(&form.Grid(), &GridView::Zoom_Changed, this, &FormWindows::Set_Zoom);
+}
+
+void FormWindows::Worksheets_Changed(const WorksheetForm& by) {
+    for (WorksheetForm* form : Forms()) {
+        // Its rows are gone: there is nothing to store.
+        if (form != &by && Form_To_Open(form->Mode(), form->Worksheet()) == nullptr) delete Window_Of(*form);
+    }
+    The_Platform().Refresh_Menus();
 }
 
 void FormWindows::Close_Worksheet_Form(const Item& item, FormMode mode) {

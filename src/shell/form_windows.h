@@ -66,6 +66,8 @@ class FormWindows : public QObject {
 
   private:
     void Connect(WorksheetForm& form);
+    // A row of `by` may have made worksheets or removed some: codes make those of C Part II.
+    void Worksheets_Changed(const WorksheetForm& by);
     void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
     QMdiSubWindow* Window_Of(const WorksheetForm& form) const;
 
