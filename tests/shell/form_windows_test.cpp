@@ -2,7 +2,9 @@
 #include "shell/form_windows.h"
 
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPushButton>
+#include <set>
 
 #include "shell/shell_test.h"
 #include "shell/window_places.h"
@@ -256,6 +258,27 @@ TEST_F(FormWindowsTest, WindowMenuListsTheForms) {
     EXPECT_TRUE(menu.actions()[1]->isChecked());
     menu.actions()[0]->trigger();
     EXPECT_EQ(main->Forms().Active(), a);
+}
+
+// The strip's keys and the menu bar's are live at once: a key that both had would open neither.
+TEST_F(FormWindowsTest, TheStripsAccessKeysAreTheirsAlone) {
+    Make_Report(fy1999);
+    for (const FormMode mode : {FormMode::Edit, FormMode::View}) {
+        for (const char* item : {"A", "A4", "S3p1"}) {
+            main->Forms().Open_Worksheet_Form(mode, item);
+            const WorksheetForm* form = main->Forms().Find_Form(item, mode);
+            ASSERT_NE(form, nullptr) << item;
+            std::set<QKeySequence> keys;
+            for (const QAction* menu : main->menuBar()->actions()) keys.insert(QKeySequence::mnemonic(menu->text()));
+            keys.erase(QKeySequence());
+            for (const QPushButton* button : form->findChildren<QPushButton*>()) {
+                if (button->isHidden()) continue;
+                const QKeySequence key = button->shortcut();
+                EXPECT_TRUE(key.isEmpty() || keys.insert(key).second)
+                    << item << " " << button->objectName().toStdString();
+            }
+        }
+    }
 }
 
 }  // namespace

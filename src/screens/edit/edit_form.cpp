@@ -26,7 +26,7 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     connect(grd_, &EditGrid::Row_Stored, this, [this] { changed_ = false; });
 
     Add_Row_Buttons();
-    QPushButton* open = Add_Button("cmdOpenView", tr("&Open View"), tr("Show the whole worksheet, totals included"));
+    QPushButton* open = Add_Button("cmdOpenView", tr("Open &View"), tr("Show the whole worksheet, totals included"));
     connect(open, &QPushButton::clicked, this, [this] {
         if (!Commit_Grid()) return;
         The_Platform().Hourglass(true);
@@ -34,7 +34,7 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
         The_Platform().Hourglass(false);
     });
     QPushButton* recalculate =
-        Add_Button("cmdRecalculate", tr("&Recalculate"), tr("Calculate the whole report and show this worksheet"));
+        Add_Button("cmdRecalculate", tr("Recalc&ulate"), tr("Calculate the whole report and show this worksheet"));
     connect(recalculate, &QPushButton::clicked, this, [this] {
         if (Commit_Grid()) emit Recalculate_Requested();
     });

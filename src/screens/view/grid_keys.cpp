@@ -24,6 +24,10 @@ QString Copied(QString text) {
 
 }  // namespace
 
+QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    return event == nullptr ? QItemSelectionModel::ClearAndSelect : QTableView::selectionCommand(index, event);
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
     const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
     if (event->matches(QKeySequence::Copy)) return Copy();

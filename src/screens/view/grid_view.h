@@ -60,6 +60,9 @@ class GridView : public QTableView {
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    // A cursor that the program puts down selects its cell alone, whichever keys are held.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:

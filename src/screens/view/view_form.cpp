@@ -47,9 +47,9 @@ ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* paren
     : WorksheetForm(FormMode::View, description, std::move(item), parent) {
     Set_Up(new GridModel(Form()), new GridView(this));
     QPushButton* recalculate =
-        Add_Button("cmdRecalculate", tr("&Recalculate"), tr("Calculate the whole report and show the results here"));
+        Add_Button("cmdRecalculate", tr("Recalc&ulate"), tr("Calculate the whole report and show the results here"));
     connect(recalculate, &QPushButton::clicked, this, &WorksheetForm::Recalculate_Requested);
-    Add_Button("cmdPrint", tr("&Print"), tr("Printing is not available yet"))->setEnabled(false);
+    Add_Button("cmdPrint", tr("Pr&int"), tr("Printing is not available yet"))->setEnabled(false);
     QPushButton* open = Add_Button("cmdOpenEdit", tr("Open &Edit"), tr("Open this worksheet for edit"));
     connect(open, &QPushButton::clicked, this,
             [this] { emit Open_Requested(FormMode::Edit, Qt_Text(Worksheet().Name())); });

@@ -111,7 +111,7 @@ QPushButton* WorksheetForm::Add_Button(const char* name, const QString& caption,
 void WorksheetForm::Add_Walk_Buttons() {
     QPushButton* close = Add_Button("cmdClose", tr("&Close"), tr("Close this form"));
     connect(close, &QPushButton::clicked, this, &QWidget::close);
-    cmdPrevious_ = Add_Button("cmdPrevious", tr("Pre&vious"));
+    cmdPrevious_ = Add_Button("cmdPrevious", tr("&Previous"));
     cmdNext_ = Add_Button("cmdNext", tr("&Next"));
     const auto walk = [this](Direction direction) {
         if (!Commit_Grid()) return;

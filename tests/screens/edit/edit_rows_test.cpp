@@ -107,6 +107,18 @@ TEST(EditRows, ClosingNumbersAnew) {
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A4;"), Value(3)) << "the empty row went";
 }
 
+TEST(EditUndo, ByKeySelectsTheCellAlone) {
+    Report r(fy2016);
+    Screen a("A");
+    a.At(3, 3);
+    a.Type("13");
+    a.Press(Qt::Key_Return);
+    a.Press(Qt::Key_Down);
+    a.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(a.Cursor(), "3 Col_3");
+    EXPECT_EQ(a.grd.selectionModel()->selectedIndexes().size(), 1);
+}
+
 TEST(EditUndo, GoesBackStepByStep) {
     Report r(fy2016);
     Screen s("A");
