@@ -83,7 +83,7 @@ std::size_t Frozen_Columns(std::span<const GridColumn> shown) {
     return count;
 }
 
-bool Is_Total_Row(const Row& row, std::span<const GridColumn> columns) {
+bool Is_Named_Total(const Row& row, std::span<const GridColumn> columns) {
     const auto name = std::ranges::find_if(columns, [](const GridColumn& c) { return !c.hidden && Is_Name(c); });
     if (name == columns.end()) return false;
     const std::string text = To_Upper(Trim(Nz_Str(row[name->field])));

@@ -118,8 +118,7 @@ void FormWindows::Connect(WorksheetForm& form) {
 
 void FormWindows::Worksheets_Changed(const WorksheetForm& by) {
     for (WorksheetForm* form : Forms()) {
-        // Its rows are gone: there is nothing to store.
-        if (form != &by && Form_To_Open(form->Mode(), form->Worksheet()) == nullptr) delete Window_Of(*form);
+        if (form != &by && Form_To_Open(form->Mode(), form->Worksheet()) == nullptr) Drop(*form);
     }
     The_Platform().Refresh_Menus();
 }
@@ -175,8 +174,7 @@ void FormWindows::Requery_All() {
             form->Requery();
             form->Refresh_Neighbours();
         } else {
-            // Its rows are gone: there is nothing to store.
-            delete Window_Of(*form);
+            Drop(*form);
         }
     }
 }
@@ -190,6 +188,13 @@ void FormWindows::Identity_Changed() {
             Window_Of(*form)->close();
         }
     }
+}
+
+// Its rows are gone: there is nothing to store. One of its buttons may have asked for what made them go.
+void FormWindows::Drop(WorksheetForm& form) {
+    QMdiSubWindow* window = Window_Of(form);
+    area_->removeSubWindow(window);
+    window->deleteLater();
 }
 
 void FormWindows::Drop_All() {

@@ -70,6 +70,7 @@ class FormWindows : public QObject {
     void Worksheets_Changed(const WorksheetForm& by);
     void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
     QMdiSubWindow* Window_Of(const WorksheetForm& form) const;
+    void Drop(WorksheetForm& form);
 
     QMdiArea* area_;
     QObject* closing_ = nullptr;  // the form whose window is being closed

@@ -16,9 +16,7 @@ namespace tallmar {
 namespace {
 
 std::string Start_Caption() {
-    std::string version = TALLMAR_VERSION;
-    version.resize(version.rfind('.'));
-    return "Brennwick System Inc.'s Tallmar 1728 (version " + version + ")";
+    return "Brennwick System Inc.'s Tallmar 1728 (version " + Short_Version() + ")";
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ std::vector<GridColumn> Shown_Columns(const FormDescription& form, const Item& i
 
 bool Is_Total(std::string_view name) {
     const GridColumn column = Column("", FieldType::Text, 40);
-    return Is_Total_Row(Row(std::vector<std::string>{"Col_1"}, {Value(name)}), {&column, 1});
+    return Is_Named_Total(Row(std::vector<std::string>{"Col_1"}, {Value(name)}), {&column, 1});
 }
 
 }  // namespace
@@ -177,9 +177,9 @@ TEST(TotalRowTest, IsToldByItsName) {
     Report r(fy2016);
     const FormRows rows(kViewA, "A");
     const std::vector<GridColumn> columns = Shown_Columns(kViewA, "A");
-    EXPECT_TRUE(Is_Total_Row(rows.At(*rows.Find(29_cur)), columns));
-    EXPECT_FALSE(Is_Total_Row(rows.At(*rows.Find(5_cur)), columns));
-    EXPECT_FALSE(Is_Total_Row(rows.At(0), {}));
+    EXPECT_TRUE(Is_Named_Total(rows.At(*rows.Find(29_cur)), columns));
+    EXPECT_FALSE(Is_Named_Total(rows.At(*rows.Find(5_cur)), columns));
+    EXPECT_FALSE(Is_Named_Total(rows.At(0), {}));
 }
 
 }  // namespace tallmar

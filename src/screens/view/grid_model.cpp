@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "screens/cell_text.h"
+#include "screens/total_rows.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {
@@ -29,8 +30,7 @@ void GridModel::Choose_Columns() {
 }
 
 void GridModel::Note_Totals() {
-    totals_.resize(rows_.Count());
-    for (std::size_t i = 0; i < rows_.Count(); ++i) totals_[i] = Is_Total_Row(rows_.At(i), form_.Columns());
+    totals_ = Total_Rows(form_, rows_);
     placed_ = -1;
 }
 
