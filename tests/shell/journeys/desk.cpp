@@ -36,8 +36,7 @@ Desk::Desk()
     StartOptions options;
     options.splash = false;
     EXPECT_TRUE(Start_Up(*main, options, true));
-    QApplication::setActiveWindow(main.get());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    Activate();
 }
 
 Desk::Desk(const FiscalYear& year) : Desk() {
@@ -145,7 +144,13 @@ QModelIndex Desk::Index(const LineRef& line, const ColumnRef& column) const {
     return index;
 }
 
+void Desk::Activate() const {
+    QApplication::setActiveWindow(main.get());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main.get()));
+}
+
 bool Desk::At(const LineRef& line, const ColumnRef& column) const {
+    Activate();
     GridView& grd = Form().Grid();
     const QModelIndex index = Index(line, column);
     grd.setFocus();

@@ -44,6 +44,9 @@ class Desk {
     // Opens a file as a click in the list of recent files does.
     void Open(const std::string& path);
 
+    // The window system brings the window up again when a dialog has gone; a display in memory does not.
+    void Activate() const;
+
     // ---- Menus
     QAction& Entry(std::string_view name) const;
     // The entry is clicked; one that is off fails the test.
