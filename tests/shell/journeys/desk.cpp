@@ -36,7 +36,8 @@ Desk::Desk()
     StartOptions options;
     options.splash = false;
     EXPECT_TRUE(Start_Up(*main, options, true));
-    Activate();
+    QApplication::setActiveWindow(main.get());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main.get()));
 }
 
 Desk::Desk(const FiscalYear& year) : Desk() {
@@ -144,15 +145,10 @@ QModelIndex Desk::Index(const LineRef& line, const ColumnRef& column) const {
     return index;
 }
 
-void Desk::Activate() const {
-    QApplication::setActiveWindow(main.get());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main.get()));
-}
-
 bool Desk::At(const LineRef& line, const ColumnRef& column) const {
-    Activate();
     GridView& grd = Form().Grid();
     const QModelIndex index = Index(line, column);
+    Focus();
     grd.setFocus();
     if (grd.currentIndex() == index) return true;
     grd.scrollTo(index);
@@ -189,18 +185,26 @@ std::string Desk::Told() const {
     return Plain_Text(main->statusBar()->currentMessage());
 }
 
+QWidget& Desk::Focus() {
+    if (QWidget* popup = QApplication::activePopupWidget()) return *popup;
+    if (QApplication::activeWindow() == nullptr) {
+        QWidget* front = QApplication::activeModalWidget();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (front == nullptr && qobject_cast<FrmMain*>(window) != nullptr) front = window;
+        }
+        if (front != nullptr) QApplication::setActiveWindow(front);
+    }
+    if (QWidget* focus = QApplication::focusWidget()) return *focus;
+    if (QApplication::activeWindow() == nullptr) throw std::logic_error("no window has the keyboard");
+    return *QApplication::activeWindow();
+}
+
 void Desk::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr) throw std::logic_error("nothing has the focus");
-    QTest::keyClick(focus, key, modifiers);
+    QTest::keyClick(&Focus(), key, modifiers);
 }
 
 void Desk::Type(std::string_view text) {
-    for (const char key : text) {
-        QWidget* focus = QApplication::focusWidget();
-        if (focus == nullptr) throw std::logic_error("nothing has the focus");
-        QTest::keyClick(focus, key);
-    }
+    for (const char key : text) QTest::keyClick(&Focus(), key);
 }
 
 void Desk::Settle() {

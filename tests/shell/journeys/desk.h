@@ -44,9 +44,6 @@ class Desk {
     // Opens a file as a click in the list of recent files does.
     void Open(const std::string& path);
 
-    // The window system brings the window up again when a dialog has gone; a display in memory does not.
-    void Activate() const;
-
     // ---- Menus
     QAction& Entry(std::string_view name) const;
     // The entry is clicked; one that is off fails the test.
@@ -83,7 +80,9 @@ class Desk {
     // What the status line says.
     std::string Told() const;
 
-    // ---- Keys, to whatever has the focus
+    // ---- Keys, to an open menu or to what has the focus. The window system brings the window up again when a dialog
+    // has gone; a display in memory does not.
+    static QWidget& Focus();
     static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     static void Type(std::string_view text);
     // What stands in the queue of events comes about.
