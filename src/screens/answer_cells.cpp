@@ -53,26 +53,30 @@ constexpr std::array kStatements{
     PopupEntry{"mnuOptionC", "Compiled", "C", "Compiled"},
     PopupEntry{"mnuOptionR", "Reviewed", "R", "Reviewed"},
 };
+// A number alone tells a reader nothing: the cell reads as the list does.
+constexpr PopupEntry Numbered(std::string_view control, std::string_view caption, std::string_view value) {
+    return {control, caption, value, caption};
+}
 // The first character of a caption would not tell 10 to 13 from 1.
 constexpr std::array kControls{
-    PopupEntry{"mnu8_1", "1 Voluntary Nonprofit - Church", "1", "1"},
-    PopupEntry{"mnu8_2", "2 Voluntary Nonprofit - Other", "2", "2"},
-    PopupEntry{"mnu8_3", "3 Proprietary - Sole Proprietor", "3", "3"},
-    PopupEntry{"mnu8_4", "4 Proprietary - Partnership", "4", "4"},
-    PopupEntry{"mnu8_5", "5 Proprietary - Corporation", "5", "5"},
-    PopupEntry{"mnu8_6", "6 Private Nonprofit", "6", "6"},
-    PopupEntry{"mnu8_7", "7 Governmental And Private Combination", "7", "7"},
-    PopupEntry{"mnu8_8", "8 Governmental - Federal", "8", "8"},
-    PopupEntry{"mnu8_9", "9 Governmental - State", "9", "9"},
-    PopupEntry{"mnu8_10", "10 Governmental - City", "10", "10"},
-    PopupEntry{"mnu8_11", "11 Governmental - City-County", "11", "11"},
-    PopupEntry{"mnu8_12", "12 Governmental - County", "12", "12"},
-    PopupEntry{"mnu8_13", "13 Governmental - Health District", "13", "13"},
+    Numbered("mnu8_1", "1 Voluntary Nonprofit - Church", "1"),
+    Numbered("mnu8_2", "2 Voluntary Nonprofit - Other", "2"),
+    Numbered("mnu8_3", "3 Proprietary - Sole Proprietor", "3"),
+    Numbered("mnu8_4", "4 Proprietary - Partnership", "4"),
+    Numbered("mnu8_5", "5 Proprietary - Corporation", "5"),
+    Numbered("mnu8_6", "6 Private Nonprofit", "6"),
+    Numbered("mnu8_7", "7 Governmental And Private Combination", "7"),
+    Numbered("mnu8_8", "8 Governmental - Federal", "8"),
+    Numbered("mnu8_9", "9 Governmental - State", "9"),
+    Numbered("mnu8_10", "10 Governmental - City", "10"),
+    Numbered("mnu8_11", "11 Governmental - City-County", "11"),
+    Numbered("mnu8_12", "12 Governmental - County", "12"),
+    Numbered("mnu8_13", "13 Governmental - Health District", "13"),
 };
 constexpr std::array kAGOptions{
-    PopupEntry{"mnuOption0", "0 Not Componentized", "0", "0"},
-    PopupEntry{"mnuOption1", "1 Option One", "1", "1"},
-    PopupEntry{"mnuOption2", "2 Option Two", "2", "2"},
+    Numbered("mnuOption0", "0 Not Componentized", "0"),
+    Numbered("mnuOption1", "1 Option One", "1"),
+    Numbered("mnuOption2", "2 Option Two", "2"),
 };
 
 // The kinds that have a list, and the box of those that take nothing else.

@@ -96,7 +96,7 @@ TEST(CellTextTest, AnswersOutOfAListShowTheirWords) {
         EXPECT_EQ(Text(*form, "S2", 14_cur, "Col_1"), "Yes");
         EXPECT_EQ(Text(*form, "S2", 15_cur, "Col_1"), "No");
         EXPECT_EQ(Text(*form, "S2", 16_cur, "Col_1"), "?") << "what the list has not reads as it stands";
-        EXPECT_EQ(Text(*form, "S2", 8_cur, "Col_1"), "10");
+        EXPECT_EQ(Text(*form, "S2", 8_cur, "Col_1"), "10 Governmental - City");
         EXPECT_EQ(Text(*form, "S2", 9_cur, "Col_1"), "Low");
     }
     r.Cell("S21", 1, 1, "y");
