@@ -42,7 +42,7 @@ EntryFields::EntryFields(QFormLayout& layout, const char* dateFormat, std::span<
         edit->installEventFilter(this);
     }
     QLineEdit* name = edits_[Place(EntryField::Name)];
-    name->setMinimumWidth(name->fontMetrics().averageCharWidth() * kCharacters);
+    name->setMinimumWidth(name->fontMetrics().horizontalAdvance(QString(kCharacters, QLatin1Char('N'))));
 }
 
 NewReportEntries EntryFields::Read() const {
