@@ -84,6 +84,7 @@ class BlockEntry {
     QuietBoxes quiet_;
     std::optional<Currency> line_;
     Currency last_;
+    bool isFull_ = form_.Description().add == nullptr;  // takes no more rows
 };
 
 bool BlockEntry::Find_Line(const BlockRow& row) {
@@ -91,15 +92,14 @@ bool BlockEntry::Find_Line(const BlockRow& row) {
     if (line_) return true;
     const bool isBlank = std::ranges::all_of(row.cells, [](const auto& cell) { return Is_Blank_Text(cell.text); });
     if (isBlank) return false;
-    if (form_.Description().add == nullptr) {
-        Refuse_All(row, kNoRow);
-        return false;
+    if (!isFull_) {
+        try {
+            line_ = form_.Add_Row(last_);
+        } catch (const DbError&) {
+            isFull_ = true;  // trying it for each of thousands of rows takes long
+        }
     }
-    try {
-        line_ = form_.Add_Row(last_);
-    } catch (const DbError&) {
-        Refuse_All(row, kNoRow);
-    }
+    if (!line_) Refuse_All(row, kNoRow);
     return line_.has_value();
 }
 

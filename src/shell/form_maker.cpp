@@ -10,8 +10,8 @@ WorksheetForm* Make_Form(FormMode mode, const FormDescription& form, const Item&
 }
 
 void Undo_In(WorksheetForm& form) {
-    auto* edit = qobject_cast<EditForm*>(&form);
-    if (edit != nullptr && edit->Can_Undo()) edit->Undo();
+    // It tells where there is nothing to take back.
+    if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Undo();
 }
 
 void Paste_Into(WorksheetForm& form) {
