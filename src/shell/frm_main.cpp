@@ -146,7 +146,7 @@ void FrmMain::Refresh_Menus() {
 
 void FrmMain::Set_Enabled(std::string_view control, bool enabled) {
     if (control == "frmMain") {
-        setEnabled(enabled);
+        Set_Open(enabled);
     } else if (control == "tmrMain") {
         help_->Set_Enabled(enabled);
     } else if (menus_->Find(control) != nullptr) {
@@ -154,6 +154,13 @@ void FrmMain::Set_Enabled(std::string_view control, bool enabled) {
     } else if (auto* widget = findChild<QWidget*>(Qt_Text(control))) {
         widget->setEnabled(enabled);
     }
+}
+
+// A window that is shut loses its focus, which goes back where it was.
+void FrmMain::Set_Open(bool open) {
+    if (!open && isEnabled()) focus_ = focusWidget();
+    setEnabled(open);
+    if (open && focus_ != nullptr && focus_->isVisible()) focus_->setFocus();
 }
 
 void FrmMain::Set_Visible(std::string_view control, bool visible) {

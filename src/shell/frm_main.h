@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <QPointer>
 #include <QStackedWidget>
 #include <string_view>
 
@@ -51,6 +52,7 @@ class FrmMain : public QMainWindow {
   private:
     void Lay_Out();
     void Draw();
+    void Set_Open(bool open);
     void Place_Help();
     void Forms_Changed();
     void Fill_Window_List();
@@ -68,6 +70,7 @@ class FrmMain : public QMainWindow {
     FormWindows* forms_;
     MenuBar* menus_;
     QString caption_;
+    QPointer<QWidget> focus_;  // where it was as the window was shut
 };
 
 }  // namespace tallmar

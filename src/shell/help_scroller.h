@@ -32,7 +32,7 @@ class HelpScroller : public QObject {
 
   private:
     QLabel* lblHelp_;
-    QTimer tmrMain_;
+    QTimer tmrMain_{this};
     QString tag_ = "Stopped";
 };
 

@@ -97,8 +97,8 @@ constexpr Entry kWindowMenu[] = {
 
 constexpr Entry kLastMenus[] = {
     {"mnu339", "", "&Tallmar 339", kMenu},
-    {"mnu1", "mnu339", "Part &1 339"},
-    {"mnu2", "mnu339", "&Bad Debt Log"},
+    {"mnu1", "mnu339", "Part &1 339", kCommand, kReport},
+    {"mnu2", "mnu339", "&Bad Debt Log", kCommand, kReport},
     {"mnuHelp", "", "&Help", kMenu},
     {"mnuHelpInstructions", "mnuHelp", "&Instructions", kCommand, kAlways, "F1"},
     {"", "mnuHelp", "", kSeparator},

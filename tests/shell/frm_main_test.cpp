@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 
 #include "shell/recent_files.h"
 #include "shell/shell_test.h"
@@ -73,9 +74,11 @@ TEST_F(FrmMainTest, CloseLeavesTheWindowAsItWas) {
 
 TEST_F(FrmMainTest, CancelledCloseKeepsReportAndForms) {
     Make_Report(fy2016);
-    View("A");
+    QApplication::setActiveWindow(main.get());
+    View("A")->Grid().setFocus();
     boxes.Expect_Box_Starting("Close form frmViewA", "This process", Answer::Cancel);
     Entry("mnuReportClose").trigger();
+    EXPECT_EQ(main->focusWidget(), &View("A")->Grid()) << "the keys go on where they were";
     EXPECT_TRUE(Report_Is_Open());
     EXPECT_TRUE(main->isEnabled());
     EXPECT_EQ(Open_Forms(), 1U);
@@ -87,6 +90,27 @@ TEST_F(FrmMainTest, HelpScrollsIntoViewWhenAReportIsOpened) {
     QTRY_VERIFY_WITH_TIMEOUT(Find<QLabel>("lblHelp").isVisible(), 2000);
     EXPECT_TRUE(Find<QLabel>("lblHelp").text().startsWith('\n'));
     QTRY_COMPARE_WITH_TIMEOUT(Find<QLabel>("lblHelp").text(), text, 5000);
+}
+
+TEST_F(FrmMainTest, HelpStopsAtCloseAndScrollsAnewAtOpen) {
+    const QString text = Find<QLabel>("lblHelp").text();
+    const std::string path = Make_Report(fy2016);
+    auto* tmrMain = main->findChild<QTimer*>("tmrMain");
+    ASSERT_NE(tmrMain, nullptr);
+    EXPECT_EQ(tmrMain->interval(), 100);
+    tmrMain->setInterval(1);
+    QTRY_VERIFY_WITH_TIMEOUT(!tmrMain->isActive(), 2000);
+    EXPECT_EQ(Find<QLabel>("lblHelp").text(), text);
+    Entry("mnuReportClose").trigger();
+    EXPECT_FALSE(Find<QLabel>("lblHelp").isVisible());
+    ASSERT_TRUE(Report_Open(path));
+    EXPECT_TRUE(tmrMain->isActive());
+    QTRY_VERIFY_WITH_TIMEOUT(Find<QLabel>("lblHelp").isVisible(), 2000);
+    EXPECT_TRUE(Find<QLabel>("lblHelp").text().startsWith('\n'));
+    Entry("mnuReportClose").trigger();
+    const QString stopped = Find<QLabel>("lblHelp").text();
+    QTest::qWait(250);
+    EXPECT_EQ(Find<QLabel>("lblHelp").text(), stopped) << "the tag says so";
 }
 
 TEST_F(FrmMainTest, PrintQualityIsSwapped) {
@@ -127,6 +151,7 @@ TEST_F(FrmMainTest, ListEntriesComeAndGoWithTheRegistry) {
 }
 
 TEST_F(FrmMainTest, DocumentsOpenFromTheProgramsFolder) {
+    Make_Report(fy2016);
     const std::string program = The_Platform().Program_Folder();
     QDir().mkpath(Qt_Text(program));
     QFile document(Qt_Text(program) + "/P1339.DOCX");

@@ -62,16 +62,29 @@ constexpr const char* kNotBuilt[] = {
     "mnuReportSubmit",      "mnuReportUtilitiesReBuild", "mnuReportUtilitiesLog", "mnuEditOpenCCs",
 };
 
-constexpr const char* kStatedNames[] = {
-    "mnuReportExit",     "mnuReportPrintSelect", "mnuReportUtilitiesHQ", "mnuEditOpenA",     "mnuEditOpenA5",
-    "mnuEditOpenA6pA",   "mnuEditOpenA6pC",      "mnuEditOpenA7",        "mnuEditOpenA83p1", "mnuEditOpenA83p4O",
-    "mnuEditOpenA83p5S", "mnuEditOpenB1",        "mnuEditOpenCp2x",      "mnuEditOpenCp3",   "mnuEditOpenCp5",
-    "mnuEditOpenDp1",    "mnuEditOpenDp2",       "mnuEditOpenD1",        "mnuEditOpenF2",    "mnuEditOpenK",
-    "mnuEditKhx",        "mnuEditOpenO",         "mnuEditOhx",           "mnuEditOpenS2",    "mnuEditOpenS21",
-    "mnuEditOpenS3p4",   "mnuEditOpenS5",        "mnuEditOpenS5pxhx",    "mnuViewOpenCp2x",  "mnuViewKhx",
-    "mnuViewOhx",        "mnuViewOpenS5pxhx",    "mnuViewOpenSp2",       "mnuViewOpenB",     "mnuViewOpenCp1",
-    "mnuViewOpenA83p2P",
+// Below Open of both trees, behind "mnuEdit" and "mnuView": the edit tree has the first of the two lists.
+constexpr const char* kBothTrees[] = {
+    "OpenA",      "OpenA1",     "OpenA2",     "OpenA3",   "OpenA4",    "OpenA5",    "OpenA6pA",
+    "OpenA6pB",   "OpenA6pC",   "OpenA7",     "OpenA83",  "OpenA83p1", "OpenA83p4", "OpenA83p5",
+    "OpenA83p1O", "OpenA83p4O", "OpenA83p5O", "OpenB1",   "OpenC",     "OpenCp2",   "OpenA83p1P",
+    "OpenA83p4P", "OpenA83p5P", "OpenA83p1S", "OpenCp2x", "OpenCp3",   "OpenCp4",   "OpenCp5",
+    "OpenA83p4S", "OpenA83p5S", "OpenCCs",    "OpenDp1",  "OpenDp2",   "OpenD1",    "OpenF",
+    "OpenF1",     "OpenF2",     "OpenK",      "Khx",      "OpenO",     "Ohx",       "OpenS2",
+    "OpenS21",    "OpenS3p1",   "OpenS3p2",   "OpenS3p3", "OpenS3p4",  "OpenS5",    "OpenS5pxhx",
 };
+constexpr const char* kViewTreeOnly[] = {
+    "OpenA83p2",  "OpenA83p3",  "OpenA83p2O", "OpenA83p3O", "OpenA83p2P", "OpenA83p3P",
+    "OpenA83p2S", "OpenA83p3S", "OpenB",      "OpenCp1",    "OpenSp2",
+};
+
+std::set<std::string> Below_Open(const std::string& tree) {
+    std::set<std::string> names;
+    for (const MenuRow& row : Menu_Rows()) {
+        const bool isBelow = row.name.starts_with(tree) && (row.parent != tree) && !row.parent.empty();
+        if (isBelow) names.insert(row.name.substr(tree.size()));
+    }
+    return names;
+}
 
 TEST(MenuTreeTest, StatedCaptionsStandWhereTheyBelong) {
     for (const Caption& stated : kStated) {
@@ -81,7 +94,16 @@ TEST(MenuTreeTest, StatedCaptionsStandWhereTheyBelong) {
         EXPECT_EQ(row->caption, stated.caption) << stated.name;
         EXPECT_FALSE(row->ours) << stated.name;
     }
-    for (const char* name : kStatedNames) EXPECT_NE(Find_Menu_Row(name), nullptr) << name;
+    for (const char* name : {"mnuReportPrintSelect", "mnuReportUtilitiesHQ", "mnuReportExit"}) {
+        EXPECT_NE(Find_Menu_Row(name), nullptr) << name;
+    }
+}
+
+TEST(MenuTreeTest, BothTreesHoldTheirWorksheetsAndNoOthers) {
+    std::set<std::string> names(std::begin(kBothTrees), std::end(kBothTrees));
+    EXPECT_EQ(Below_Open("mnuEdit"), names);
+    names.insert(std::begin(kViewTreeOnly), std::end(kViewTreeOnly));
+    EXPECT_EQ(Below_Open("mnuView"), names);
 }
 
 TEST(MenuTreeTest, ReportFileMenuIsInItsOrder) {
