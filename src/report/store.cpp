@@ -142,10 +142,13 @@ bool Report_Open(const std::string& path) {
 
 bool Report_Open_Dialog() {
     if (Report_Is_Open() && The_Platform().Close_All_Forms()) return false;
+    Platform& window = The_Platform();
+    window.Set_Visible("fraWelcome", false);
     const std::string folder = Dialog_Folder();
-    const auto path =
-        The_Platform().Open_File({folder, folder + "\\*.CRF", "Open An Existing CRF", kExtension, kFilter});
-    return path && Report_Open(*path);
+    const auto path = window.Open_File({folder, folder + "\\*.CRF", "Open An Existing CRF", kExtension, kFilter});
+    if (path) return Report_Open(*path);
+    window.Set_Visible("fraWelcome", !Report_Is_Open());
+    return false;
 }
 
 bool Report_Save_As(const std::string& path) {

@@ -133,6 +133,27 @@ TEST_F(StoreTest, CancelledDialogIsNoError) {
     EXPECT_TRUE(platform.boxes.empty());
 }
 
+// Tells whether the welcome frame stood while the dialog was open.
+struct DialogWatch : FakePlatform {
+    bool stood = true;
+    std::optional<std::string> Open_File(const FileDialog& dialog) override {
+        stood = !visible.contains("fraWelcome") || visible.at("fraWelcome");
+        return FakePlatform::Open_File(dialog);
+    }
+};
+
+TEST_F(StoreTest, WelcomeIsHiddenDuringTheDialogAndComesBackWithoutAReport) {
+    New_Report();
+    for (const bool isOpen : {true, false}) {
+        if (!isOpen) Report_Release();
+        DialogWatch watch;
+        watch.Reply_Open(std::nullopt);
+        EXPECT_FALSE(Report_Open_Dialog());
+        EXPECT_FALSE(watch.stood);
+        EXPECT_EQ(watch.visible.at("fraWelcome"), !isOpen);
+    }
+}
+
 TEST_F(StoreTest, FormsThatStayOpenKeepTheReport) {
     New_Report();
     platform.closeFormsCancelled = true;
