@@ -12,6 +12,7 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "common/text.h"
+#include "common/wait_pointer.h"
 #include "report/open_report.h"
 #include "report/window.h"
 #include "shell/form_maker.h"
@@ -39,14 +40,6 @@ bool Is_Worksheet_Form(const QObject& form) {
     return std::ranges::any_of(kFormBeginnings, [&](std::string_view beginning) { return Begins_So(form, beginning); });
 }
 
-// The pointer waits while it lives.
-struct Wait {
-    Wait() { The_Platform().Hourglass(true); }
-    ~Wait() { The_Platform().Hourglass(false); }
-    Wait(const Wait&) = delete;
-    Wait& operator=(const Wait&) = delete;
-};
-
 }  // namespace
 
 FormWindows::FormWindows(QMdiArea* area) : QObject(area), area_(area), zoom_(Remembered_Zoom()) {
@@ -54,6 +47,10 @@ FormWindows::FormWindows(QMdiArea* area) : QObject(area), area_(area), zoom_(Rem
 }
 
 void FormWindows::Open_Worksheet_Form(FormMode mode, const Item& item) {
+    // A view of a row that is not stored yet would be stale at once.
+    if (WorksheetForm* edit = mode == FormMode::View ? Find_Form(item, FormMode::Edit) : nullptr) {
+        if (!edit->Commit_Grid()) return;
+    }
     if (WorksheetForm* open = Find_Form(item, mode)) {
         Activate(*open);
         return;
@@ -102,7 +99,7 @@ void FormWindows::Show_In_Place(QMdiSubWindow& window, WorksheetForm& form) {
 
 void FormWindows::Connect(WorksheetForm& form) {
     connect(&form, &WorksheetForm::Open_Requested, this, [this](FormMode mode, const QString& item) {
-        const Wait wait;
+        const WaitPointer wait;
         Open_Worksheet_Form(mode, Plain_Text(item));
     });
     connect(&form, &WorksheetForm::Recalculate_Requested, this, [this, &form] { Recalculate(form); });
@@ -202,7 +199,7 @@ void FormWindows::Drop_All() {
 }
 
 bool Calculate_Report() {
-    const Wait wait;
+    const WaitPointer wait;
     try {
         Calc_All();
         return true;
@@ -219,6 +216,8 @@ void FormWindows::Recalculate(WorksheetForm& form) {
     form.setEnabled(false);
     const bool calculated = Calculate_Report();
     form.setEnabled(true);
+    // A form that is shut loses its focus.
+    form.Grid().setFocus();
     Requery_All();
     if (edits && calculated) Open_Worksheet_Form(FormMode::View, item);
 }

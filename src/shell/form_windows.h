@@ -18,7 +18,8 @@ class FormWindows : public QObject {
   public:
     explicit FormWindows(QMdiArea* area);
 
-    // One that is open is brought up. Where there is no form, or no table, a box says so.
+    // One that is open is brought up. Where there is no form, or no table, a box says so. A view is opened when the
+    // row under edit of its worksheet was stored.
     void Open_Worksheet_Form(FormMode mode, const Item& item);
     // Closing a view means that a cell is being changed: mnuReportSubmit is disabled, whether the form is open or not.
     void Close_Worksheet_Form(const Item& item, FormMode mode);

@@ -61,6 +61,29 @@ TEST_F(EditWindowsTest, FirstChangeClosesTheStaleViewOfTheWorksheetOnly) {
     EXPECT_NE(main->Forms().Find_Form("A5", FormMode::View), nullptr);
 }
 
+TEST_F(EditWindowsTest, AViewFromTheMenuShowsTheRowUnderEdit) {
+    Make_Report(fy2016);
+    EditForm& form = Edit("A");
+    Enter(form, 5_cur, "Col_1", "100");
+    Entry("mnuViewOpenA").trigger();
+    const WorksheetForm* view = main->Forms().Find_Form("A", FormMode::View);
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->Model().index(view->Model().Row_Of(5_cur), view->Model().Column_Of("Col_1")).data().toString(),
+              "100");
+    EXPECT_EQ(db.Read_Row("SELECT Col_1 FROM A WHERE LineNum = 5;")["Col_1"], Value(100_cur));
+}
+
+TEST_F(EditWindowsTest, ARefusedRowOpensNoViewOfIt) {
+    Make_Report(fy2016);
+    EditForm& form = Form_With_Refused_Row();
+    Expect_Refusal();
+    Entry("mnuViewOpenA4").trigger();
+    EXPECT_EQ(main->Forms().Find_Form("A4", FormMode::View), nullptr);
+    Entry("mnuViewOpenA5").trigger();
+    EXPECT_NE(main->Forms().Find_Form("A5", FormMode::View), nullptr);
+    Explain(form);
+}
+
 TEST_F(EditWindowsTest, RecalculateStoresTheRowAndOpensTheView) {
     Make_Report(fy2016);
     EditForm& form = Edit("A");

@@ -158,9 +158,12 @@ TEST_F(FormWindowsTest, NextOpensTheNeighbour) {
 TEST_F(FormWindowsTest, RecalculateShowsTheNewFiguresAndKeepsTheForm) {
     Make_Report(fy2016);
     WorksheetForm* form = View("A");
+    View("A5");
+    View("A");
     db.Execute("UPDATE A SET Col_1 = 1200 WHERE LineNum = 5;");
     QTest::mouseClick(form->findChild<QPushButton*>("cmdRecalculate"), Qt::LeftButton);
     Settle();
+    EXPECT_EQ(main->focusWidget(), &form->Grid()) << "the keys go on where they were";
     EXPECT_EQ(View("A"), form);
     EXPECT_TRUE(form->isEnabled());
     EXPECT_FALSE(platform.Guard().Is_On());

@@ -6,6 +6,7 @@
 
 #include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/wait_pointer.h"
 #include "screens/edit/edit_grid.h"
 #include "screens/view/qt_text.h"
 
@@ -20,16 +21,11 @@ constexpr std::string_view kUndoTitle = "The following messages were generated d
 
 class EditGrid::Busy {
   public:
-    explicit Busy(EditGrid& grd) : asking_(grd.asking_, true) {
-        grd.Entries().Leave_Row();
-        The_Platform().Hourglass(true);
-    }
-    ~Busy() { The_Platform().Hourglass(false); }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
+    explicit Busy(EditGrid& grd) : asking_(grd.asking_, true) { grd.Entries().Leave_Row(); }
 
   private:
     QScopedValueRollback<bool> asking_;
+    WaitPointer wait_;
 };
 
 void EditGrid::Read_Again() {

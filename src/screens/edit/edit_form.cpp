@@ -5,6 +5,7 @@
 
 #include "common/platform.h"
 #include "common/variant.h"
+#include "common/wait_pointer.h"
 #include "report/open_report.h"
 #include "screens/view/qt_text.h"
 
@@ -13,6 +14,7 @@ namespace tallmar {
 namespace {
 
 constexpr std::string_view kCloseTitle = "Error: Worksheet Not Finished";
+constexpr std::string_view kWithStatLinks = "frmEditB1";
 
 }  // namespace
 
@@ -29,15 +31,18 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     QPushButton* open = Add_Button("cmdOpenView", tr("Open &View"), tr("Show the whole worksheet, totals included"));
     connect(open, &QPushButton::clicked, this, [this] {
         if (!Commit_Grid()) return;
-        The_Platform().Hourglass(true);
+        const WaitPointer wait;
         emit Open_Requested(FormMode::View, Qt_Text(Worksheet().Name()));
-        The_Platform().Hourglass(false);
     });
     QPushButton* recalculate =
         Add_Button("cmdRecalculate", tr("Recalc&ulate"), tr("Calculate the whole report and show this worksheet"));
     connect(recalculate, &QPushButton::clicked, this, [this] {
         if (Commit_Grid()) emit Recalculate_Requested();
     });
+    if (description.name == kWithStatLinks) {
+        Add_Button("cmdStatLinks", tr("&Stat Links"), tr("Links of statistics are not available yet"))
+            ->setEnabled(false);
+    }
     Add_Walk_Buttons();
     Edit_Above();
     grd_->Go_To_First();

@@ -26,6 +26,7 @@ TEST(EditRows, ButtonsStandWhereTheFormHasThem) {
     };
     EXPECT_EQ(shown("A"), "cmdOpenView cmdRecalculate cmdClose cmdPrevious cmdNext ");
     EXPECT_EQ(shown("A4"), "cmdAdd cmdDelete cmdOpenView cmdRecalculate cmdClose cmdPrevious cmdNext ");
+    EXPECT_EQ(shown("B1"), "cmdOpenView cmdRecalculate cmdStatLinks cmdClose cmdPrevious cmdNext ");
 }
 
 TEST(EditRows, AddAndDeleteOnEveryFormThatHasThem) {

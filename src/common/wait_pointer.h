@@ -1,0 +1,16 @@
+// The pointer waits while one of these lives.
+#pragma once
+
+#include "common/platform.h"
+
+namespace tallmar {
+
+class WaitPointer {
+  public:
+    WaitPointer() { The_Platform().Hourglass(true); }
+    ~WaitPointer() { The_Platform().Hourglass(false); }
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+};
+
+}  // namespace tallmar
