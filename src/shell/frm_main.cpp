@@ -160,7 +160,12 @@ void FrmMain::Set_Enabled(std::string_view control, bool enabled) {
 void FrmMain::Set_Open(bool open) {
     if (!open && isEnabled()) focus_ = focusWidget();
     setEnabled(open);
-    if (open && focus_ != nullptr && focus_->isVisible()) focus_->setFocus();
+    if (!open) return;
+    if (focus_ != nullptr && focus_->isVisible()) {
+        focus_->setFocus();
+    } else if (welcome_->isVisible()) {
+        welcome_->setFocus();
+    }
 }
 
 void FrmMain::Set_Visible(std::string_view control, bool visible) {

@@ -63,10 +63,13 @@ TEST_F(FrmMainTest, OpenReportShowsItsNameAndTakesTheWelcomeAway) {
 
 TEST_F(FrmMainTest, CloseLeavesTheWindowAsItWas) {
     Make_Report(fy2016);
+    View("A");
+    boxes.Expect_Box_Starting("Close form frmViewA", "This process", Answer::Ok);
     Entry("mnuReportClose").trigger();
     EXPECT_FALSE(Report_Is_Open());
     EXPECT_TRUE(main->isEnabled());
     EXPECT_TRUE(Find<QWidget>("fraWelcome").isVisible());
+    EXPECT_EQ(main->focusWidget(), &Find<QPushButton>("cmdOpen")) << "the keys have somewhere to go on";
     EXPECT_FALSE(Find<QWidget>("lblCRFName").isVisible());
     EXPECT_EQ(main->windowTitle(), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0)");
     EXPECT_FALSE(Entry("mnuReportClose").isEnabled());
@@ -244,13 +247,21 @@ TEST_F(FrmMainTest, ProgressShowsAndGoes) {
 }
 
 TEST_F(FrmMainTest, EveryControlHasAnAccessibleName) {
-    Make_Report(fy2016);
-    View("A");
+    Make_Report(fy1999);
+    for (const FormMode mode : {FormMode::Edit, FormMode::View}) {
+        for (const char* item : {"A", "A4", "A83p3P", "B1", "S2", "S3p1"}) {
+            if (Form_Of(mode, item) == nullptr) continue;
+            main->Forms().Open_Worksheet_Form(mode, item);
+            main->Forms().Active()->Open_Find();
+        }
+    }
+    EXPECT_EQ(Open_Forms(), 11U);
     for (const QWidget* widget : main->findChildren<QWidget*>()) {
         if (widget->focusPolicy() == Qt::NoFocus || widget->objectName().startsWith("qt_")) continue;
         if (qobject_cast<const QMdiSubWindow*>(widget) != nullptr) continue;
         EXPECT_FALSE(widget->accessibleName().isEmpty() && widget->windowTitle().isEmpty())
-            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+            << widget->metaObject()->className() << " " << widget->objectName().toStdString() << " in "
+            << widget->parentWidget()->objectName().toStdString();
     }
 }
 
