@@ -7,8 +7,10 @@
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QMimeData>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -70,8 +72,14 @@ FrmMain::FrmMain(const JobGuard& guard)
     forms_->Set_Tabs(Tabs_Remembered());
     menus_->Find("mnuWindowTabbed")->setChecked(Tabs_Remembered());
     Show_Print_Quality(*this);
-    if (!restoreGeometry(Remembered_Geometry())) resize(kFirstSize);
+    if (!restoreGeometry(Remembered_Geometry())) resize(First_Size());
     Forms_Changed();
+}
+
+// As large as the screen allows: the line at the foot stays in sight.
+QSize FrmMain::First_Size() const {
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return kFirstSize.boundedTo(screen()->availableSize() - QSize(title, 2 * title));
 }
 
 void FrmMain::Lay_Out() {

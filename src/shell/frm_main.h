@@ -50,6 +50,7 @@ class FrmMain : public QMainWindow {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    QSize First_Size() const;
     void Lay_Out();
     void Draw();
     void Set_Open(bool open);

@@ -9,7 +9,9 @@
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 
 #include "shell/recent_files.h"
@@ -210,6 +212,13 @@ TEST_F(FrmMainTest, OtherDropsAreRefused) {
     Drop({File(folder.File("notes.txt"))});
     boxes.Expect_Box("Error: Not A Cost Report File", kText);
     Drop({QUrl("https://example.org/report.CRF")});
+}
+
+TEST_F(FrmMainTest, FirstSizeLeavesTheFootOnTheScreen) {
+    const QSize size = FrmMain(platform.Guard()).size();
+    const QSize screen = main->screen()->availableSize();
+    EXPECT_LE(size.width(), screen.width());
+    EXPECT_LT(size.height(), screen.height() - main->style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
 TEST_F(FrmMainTest, ExitClosesFormsAndReleasesTheReport) {

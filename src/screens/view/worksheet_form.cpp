@@ -105,6 +105,8 @@ QPushButton* WorksheetForm::Add_Button(const char* name, const QString& caption,
     button->setToolTip(tip);
     button->setAccessibleName(QString(caption).remove('&'));
     button->setAutoDefault(false);
+    // A click or an access key leaves the keyboard with the grid: what is typed next goes into a cell.
+    button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
 

@@ -74,6 +74,27 @@ TEST(EditFocus, AQuestionThatIsCancelledKeepsTheCursor) {
     EXPECT_EQ(driver.Boxes_Seen(), 1);
 }
 
+// A button of the strip that is clicked leaves the keyboard in the grid.
+TEST(EditFocus, AButtonThatRefusesOrOpensLeavesTheKeysToTheCell) {
+    Report r(fy2016);
+    RealBoxes boxes;
+    BoxDriver driver;
+    Screen a("A");
+    a.At(6, 1);
+    a.Type("abc");
+    driver.Expect_Box_Starting(kTitle, kWhy);
+    QTest::mouseClick(a.Button("cmdNext"), Qt::LeftButton);
+    EXPECT_TRUE(driver.Done());
+    QApplication::setActiveWindow(&a.form);
+    EXPECT_EQ(QApplication::focusWidget(), &a.grd);
+    a.Type("9");
+    QTest::mouseClick(a.Button("cmdNext"), Qt::LeftButton);
+    EXPECT_CELL("A", 6, 1, 9_cur);
+    EXPECT_EQ(QApplication::focusWidget(), &a.grd);
+    // The Tab key reaches it still.
+    EXPECT_TRUE(a.Button("cmdNext")->focusPolicy() & Qt::TabFocus);
+}
+
 TEST(EditFocus, TheFormOpensOnTheFirstCellThatTakesAnEntry) {
     Report r(fy2016);
     EXPECT_EQ(Screen("A").Cursor(), "1 Col_3");
