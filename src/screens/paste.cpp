@@ -55,7 +55,8 @@ bool Holds(const Value& value, std::string_view text) {
     if (Is_Blank_Text(trimmed)) return Is_Blank(value) || isZero;
     if (value.Is_Null()) return false;
     if (value.Is<Date>()) return Parse_Date(trimmed) == std::optional(value.To_Date());
-    if (value.Is<std::string>()) return value.To_Text() == trimmed;
+    // A label may end with a blank, which no entry keeps.
+    if (value.Is<std::string>()) return Trim(value.To_Text()) == trimmed;
     const std::optional<double> amount = Parse_Amount(trimmed);
     return amount && value.Is_Numeric() && *amount == value.To_Double();
 }

@@ -32,6 +32,10 @@ class BoxDriver {
     // it opens meanwhile are answered from the same queue.
     void Expect_Dialog(std::string_view name, std::function<void(QWidget&)> act);
 
+    // For what is not expected: true where `handle` has closed the window. Without it, and where it answers false, the
+    // test fails.
+    void Otherwise(std::function<bool(QWidget&)> handle) { otherwise_ = std::move(handle); }
+
     // Whether everything expected has come.
     bool Done() const { return expected_.empty(); }
     int Boxes_Seen() const { return seen_; }
@@ -50,6 +54,7 @@ class BoxDriver {
     void Answer_Modal(QWidget& modal);
 
     std::deque<Expected> expected_;
+    std::function<bool(QWidget&)> otherwise_;
     QPointer<QWidget> handled_;
     QObject life_;  // no look after the driver has gone
     int seen_ = 0;
