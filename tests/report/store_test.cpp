@@ -267,7 +267,9 @@ TEST_F(StoreTest, FailedSaveAsKeepsTheFirstFileOpen) {
                         "PROBLEM Encountered: Your Save As request failed and was not able to be accomplished.  Your "
                         "original CRF file has not been altered.  Hit OK to continue running Tallmar.",
                         Answer::Ok, kStop);
+    platform.beeps = 0;
     EXPECT_FALSE(Report_Save_As(folder.File("nowhere/Copy.CRF")));
+    EXPECT_EQ(platform.beeps, 1);
     EXPECT_EQ(CRFPath, report);
     EXPECT_EQ(CRFTitle, "Agency.CRF");
     EXPECT_TRUE(Report_Is_Open());

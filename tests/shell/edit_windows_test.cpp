@@ -2,6 +2,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QStatusBar>
+#include <functional>
 
 #include "common/variant.h"
 #include "screens/edit/edit_form.h"
@@ -59,6 +60,29 @@ TEST_F(EditWindowsTest, FirstChangeClosesTheStaleViewOfTheWorksheetOnly) {
     Settle();
     EXPECT_EQ(main->Forms().Find_Form("A", FormMode::View), nullptr);
     EXPECT_NE(main->Forms().Find_Form("A5", FormMode::View), nullptr);
+}
+
+// What the edit checks let through stands for the report as it was then.
+TEST_F(EditWindowsTest, AnECRIsNotBuiltOfAReportThatBecameAnother) {
+    const std::string path = Make_Report(fy2016);
+    QAction& submit = Entry("mnuReportSubmit");
+    const auto expect_shut_by = [&](const char* step, const std::function<void()>& act) {
+        submit.setEnabled(true);
+        act();
+        EXPECT_FALSE(submit.isEnabled()) << step;
+    };
+    EditForm& form = Edit("A");
+    expect_shut_by("a changed cell", [&] { Enter(form, 5_cur, "Col_1", "100"); });
+    expect_shut_by("undo", [&] {
+        form.Commit_Grid();
+        submit.setEnabled(true);
+        form.Undo();
+    });
+    Entry("mnuEditClose").trigger();
+    expect_shut_by("Save As", [&] { EXPECT_TRUE(Report_Save_As(folder.File("copy.CRF"))); });
+    expect_shut_by("Open", [&] { EXPECT_TRUE(Report_Open(path)); });
+    expect_shut_by("Close", [&] { EXPECT_TRUE(Report_Close()); });
+    expect_shut_by("New", [&] { Make_Report(fy2016, "new.CRF"); });
 }
 
 TEST_F(EditWindowsTest, AViewFromTheMenuShowsTheRowUnderEdit) {
