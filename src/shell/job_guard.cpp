@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <algorithm>
 #include <array>
 
@@ -33,6 +34,17 @@ constexpr std::array kInput{
     QEvent::NonClientAreaMouseButtonDblClick,
 };
 
+// Who stops for so long begins a new entry.
+constexpr quint64 kEntryMilliseconds = 700;
+
+bool Is_Character(const QKeyEvent& key) {
+    const bool command = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    return !command && !key.text().isEmpty() && key.text().front().isPrint();
+}
+bool Is_Modifier(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Shift || key.key() == Qt::Key_Control || key.key() == Qt::Key_Alt;
+}
+
 }  // namespace
 
 JobGuard::JobGuard(QObject* parent) : QObject(parent) {}
@@ -44,6 +56,7 @@ JobGuard::~JobGuard() {
 void JobGuard::Turn_On() {
     if (on_) return;
     on_ = true;
+    cutEntry_.reset();
     qApp->installEventFilter(this);
 }
 
@@ -51,7 +64,7 @@ void JobGuard::Turn_Off() {
     if (!on_) return;
     if (pauses_ == 0) QCoreApplication::processEvents();
     on_ = false;
-    qApp->removeEventFilter(this);
+    if (!cutEntry_) qApp->removeEventFilter(this);
 }
 
 JobGuard::Pause::Pause(JobGuard& guard) : guard_(guard) {
@@ -65,14 +78,33 @@ JobGuard::Pause::~Pause() {
 }
 
 bool JobGuard::eventFilter(QObject* watched, QEvent* event) {
-    if (pauses_ > 0) return QObject::eventFilter(watched, event);
-    // The window system asks a window to close; the program's own closing of forms goes on.
-    const bool closing = event->type() == QEvent::Close && event->spontaneous();
-    if (!closing && std::ranges::find(kInput, event->type()) == kInput.end()) {
-        return QObject::eventFilter(watched, event);
-    }
+    if (pauses_ > 0 || !Throws_Away(*event)) return QObject::eventFilter(watched, event);
     event->ignore();
     return true;
+}
+
+bool JobGuard::Throws_Away(const QEvent& event) {
+    const bool keyed = event.type() == QEvent::KeyPress;
+    const auto* key = keyed ? static_cast<const QKeyEvent*>(&event) : nullptr;
+    if (on_) {
+        if (keyed && !Is_Modifier(*key)) {
+            cutEntry_ = Is_Character(*key) ? std::optional(quint64(key->timestamp())) : std::nullopt;
+        }
+        // The window system asks a window to close; the program's own closing of forms goes on.
+        const bool closing = event.type() == QEvent::Close && event.spontaneous();
+        return closing || std::ranges::find(kInput, event.type()) != kInput.end();
+    }
+    if (!cutEntry_ || (!keyed && event.type() != QEvent::MouseButtonPress)) return false;
+    if (keyed && Is_Modifier(*key)) return false;
+    const bool goesOn = keyed && key->timestamp() < *cutEntry_ + kEntryMilliseconds;
+    // The key that ends the entry goes with it.
+    if (goesOn && Is_Character(*key)) {
+        cutEntry_ = key->timestamp();
+    } else {
+        cutEntry_.reset();
+        qApp->removeEventFilter(this);
+    }
+    return goesOn;
 }
 
 }  // namespace tallmar

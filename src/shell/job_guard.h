@@ -1,8 +1,10 @@
 // Closes the whole program to input while a job runs. What is keyed or clicked meanwhile is thrown away and reaches no
 // window later; painting, timers and progress go on. A box that a job shows suspends the guard.
+// An entry whose first keys came during the job is thrown away whole: its tail would be stored as another number.
 #pragma once
 
 #include <QObject>
+#include <optional>
 
 namespace tallmar {
 
@@ -34,8 +36,11 @@ class JobGuard : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    bool Throws_Away(const QEvent& event);
+
     bool on_ = false;
     int pauses_ = 0;
+    std::optional<quint64> cutEntry_;  // the time of the last character that was thrown away, while its entry goes on
 };
 
 }  // namespace tallmar
