@@ -137,6 +137,11 @@ void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn>) {
     }
 }
 
+// The chart follows the option while no other form is open.
+bool Stored_At_Once(const CellPlace& place) {
+    return place.row.Line() == kOptionLine;
+}
+
 const PopupList* Popup(const CellPlace& place) {
     const AnswerCell* cell = Find_Answer(kAnswers, place.row.Line(), place.column.field);
     return cell == nullptr ? nullptr : Popup_Of(cell->kind);
@@ -154,6 +159,7 @@ constinit const FormDescription kEditS2{.name = kForm,
                                         .locked = Locked,
                                         .check = Check,
                                         .rowStored = Stored,
+                                        .storedAtOnce = Stored_At_Once,
                                         .undoAllowed = May_Undo,
                                         .popup = Popup,
                                         .headsAt = Heads};

@@ -147,6 +147,8 @@ struct FormDescription {
     std::optional<Refusal> (*leaveRow)(const Item&, const RowUnderEdit&) = nullptr;
     // After the row went into the table.
     void (*rowStored)(const Item&, const RowUnderEdit&, std::span<const GridColumn>) = nullptr;
+    // The row goes into the table with this cell, and does not wait for the cursor to leave it.
+    bool (*storedAtOnce)(const CellPlace&) = nullptr;
     // What other worksheets take from this one, after rows were stored: the grid has it follow each row, a list of
     // cells once.
     void (*follow)() = nullptr;

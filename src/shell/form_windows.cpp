@@ -235,6 +235,12 @@ WorksheetForm* FormWindows::Active() const {
     return window == nullptr ? nullptr : qobject_cast<WorksheetForm*>(window->widget());
 }
 
+std::string FormWindows::Caption_Out_Of_Sight() const {
+    const WorksheetForm* form = Active();
+    if (form == nullptr || area_->viewMode() == QMdiArea::TabbedView || !Window_Of(*form)->isMaximized()) return {};
+    return form->Caption();
+}
+
 void FormWindows::Activate(WorksheetForm& form) {
     QMdiSubWindow* window = Window_Of(form);
     if (window->isMinimized()) window->showNormal();
@@ -253,8 +259,10 @@ void FormWindows::Set_Zoom(int percent) {
 
 void FormWindows::Set_Tabs(bool tabs) {
     area_->setViewMode(tabs ? QMdiArea::TabbedView : QMdiArea::SubWindowView);
-    if (tabs) return;
-    for (QMdiSubWindow* window : area_->subWindowList()) window->showNormal();
+    if (!tabs) {
+        for (QMdiSubWindow* window : area_->subWindowList()) window->showNormal();
+    }
+    emit Changed();
 }
 
 QMdiSubWindow* FormWindows::Window_Of(const WorksheetForm& form) const {
@@ -263,6 +271,8 @@ QMdiSubWindow* FormWindows::Window_Of(const WorksheetForm& form) const {
 
 // A form stands in a window of its own, and the two close together, whichever of them is asked to.
 bool FormWindows::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange)
+        QMetaObject::invokeMethod(this, &FormWindows::Changed, Qt::QueuedConnection);
     if (event->type() != QEvent::Close) return QObject::eventFilter(watched, event);
     if (auto* window = qobject_cast<QMdiSubWindow*>(watched)) {
         closing_ = window->widget();

@@ -51,6 +51,8 @@ class FormWindows : public QObject {
     std::vector<WorksheetForm*> Forms() const;
     // Null where no form is open.
     WorksheetForm* Active() const;
+    // Of the active form where it fills the area, and no title bar or tab says its name; else empty.
+    std::string Caption_Out_Of_Sight() const;
     void Activate(WorksheetForm& form);
 
     void Set_Zoom(int percent);

@@ -48,6 +48,7 @@ FrmMain::FrmMain(const JobGuard& guard)
       head_(new QWidget(this)),
       picLogo_(new QLabel(head_)),
       lblCRFName_(new QLabel(head_)),
+      lblForm_(new QLabel(head_)),
       txtCalcMsg_(new QLabel(this)),
       help_(new HelpScroller(area_->viewport())),
       forms_(new FormWindows(area_)),
@@ -92,10 +93,14 @@ void FrmMain::Lay_Out() {
     lblCRFName_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     lblCRFName_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblCRFName_->setVisible(false);
+    lblForm_->setObjectName("lblForm");
+    lblForm_->setAccessibleName(tr("Worksheet form"));
+    lblForm_->setTextFormat(Qt::PlainText);
     auto* line = new QHBoxLayout(head_);
     line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     line->addWidget(picLogo_);
     line->addWidget(lblCRFName_, 1);
+    line->addWidget(lblForm_);
     head_->setVisible(false);
 
     area_->setObjectName("mdiForms");
@@ -225,6 +230,7 @@ void FrmMain::Forms_Changed() {
     const bool edits = active != nullptr && active->Mode() == FormMode::Edit;
     menus_->Set_Enabled("mnuEditUndo", edits);
     menus_->Set_Enabled("mnuEditPaste", edits);
+    lblForm_->setText(Qt_Text(forms_->Caption_Out_Of_Sight()));
 }
 
 void FrmMain::Fill_Window_List() {

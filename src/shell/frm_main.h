@@ -66,6 +66,7 @@ class FrmMain : public QMainWindow {
     QWidget* head_;
     QLabel* picLogo_;
     QLabel* lblCRFName_;
+    QLabel* lblForm_;
     QLabel* txtCalcMsg_;
     HelpScroller* help_;
     FormWindows* forms_;

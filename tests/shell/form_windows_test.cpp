@@ -1,6 +1,7 @@
 // Worksheet windows: opened once, brought up, closed after the question, and kept in place.
 #include "shell/form_windows.h"
 
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
@@ -237,6 +238,21 @@ TEST_F(FormWindowsTest, TabsHoldFormsAndTheCaptionStays) {
     EXPECT_FALSE(Tabs_Remembered());
     EXPECT_FALSE(Window_Of(*View("A")).isMaximized());
     EXPECT_EQ(main->windowTitle(), caption);
+}
+
+TEST_F(FormWindowsTest, AFormThatFillsTheWindowIsNamedAtItsHead) {
+    Make_Report(fy2016);
+    WorksheetForm* form = View("A4");
+    const QLabel* name = main->findChild<QLabel*>("lblForm");
+    Settle();
+    EXPECT_EQ(name->text(), "");
+    Window_Of(*form).showMaximized();
+    Settle();
+    EXPECT_EQ(name->text(), "View Worksheet A4");
+    EXPECT_TRUE(name->isVisible());
+    Window_Of(*form).showNormal();
+    Settle();
+    EXPECT_EQ(name->text(), "");
 }
 
 TEST_F(FormWindowsTest, FormEntriesAreOnWhileAFormIsOpen) {

@@ -98,6 +98,10 @@ void EditGrid::Close_Editor() {
 }
 
 bool EditGrid::Enter_Text(const QModelIndex& at, const QString& text) {
+    return Enter_In_Row(at, text) && (!Entries().Stored_At_Once(at) || Store_Row());
+}
+
+bool EditGrid::Enter_In_Row(const QModelIndex& at, const QString& text) {
     const QScopedValueRollback asking(asking_, true);
     CellOutcome outcome;
     try {

@@ -85,6 +85,7 @@ class EditGrid : public GridView {
 
   private:
     bool May_Leave(const QModelIndex& to);
+    bool Enter_In_Row(const QModelIndex& at, const QString& text);
     bool Store_Row();
     // Someone else stored a cell of the row meanwhile: the person's word decides.
     bool May_Overwrite();

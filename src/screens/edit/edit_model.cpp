@@ -37,6 +37,12 @@ bool EditModel::Takes_Entry(const QModelIndex& index) const {
     return Is_Open(Column(index.column()), index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row()));
 }
 
+bool EditModel::Stored_At_Once(const QModelIndex& index) const {
+    const FormDescription& form = Form().Description();
+    return form.storedAtOnce != nullptr &&
+           form.storedAtOnce({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
+}
+
 bool EditModel::Is_Open(const GridColumn& column, const RowUnderEdit& row) const {
     try {
         return !Form().Is_Locked(column, row);

@@ -21,6 +21,8 @@ class EditModel : public GridModel {
     void Leave_Row();
     // -1 while the cursor is in none.
     int Row_Under_Edit() const { return row_; }
+    // The row is to be stored with this cell.
+    bool Stored_At_Once(const QModelIndex& index) const;
     bool Takes_Entry(const QModelIndex& index) const;
     // The list that opens over the cell; null where it has none or takes nothing.
     const PopupList* Popup(const QModelIndex& index) const;
