@@ -12,10 +12,10 @@
 #include "common/dates.h"
 #include "report/paths.h"
 #include "report/window.h"
+#include "screens/view/qt_text.h"
 #include "shell/desktop_platform_boxes.h"
 #include "shell/frm_batch_msgs.h"
 #include "shell/frm_main.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

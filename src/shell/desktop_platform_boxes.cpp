@@ -8,7 +8,7 @@
 
 #include "common/text.h"
 #include "report/paths.h"
-#include "shell/qt_text.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 

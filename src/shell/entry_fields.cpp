@@ -5,8 +5,8 @@
 #include <QFormLayout>
 #include <algorithm>
 
+#include "screens/view/qt_text.h"
 #include "shell/dialog.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

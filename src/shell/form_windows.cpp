@@ -15,8 +15,8 @@
 #include "common/wait_pointer.h"
 #include "report/open_report.h"
 #include "report/window.h"
+#include "screens/view/qt_text.h"
 #include "shell/form_maker.h"
-#include "shell/qt_text.h"
 #include "shell/window_places.h"
 
 namespace tallmar {

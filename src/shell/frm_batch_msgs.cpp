@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "shell/qt_text.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 

@@ -5,8 +5,8 @@
 #include <QPushButton>
 
 #include "report/new_report.h"
+#include "screens/view/qt_text.h"
 #include "shell/entry_fields.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

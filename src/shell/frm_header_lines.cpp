@@ -20,7 +20,7 @@
 #include "screens/cell_text.h"
 #include "screens/dispatch.h"
 #include "screens/form_rows.h"
-#include "shell/qt_text.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 

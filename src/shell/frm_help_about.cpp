@@ -7,8 +7,8 @@
 
 #include "report/open_report.h"
 #include "report/window.h"
+#include "screens/view/qt_text.h"
 #include "shell/logo.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

@@ -19,10 +19,10 @@
 #include "report/open_report.h"
 #include "report/store.h"
 #include "report/window.h"
+#include "screens/view/qt_text.h"
 #include "shell/job_guard.h"
 #include "shell/logo.h"
 #include "shell/main_commands.h"
-#include "shell/qt_text.h"
 #include "shell/recent_files.h"
 #include "shell/window_places.h"
 

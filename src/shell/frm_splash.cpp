@@ -9,9 +9,9 @@
 
 #include "report/open_report.h"
 #include "report/window.h"
+#include "screens/view/qt_text.h"
 #include "shell/dialog.h"
 #include "shell/logo.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

@@ -1,10 +1,10 @@
 #include <iostream>
 
 #include "catalogue.h"
+#include "screens/view/qt_text.h"
 #include "shell/desktop_platform.h"
 #include "shell/frm_main.h"
 #include "shell/one_copy.h"
-#include "shell/qt_text.h"
 #include "shell/startup.h"
 #include "shell/tallmar_application.h"
 

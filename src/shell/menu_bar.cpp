@@ -1,8 +1,8 @@
 #include "shell/menu_bar.h"
 
 #include "report/registry.h"
+#include "screens/view/qt_text.h"
 #include "shell/menu_tree.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

@@ -6,10 +6,10 @@
 #include "common/platform.h"
 #include "report/store.h"
 #include "report/window.h"
+#include "screens/view/qt_text.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
 #include "shell/one_copy.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

@@ -5,7 +5,7 @@
 #include "common/platform.h"
 #include "report/open_report.h"
 #include "report/window.h"
-#include "shell/qt_text.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 

@@ -14,7 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "shell/qt_text.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 

@@ -9,9 +9,9 @@
 
 #include "catalogue.h"
 #include "common/dates.h"
+#include "screens/view/qt_text.h"
 #include "shell/desktop_platform.h"
 #include "shell/frm_main.h"
-#include "shell/qt_text.h"
 #include "shell/startup.h"
 #include "shell/tallmar_application.h"
 #include "shots/stations.h"

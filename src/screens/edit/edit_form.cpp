@@ -4,9 +4,7 @@
 #include <QLineEdit>
 
 #include "common/platform.h"
-#include "common/variant.h"
 #include "common/wait_pointer.h"
-#include "report/open_report.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {
@@ -94,10 +92,7 @@ void EditForm::Edit_Above() {
 }
 
 void EditForm::Show_Above() {
-    if (Above()->isModified()) return;
-    const TextAbove& above = *Form().Description().above;
-    const Row row = db.Read_Row(Row_Query(Form().Description(), Worksheet(), above.line));
-    Above()->setText(row ? Qt_Text(Nz_Str(row[above.field])) : QString());
+    if (!Above()->isModified()) Read_Text_Above();
 }
 
 bool EditForm::Store_Above() {

@@ -68,6 +68,8 @@ class WorksheetForm : public QWidget {
     // The entry of the description's text above the grid ("tbCounty"): shut on a view form, and read again by Requery.
     // Storing what is typed is the edit form's. Null where the form has none.
     QLineEdit* Above() const { return above_; }
+    // Shows it as the table holds it.
+    void Read_Text_Above();
     // Puts a line of controls between the caption and the grid. Takes it over.
     void Add_Above_Grid(QWidget* line);
     OpenForm& Form() const { return *form_; }
@@ -82,7 +84,6 @@ class WorksheetForm : public QWidget {
     void Show_Record_Status();
     void Row_Entered(int row);
     void Add_Text_Above(const TextAbove& text);
-    void Read_Text_Above();
     void Load_Widths();
     void Save_Widths();
 

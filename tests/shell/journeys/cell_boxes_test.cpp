@@ -4,8 +4,8 @@
 #include <QRegularExpression>
 
 #include "report/open_report.h"
+#include "screens/view/qt_text.h"
 #include "shell/journeys/desk.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

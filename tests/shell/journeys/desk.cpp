@@ -16,9 +16,9 @@
 #include "report/open_report.h"
 #include "report/store.h"
 #include "screens/cell_text.h"
+#include "screens/view/qt_text.h"
 #include "shell/main_commands.h"
 #include "shell/menu_tree.h"
-#include "shell/qt_text.h"
 #include "shell/startup.h"
 
 namespace tallmar {

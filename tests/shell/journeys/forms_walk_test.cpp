@@ -9,10 +9,10 @@
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "screens/dispatch.h"
+#include "screens/view/qt_text.h"
 #include "shell/journeys/desk.h"
 #include "shell/journeys/sample.h"
 #include "shell/menu_tree.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

@@ -12,9 +12,9 @@
 
 #include "report/open_report.h"
 #include "report/store.h"
+#include "screens/view/qt_text.h"
 #include "shell/journeys/desk.h"
 #include "shell/journeys/sample.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 

@@ -9,9 +9,9 @@
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "screens/edit_history.h"
+#include "screens/view/qt_text.h"
 #include "shell/journeys/desk.h"
 #include "shell/journeys/sample.h"
-#include "shell/qt_text.h"
 
 namespace tallmar {
 
