@@ -14,6 +14,13 @@ function(tallmar_floor name folder)
   endif()
 endfunction()
 
+# Tests compile unoptimized whatever the preset, since what they test is in the libraries, and read the headers that all
+# of them include once a program.
+function(tallmar_compile_as_tests name)
+  target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> ${ARGN})
+endfunction()
+
 # The tests of one folder: one program, one ctest name a test.
 function(tallmar_tests name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_test.cpp)
@@ -25,6 +32,7 @@ function(tallmar_tests name folder)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                              TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  tallmar_compile_as_tests(${name} <filesystem>)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()
 
@@ -39,6 +47,7 @@ function(tallmar_desktop_tests name folder)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                              TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  tallmar_compile_as_tests(${name} <filesystem> <QtTest> <QtWidgets>)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
                        PROPERTIES TIMEOUT 300 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()

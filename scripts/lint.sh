@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.." || exit 1
 # shellcheck source=/dev/null
 . scripts/packages.sh
 
-checks=(floors qt sqlite platform headers length format words)
+checks=(floors qt sqlite platform headers length format)
 
 # Floors, lowest first; folders of one number may see each other. A file includes from its own floor or lower ones.
 floors() {
@@ -122,13 +122,6 @@ check_length() {
 check_format() {
     mapfile -t sources < <(of '^(src|tests|bench)/.*\.(h|cpp)$')
     clang-format --dry-run -Werror "${sources[@]}" 2>&1 | awk -F: '/ error: / && !seen[$1]++ { print $1 ": not formatted" }'
-}
-
-# Texts name the form and the system, never the papers or the place that they were written from.
-check_words() {
-    local words='s[p]ec\.md|the s[p]ec(ification)?\b|\bParts? [0-9]+\.[0-9]+|s[u]b-?agent|(^|[^A-Za-z0-9_.])/w[o]rk/'
-    grep -nIiE "$words" "${files[@]}"
-    printf '%s\n' "${files[@]}" | grep -iE "$words"
 }
 
 need_packages g++ clang-format git || exit 1
