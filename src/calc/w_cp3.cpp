@@ -37,7 +37,8 @@ constexpr std::array<FixedRow, 2> kRows{{
     {16.01_cur, "Cost of Drugs", "13,0,0,0,0,0,0,0,0,0,0"},
 }};
 
-// The cost of line 16.2 is brought in once more behind the ratios: the order is the form's.
+// The first step reads a Null total of B as 0. The last, behind the ratios, brings in the cost of line 16.2 as B has
+// it, Null included.
 constexpr std::array kSteps{
     "UPDATE Cp3 INNER JOIN B ON Cp3.LineNum = B.LineNum+3 SET Cp3.Col_2 = IIf(IsNull(B.Total),0,B.Total) "
     "WHERE Int(B.LineNum) IN(12,13);",

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/db/sql_text.h"
+#include "report/open_report.h"
 #include "report/registry.h"
 #include "support/report_fixture.h"
 
@@ -56,6 +57,25 @@ TEST(SyncCp2Test, LinesOfPartIVKeepWhatWasTypedWithTheirCode) {
     EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "MSA_Code"), Value("1600"));
     EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "Col_1"), Value(7_cur));
     EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "Col_2"), Value(100_cur));
+}
+
+TEST(SyncCp2Test, WithoutPartIVOrTheListOfCodesNothingIsBuilt) {
+    for (const char* missing : {"Cp4", "S3p3"}) {
+        Report r(fy1999);
+        List_Code(r, "29", "Col_1", "1400");
+        Drop_Worksheet(missing);
+        Sync_Cp2();
+        EXPECT_FALSE(db.TableDefs().Has("Cp2m1400")) << missing;
+    }
+}
+
+TEST(SyncCp2Test, APartIVThatLeftTheRegistryIsDroppedAndNotUsed) {
+    Report r(fy1999);
+    List_Code(r, "29", "Col_1", "1400");
+    r.Execute("DELETE * FROM Worksheets WHERE Item = 'Cp4';");
+    Sync_Cp2();
+    EXPECT_FALSE(db.TableDefs().Has("Cp4"));
+    EXPECT_FALSE(db.TableDefs().Has("Cp2m1400"));
 }
 
 TEST(SyncCp2Test, LinesAreNeverDoubled) {

@@ -1,5 +1,7 @@
 #include "calc/w_a1.h"
 
+#include <array>
+
 #include "calc/worksheets_fixture.h"
 
 namespace tallmar {
@@ -38,15 +40,26 @@ TEST_F(Compensation, ConsultantsAreInUseOnA3Only) {
     EXPECT_CELL("A3", 29_cur, "Col_9", 57);
 }
 
-TEST_F(Compensation, EveryOtherClassCountsInTheLineTotal) {
-    int amount = 1;
-    for (const char* field : {"Col_1", "Col_2", "Col_4", "Col_5", "Col_6", "Col_7", "Col_8"}) {
-        Put("A1", 5_cur, field, amount);
-        amount *= 10;
+// Two lines, so that a total is neither a single line nor the larger of them.
+TEST_F(Compensation, EveryOtherClassCountsInTheLineTotalAndHasATotalOfItsOwn) {
+    constexpr std::array kClasses{"Col_1", "Col_2", "Col_4", "Col_5", "Col_6", "Col_7", "Col_8"};
+    for (const char* item : {"A1", "A2", "A3"}) {
+        int amount = 1;
+        for (const char* field : kClasses) {
+            Put(item, 5_cur, field, amount);
+            Put(item, 6_cur, field, 2 * amount);
+            amount *= 10;
+        }
+        Calc(item);
+        EXPECT_CELL(item, 5_cur, "Col_9", 1111111);
+        EXPECT_CELL(item, 6_cur, "Col_9", 2222222);
+        EXPECT_CELL(item, 29_cur, "Col_9", 3333333);
+        amount = 1;
+        for (const char* field : kClasses) {
+            EXPECT_CELL(item, 29_cur, field, 3 * amount);
+            amount *= 10;
+        }
     }
-    Calc_Compensation("A1");
-    EXPECT_CELL("A1", 5_cur, "Col_9", 1111111);
-    EXPECT_CELL("A1", 29_cur, "Col_8", 1000000);
 }
 
 TEST_F(Compensation, CapitalLinesAreOutsideTheTotals) {

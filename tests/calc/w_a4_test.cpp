@@ -45,6 +45,15 @@ TEST_F(WorksheetA4, SyncRefreshesNamesAfterARename) {
     EXPECT_CELL("A4", 1_cur, "Col_2", "Nursing");
 }
 
+TEST_F(WorksheetA4, SyncKeepsTheNameOfANumberThatLeftTheChart) {
+    Add_Entry(1_cur, "A", "77", "78");
+    Put("A4", 1_cur, "Col_2", "Wound Care");
+    Put("A4", 1_cur, "Col_5", "Telehealth");
+    Sync_A4();
+    EXPECT_CELL("A4", 1_cur, "Col_2", "Wound Care");
+    EXPECT_CELL("A4", 1_cur, "Col_5", "Telehealth");
+}
+
 TEST_F(WorksheetA4, SyncClearsASideWithoutACostCenter) {
     Add_Entry(1_cur, "A", "0", "7");
     Add_Entry(2_cur, "A", "6", "Null");

@@ -77,6 +77,15 @@ TEST_F(WorksheetA5, TherapyWithoutALimitationWorksheetIsZero) {
     EXPECT_CELL("A5", 10_cur, "Col_2", 0);
 }
 
+TEST_F(WorksheetA5, LimitationTableWithoutItsRegistryRowIsDroppedAndNotUsed) {
+    Begin_A5(fy1999);
+    Add_Limitation("A83p5P", 100);
+    db.Execute("DELETE * FROM Worksheets WHERE Item = 'A83p5P';");
+    Calc_A5();
+    EXPECT_CELL("A5", 10_cur, "Col_2", 0);
+    EXPECT_FALSE(db.TableDefs().Has("A83p5P"));
+}
+
 TEST_F(WorksheetA5, FirstUserLineIs13) {
     Begin_A5(fy2016);
     EXPECT_EQ(Add_A5_Row(12_cur), 13_cur);

@@ -47,6 +47,14 @@ TEST(BuildB1, ReconciliationColumnStandsBeforeItsAccumulatedCostColumn) {
     }
 }
 
+TEST(BuildB1, OneHalfOfTheLabelMakesNoAccumulatedCostColumn) {
+    Report r(fy2016);
+    r.Execute("UPDATE CostCenters SET StatLabel1 = '(Accum.', StatLabel2 = 'Hours)' WHERE LineNum = 1;");
+    r.Execute("UPDATE CostCenters SET StatLabel1 = '(Hours', StatLabel2 = 'Cost)' WHERE LineNum = 2;");
+    r.Build("B1");
+    EXPECT_THAT(Statistics_Of("B1"), ElementsAre("CC_100", "CC_200", "CC_300", "CC_400", "Recon_500", "CC_500"));
+}
+
 TEST(BuildB1, FixedLinesAndTriangle) {
     const AllocationReport report;
     EXPECT_EQ(report.Cell("B1", 29_cur, "CCName"), Value("Total"));

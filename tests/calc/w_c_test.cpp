@@ -221,6 +221,32 @@ TEST(WorksheetCPartIII, WithoutChargesThereIsNoRatioAndNoCost) {
     EXPECT_CELL("Cp3", 15, 10, 0);
 }
 
+TEST(WorksheetCPartIII, WithoutARatioEveryColumnOfCostIsZero) {
+    Report r(fy2016);
+    r.Cell("B", 12, "Total", 1000);
+    for (const int charges : {5, 6, 601, 7}) r.Cell("Cp3", 15, charges, 100);
+    r.Calc("Cp3");
+    for (const int cost : {8, 9, 901, 10}) EXPECT_CELL("Cp3", 15, cost, 0) << cost;
+}
+
+TEST(WorksheetCPartIII, NullChargesCostNothing) {
+    Report r(fy2016);
+    r.Cell("B", 12, "Total", 1000);
+    r.Cell("Cp3", 15, 3, 500);
+    for (const int charges : {5, 6, 601, 7}) r.Cell("Cp3", 15, charges, Null);
+    r.Calc("Cp3");
+    for (const int cost : {8, 9, 901, 10}) EXPECT_CELL("Cp3", 15, cost, 0) << cost;
+}
+
+TEST(WorksheetCPartIII, TheVaccineLineHasNoCostWhereBHasNone) {
+    Report r(fy2016);
+    r.Cell("B", 13.2_cur, "Total", Null);
+    r.Cell("B", 13, "Total", Null);
+    r.Calc("Cp3");
+    EXPECT_CELL("Cp3", 16, 2, 0);
+    EXPECT_CELL("Cp3", 16.2_cur, 2, Null);
+}
+
 TEST(WorksheetCPartIII, TheRatioHasSixDecimalsAndCostsAreWholeDollars) {
     Report r(fy2016);
     r.Cell("B", 12, "Total", 1000);

@@ -161,6 +161,18 @@ TEST(WorksheetDPartI, TheCostOfPartBFollowsTheEndOfTheYear) {
     EXPECT_EQ(Part_B_Cost(Date_Of(2005, 7, 2), Date_Of(2006, 7, 1)), Value(70_cur));
 }
 
+TEST(WorksheetDPartI, FromJuly2006DrugsAndVaccinesAddUpInTheCostOfPartB) {
+    Report r(fy2016);
+    Put_Drugs(r);
+    r.Cell("Cp3", 16.2_cur, 9, 50);
+    r.Cell("Cp3", 16.2_cur, 6, 400);
+    r.Cell("Cp3", 16.2_cur, 7, 100);
+    r.Calc("Dp1");
+    EXPECT_CELL("Dp1", 1, 2, 120);          // 70 + 50
+    EXPECT_CELL("Dp1", 4.01_cur, 2, 1100);  // 700 + 400
+    EXPECT_CELL("Dp1", 4.01_cur, 3, 300);   // 200 + 100
+}
+
 TEST(WorksheetDPartI, ChargesOfDrugsMoveBetweenColumnsInJuly2006) {
     {
         Report r({Date_Of(2005, 7, 1), Date_Of(2006, 6, 30)});

@@ -83,6 +83,14 @@ TEST_F(WorksheetS3, PartTwoAddsStaffAndContract) {
     EXPECT_SHADED("S3p2", 26_cur, "Description");
 }
 
+TEST_F(WorksheetS3, PartTwoReadsANullAsZeroInEitherColumn) {
+    Begin(fy2016, {"S3p2"});
+    Put("S3p2", 12_cur, "Col_1", 3);
+    Put("S3p2", 12_cur, "Col_2", Null);
+    Calc_S3p2();
+    EXPECT_CELL("S3p2", 12_cur, "Col_3", 3);
+}
+
 TEST_F(WorksheetS3, LongestStaffLabelIsWhole) {
     Begin(fy2016, {"S3p2"});
     EXPECT_CELL("S3p2", 11_cur, "Description", "Administrator & Assistant Administrator(s)");
@@ -148,6 +156,26 @@ TEST_F(WorksheetS3, PartFourTotalsVisitsAndCharges) {
     EXPECT_CELL("S3p4", 42_cur, "Col_7", 210);
     EXPECT_CELL("S3p4", 47_cur, "Col_7", 1000);
     EXPECT_CELL("S3p4", 46_cur, "Col_7", 0);
+}
+
+TEST_F(WorksheetS3, PartFourTotalsEveryColumnOfVisitsAndCharges) {
+    Begin(fy2016, {"S3p4"});
+    int factor = 1;
+    for (const char* column : {"Col_1", "Col_2", "Col_3", "Col_4", "Col_5", "Col_6"}) {
+        for (int line = 30; line <= 43; ++line) {
+            if (line != 42) Put("S3p4", Currency(line), column, factor * line);
+        }
+        ++factor;
+    }
+    Calc_S3p4();
+    factor = 1;
+    for (const char* column : {"Col_1", "Col_2", "Col_3", "Col_4", "Col_5", "Col_6"}) {
+        EXPECT_CELL("S3p4", 42_cur, column, factor * 210) << column;  // 30 + 32 + ... + 40
+        EXPECT_CELL("S3p4", 44_cur, column, factor * 259) << column;  // 31 + 33 + ... + 43
+        ++factor;
+    }
+    EXPECT_CELL("S3p4", 42_cur, "Col_7", 21 * 210);
+    EXPECT_CELL("S3p4", 44_cur, "Col_7", 21 * 259);
 }
 
 TEST_F(WorksheetS3, PartFourHasNoRowTotalOverANullInAnUnguardedColumn) {

@@ -1,5 +1,6 @@
 #include "report/message_log.h"
 
+#include "common/db/replay.h"
 #include "support/report_test.h"
 
 namespace tallmar {
@@ -69,6 +70,18 @@ TEST_F(MessageLogTest, StartingTwiceLeavesAnEmptyTable) {
     Report_Msg("Text");
     Start_Msg_Log("CalcAll");
     EXPECT_EQ(Count("CalcAllErrLog"), 0);
+}
+
+// A change of the tables would have every statement compiled again.
+TEST_F(MessageLogTest, ALogIsEmptiedWithoutAChangeOfTheTables) {
+    Start_Msg_Log("CalcAll");
+    Report_Msg("one");
+    const std::vector<LoggedStatement> work = Record_Statements(db, [] { Start_Msg_Log("CalcAll"); });
+    EXPECT_EQ(Count("CalcAllErrLog"), 0);
+    EXPECT_FALSE(work.empty());
+    for (const LoggedStatement& statement : work) {
+        EXPECT_FALSE(statement.sql.starts_with("CREATE") || statement.sql.starts_with("DROP")) << statement.sql;
+    }
 }
 
 TEST_F(MessageLogTest, ALogOfAnotherShapeIsMadeAnew) {
