@@ -26,12 +26,13 @@ need_packages() {
     rm -f "$log"
 }
 
-# What the programs are built from, what their tests need besides, and what pictures of the desktop need: a screen and
-# a window manager, small ones. qt6-base-dev brings the platforms of Qt (xcb and offscreen) and a font.
+# What the programs are built from, what their tests need besides (a screen and a window manager, small ones, and keys
+# for them), and what pictures of the desktop need. qt6-base-dev brings the platforms of Qt (xcb and offscreen) and a font.
 # shellcheck disable=SC2034  # used by those who source this file
 kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev qt6-base-dev)
 # shellcheck disable=SC2034
-kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core clang-format git)
+kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core clang-format git
+               xvfb jwm libxtst-dev)
 # shellcheck disable=SC2034
 kPicturePackages=(xvfb xauth jwm)
 

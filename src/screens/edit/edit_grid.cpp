@@ -92,9 +92,10 @@ void EditGrid::Close_Editor() {
     QLineEdit* editor = editor_->Open();
     if (editor == nullptr) return;
     editor_->Forget();
-    const bool hadFocus = editor->hasFocus();
+    // While a box closes its window is not active yet, and nothing has the keyboard: the window knows nevertheless who
+    // will get it. Hiding that one would pass the keyboard on along the tab chain, into another form.
+    if (window()->focusWidget() == editor) setFocus();
     closeEditor(editor, QAbstractItemDelegate::NoHint);
-    if (hadFocus) setFocus();
 }
 
 bool EditGrid::Enter_Text(const QModelIndex& at, const QString& text) {
