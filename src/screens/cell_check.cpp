@@ -1,44 +1,12 @@
 #include "screens/cell_check.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "common/db/sql_text.h"
 #include "common/numbers.h"
 #include "report/open_report.h"
 
 namespace tallmar {
-
-namespace {
-
-constexpr std::string_view kSpace = " \t\r\n";
-
-std::string_view Strip(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kSpace);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
-}
-
-// "1,234,567" has its separators in groups of three; "1,23" is no amount but a slip, or another country's decimals.
-bool Groups_Are_Sound(std::string_view whole) {
-    const std::size_t first = whole.find(',');
-    if (first == std::string_view::npos) return true;
-    if (first == 0 || first > 3) return false;
-    for (std::size_t at = first; at < whole.size(); at += 4) {
-        if (whole[at] != ',' || at + 4 > whole.size()) return false;
-        if (whole.substr(at + 1, 3).find(',') != std::string_view::npos) return false;
-    }
-    return true;
-}
-
-// Takes `sign` off the front of `text`, blanks behind it too.
-bool Take(std::string_view& text, char sign) {
-    if (text.empty() || text.front() != sign) return false;
-    text = Strip(text.substr(1));
-    return true;
-}
-
-}  // namespace
 
 Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments) {
     std::string text = Replace(box.text, "<places>", std::to_string(arguments.places));
@@ -79,41 +47,6 @@ CellResult Accept(Value value) {
     return {.refusal = std::nullopt, .value = std::move(value), .filled = {}};
 }
 
-bool Is_Blank_Text(std::string_view text) {
-    return Strip(text).empty();
-}
-
-std::optional<double> Parse_Amount(std::string_view text) {
-    text = Strip(text);
-    int negatives = 0;
-    if (text.size() >= 2 && text.front() == '(' && text.back() == ')') {
-        text = Strip(text.substr(1, text.size() - 2));
-        ++negatives;
-    }
-    const bool dollarFirst = Take(text, '$');
-    if (Take(text, '-')) {
-        ++negatives;
-    } else {
-        Take(text, '+');
-    }
-    if (!dollarFirst) Take(text, '$');
-    if (!text.empty() && text.back() == '-') {
-        text = Strip(text.substr(0, text.size() - 1));
-        ++negatives;
-    }
-    if (negatives > 1 || text.empty()) return std::nullopt;
-    if (text.front() != '.' && std::isdigit(static_cast<unsigned char>(text.front())) == 0) return std::nullopt;
-
-    const std::string_view whole = text.substr(0, text.find_first_not_of("0123456789,"));
-    if (!Groups_Are_Sound(whole)) return std::nullopt;
-    std::string digits(whole);
-    std::erase(digits, ',');
-    digits += text.substr(whole.size());
-    const std::optional<double> amount = Parse_Number(digits);
-    if (!amount || negatives == 0 || *amount == 0) return amount;
-    return -*amount;
-}
-
 CellResult Validate_Text(std::string_view text, int length) {
     const std::string_view trimmed = Trim(text);
     if (Length(trimmed) > static_cast<std::size_t>(length)) {
@@ -141,7 +74,9 @@ CellResult Validate_Number(std::string_view text, int places) {
 }
 
 std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text) {
-    const std::optional<double> typed = Parse_Number(text);
+    // "1e1" is a slip, not cost center 10.
+    const bool isPlain = text.find_first_of("eE") == std::string_view::npos;
+    const std::optional<double> typed = isPlain ? Parse_Number(text) : std::nullopt;
     const std::optional<Currency> number = typed ? Currency::From_Double(*typed) : std::nullopt;
     if (!number) return std::nullopt;
     const Row row = db.Read_Row(Sql("SELECT CCNum, CCName FROM CostCenters WHERE CCNum = ", *number));

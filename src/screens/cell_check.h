@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/platform.h"
+#include "screens/amount_text.h"
 #include "screens/form_description.h"
 
 namespace tallmar {
@@ -72,10 +73,6 @@ Answer Ask(const Refusal& box, int buttons);
 CellResult Refuse(const BoxText& box, const BoxArguments& arguments = {});
 CellResult Accept(Value value);
 
-// An amount as a person keys it: $, thousands separators in groups of three, a leading or trailing minus, parentheses
-// for a negative. Nothing for anything else, the blank included.
-std::optional<double> Parse_Amount(std::string_view text);
-
 // Text of up to `length` characters, blanks at the ends dropped.
 CellResult Validate_Text(std::string_view text, int length);
 // A number with up to `places` decimals. Blank is 0. More decimals: the box `rounding` warns and the number is
@@ -96,7 +93,5 @@ std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text);
 // A cost center number, which fills its name into `nameField`. A blank empties both.
 CellResult Validate_Cost_Center(std::string_view text, std::string_view nameField,
                                 const BoxText& invalid = kInvalidCostCenter);
-
-bool Is_Blank_Text(std::string_view text);
 
 }  // namespace tallmar

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "support/fake_platform.h"
 
 namespace tallmar {
@@ -22,37 +20,6 @@ std::string Rounding_Text(const std::string& typed, const std::string& places) {
 }
 
 }  // namespace
-
-TEST(ParseAmountTest, TakesWhatAPersonKeys) {
-    EXPECT_EQ(Parse_Amount("1200"), 1200);
-    EXPECT_EQ(Parse_Amount(" 1200.50 "), 1200.5);
-    EXPECT_EQ(Parse_Amount("$1,234,567.89"), 1234567.89);
-    EXPECT_EQ(Parse_Amount("-500"), -500);
-    EXPECT_EQ(Parse_Amount("500-"), -500);
-    EXPECT_EQ(Parse_Amount("(500)"), -500);
-    EXPECT_EQ(Parse_Amount("($1,500.25)"), -1500.25);
-    EXPECT_EQ(Parse_Amount("$(500)"), std::nullopt);
-    EXPECT_EQ(Parse_Amount("-$500"), -500);
-    EXPECT_EQ(Parse_Amount("$-500"), -500);
-    EXPECT_EQ(Parse_Amount("$ 500 -"), -500);
-    EXPECT_EQ(Parse_Amount("+12"), 12);
-    EXPECT_EQ(Parse_Amount(".5"), 0.5);
-    EXPECT_EQ(Parse_Amount("12."), 12);
-    EXPECT_EQ(Parse_Amount("1e3"), 1000);
-    EXPECT_EQ(Parse_Amount("12\r\n"), 12);
-}
-
-TEST(ParseAmountTest, RefusesWhatIsNoAmount) {
-    for (const char* text :
-         {"",    " ", "x",    "12a",    "1 2",  "--5",      "-5-",    "(-5)",      "(5",    "5)",  "()",  "$",
-          "$$5", "-", "1,23", "1,2345", ",123", "1234,567", "1,,234", "1,234.5,6", "1.2.3", "nan", "inf", "0x10"}) {
-        EXPECT_EQ(Parse_Amount(text), std::nullopt) << text;
-    }
-}
-
-TEST(ParseAmountTest, MinusZeroIsZero) {
-    EXPECT_FALSE(std::signbit(Parse_Amount("-0").value()));
-}
 
 TEST(ValidateCellTest, ABlankNumberIsZero) {
     FakePlatform platform;

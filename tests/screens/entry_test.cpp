@@ -68,7 +68,7 @@ TEST(EnterA, ANameMayHoldQuotes) {
 
 TEST(EnterA, ANumberBeyondTheCellIsRefused) {
     Report r(fy2016);
-    EXPECT_EQ(Title_Of("A", "6", "1", "1e30"), "Number Too Large");
+    EXPECT_EQ(Title_Of("A", "6", "1", "1000000000000000000000000000000"), "Number Too Large");
     EXPECT_CELL("A", 6, 1, 0_cur);
 }
 

@@ -149,7 +149,7 @@ TEST(EnterA83, RatesAndHoursHaveTwoDecimalsAndCountsNone) {
         EXPECT_EQ(Answer_To("A83p1S", line, "1", "7.25"), kStored);
     }
     EXPECT_CELL("A83p1S", 11, 1, 7.0);
-    EXPECT_EQ(Title_Of("A83p1S", "8", "1", "-"), "Invalid Non-Numeric Entry");
+    EXPECT_EQ(Title_Of("A83p1S", "8", "1", "--"), "Invalid Non-Numeric Entry");
 }
 
 TEST(EnterA83, OvertimeIsTypedThoughItsCellsAreEmpty) {
