@@ -13,16 +13,17 @@
 #include "common/worksheets.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
+#include "screens/cell_place.h"
 
 namespace tallmar {
 
 namespace {
 
 // What the forms themselves never say: their grids shut such cells, or do not show them at all.
-constexpr BoxText kLockedCell{"Locked Cell", "Worksheet <text> is shaded or computed on the form and takes no entry."};
-constexpr BoxText kUnknownLine{"Unknown Line", "Worksheet <text> does not exist and cannot be added."};
+constexpr BoxText kLockedCell{"Locked Cell", "<text> is shaded or computed on the form and takes no entry."};
+constexpr BoxText kUnknownLine{"Unknown Line", "<text> does not exist and cannot be added."};
 constexpr BoxText kInvalidLine{"Invalid Line", "'<text>' is no line number."};
-constexpr BoxText kUnknownColumn{"Unknown Column", "Worksheet <text> does not exist."};
+constexpr BoxText kUnknownColumn{"Unknown Column", "<text> does not exist."};
 constexpr BoxText kUnknownWorksheet{"Unknown Worksheet", "The report has no worksheet '<text>'."};
 constexpr BoxText kNoEditForm{"No Edit Form", "Worksheet <text> has no edit form."};
 constexpr BoxText kNotStored{"Entry Not Stored", "<text>"};
@@ -120,9 +121,7 @@ bool OpenForm::Is_Locked(const GridColumn& column, const RowUnderEdit& row) cons
 
 CellOutcome OpenForm::Enter(const GridColumn& column, std::string_view text) {
     if (Is_Locked(column)) {
-        std::string place = item_.Name();
-        if (!form_.order.empty()) place += Sql(", line ", row_.Line());
-        return Refused(kLockedCell, Sql(place, ", column ", column.field));
+        return Refused(kLockedCell, Cell_Place(*this, column, row_.Line()));
     }
     if (!sidesBefore_ && !form_.sides.empty()) sidesBefore_ = Read_Sides(form_.sides, row_.Line());
     CellResult result =
@@ -263,7 +262,7 @@ void Batch::Enter_Worksheet(std::span<const std::size_t> order, std::span<const 
 }
 
 void Batch::Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t> order) {
-    const std::string place = Sql(form.Worksheet().Name(), ", line ", line);
+    const std::string place = Line_Place(form, line);
     if (!form.Go_To(line)) {
         const Row row =
             db.Read_Row(Sql("SELECT * FROM ", form.Worksheet().Name(), Where_Line(form.Description(), line)));

@@ -40,11 +40,6 @@ std::string Date_Text(Date date) {
     return Is_Midnight(date) ? Format(date, kDate) : General_Date(date);
 }
 
-std::string Amount_Text(Currency amount) {
-    if (amount.Is_Whole() || !Is_Precise(amount.To_Double(), kCentPlaces)) return amount.To_Text();
-    return Format(amount, kCents);
-}
-
 }  // namespace
 
 std::string Cell_Text(const FormDescription& form, const CellPlace& place) {
@@ -57,8 +52,13 @@ std::string Cell_Text(const FormDescription& form, const CellPlace& place) {
         if (entry != list->entries.end()) return std::string(entry->shown);
     }
     if (!place.column.format.empty()) return Format(value, place.column.format);
-    if (value.Is<Currency>()) return Amount_Text(std::get<Currency>(value.Get()));
+    if (value.Is<Currency>()) return Line_Text(std::get<Currency>(value.Get()));
     return Edit_Text(value);
+}
+
+std::string Line_Text(Currency line) {
+    if (line.Is_Whole() || !Is_Precise(line.To_Double(), kCentPlaces)) return line.To_Text();
+    return Format(line, kCents);
 }
 
 std::string Edit_Text(const Value& value) {

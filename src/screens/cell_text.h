@@ -10,8 +10,10 @@
 namespace tallmar {
 
 // Formatted: "(1,200)", "5.01", "Yes" for a "Y" of a cell with a pop-up list. Null is "". Without a format of its own
-// an amount, a line number among them, shows no decimals or two: "5", "13.20"; a date mm/dd/yyyy.
+// an amount reads as Line_Text, a date as mm/dd/yyyy.
 std::string Cell_Text(const FormDescription& form, const CellPlace& place);
+// An amount or a line number without a format of its own: "5", "23.20".
+std::string Line_Text(Currency line);
 // Plain: "-1200", "Y". What a copy puts on the clipboard, too. Entered again it gives the same value.
 std::string Edit_Text(const Value& value);
 

@@ -4,15 +4,11 @@
 
 #include "common/db/sql_text.h"
 #include "report/open_report.h"
-#include "screens/cell_entry.h"
+#include "screens/cell_place.h"
 
 namespace tallmar {
 
 namespace {
-
-std::string Place(const Item& item, const FormDescription& form, Currency line) {
-    return form.order.empty() ? Sql("Worksheet ", item.Name()) : Sql("Worksheet ", item.Name(), ", line ", line);
-}
 
 std::string Where(const FormDescription& form, Currency line) {
     return form.order.empty() ? std::string() : Sql("LineNum = ", line);
@@ -85,7 +81,7 @@ Currency OpenForm::Add_Row(Currency current) {
     job.Commit();
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
     part.structure = Difference(before, Read_State(table_, form_.where));
-    Record(std::move(part), Sql("line ", line, " added"));
+    Record(std::move(part), Sql("line ", Line_Text(line), " added"));
     return line;
 }
 
@@ -105,7 +101,7 @@ void OpenForm::Remove_Row(Currency line) {
     // A line of the form's own stays.
     if (part.structure->rows.empty()) return;
     part.sides = Differences(sides, Read_Sides(form_.sides, line));
-    Record(std::move(part), Sql("line ", line, " removed"));
+    Record(std::move(part), Sql("line ", Line_Text(line), " removed"));
 }
 
 // Rows that moved can only go back together: none may have been changed since. Computed cells do not count.
@@ -123,7 +119,7 @@ bool OpenForm::Still_Stands(const TableChange& change) const {
 }
 
 std::size_t OpenForm::Undo_Cells(const EditPart& part, UndoOutcome& outcome) {
-    const std::string place = Place(item_, form_, part.line);
+    const std::string place = Line_Place(*this, part.line);
     if (!Go_To(part.line) || !row_.Exists()) {
         row_ = {};
         outcome.kept.push_back(place + " is no longer there.");
@@ -133,8 +129,8 @@ std::size_t OpenForm::Undo_Cells(const EditPart& part, UndoOutcome& outcome) {
     for (const CellChange& cell : part.cells) {
         const GridColumn* column = Find_Column(cell.field);
         if (column == nullptr || row_.Stored(column->field) != cell.after) {
-            const std::string& name = column == nullptr || column->label.empty() ? cell.field : column->label;
-            outcome.kept.push_back(Sql(place, ", ", name, ": changed since then and kept."));
+            const std::string cellPlace = column == nullptr ? place : Cell_Place(*this, *column, part.line);
+            outcome.kept.push_back(cellPlace + ": changed since then and kept.");
             continue;
         }
         row_.Set(column->field, cell.before);
@@ -172,7 +168,7 @@ std::size_t OpenForm::Undo_Part(const EditPart& part, UndoOutcome& outcome) {
     }
     if (!part.structure) return Undo_Cells(part, outcome);
     if (!Still_Stands(*part.structure)) {
-        outcome.kept.push_back(Place(item_, form_, part.line) + ": changed since then and kept.");
+        outcome.kept.push_back(Line_Place(*this, part.line) + ": changed since then and kept.");
         return 0;
     }
     Put_Back(*part.structure);
@@ -205,11 +201,11 @@ UndoOutcome OpenForm::Undo() {
     }
     job.Commit();
     if (done == 0) {
-        outcome.text = Place(item_, form_, outcome.line) + ": nothing taken back.";
+        outcome.text = Line_Place(*this, outcome.line) + ": nothing taken back.";
     } else if (!step.what.empty()) {
         outcome.text = Sql("Worksheet ", item_.Name(), ": taken back: ", step.what, ".");
     } else {
-        outcome.text = Sql(Place(item_, form_, outcome.line), ": ", Counted(done, "cell"), " taken back.");
+        outcome.text = Sql(Line_Place(*this, outcome.line), ": ", Counted(done, "cell"), " taken back.");
     }
     steps_.pop_back();
     return outcome;

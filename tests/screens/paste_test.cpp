@@ -86,11 +86,13 @@ TEST(Paste, TellsOfEachRefusedCellAndShowsNoBox) {
     EXPECT_EQ(outcome.cells, 4U);
     const std::vector<std::string> told = Told(form, outcome);
     ASSERT_EQ(told.size(), 5U);
-    EXPECT_EQ(told[0],
-              "E Line 2, Salaries ['7']: Worksheet A, line 2, column Col_1 is shaded or computed on the form and takes "
-              "no entry.");
+    EXPECT_EQ(
+        told[0],
+        "E Line 2, Salaries ['7']: Worksheet A, line 2, column 1 Salaries is shaded or computed on the form and takes "
+        "no entry.");
     EXPECT_EQ(told[1],
-              "E Line 2, Employee Benefits ['x']: Worksheet A, line 2, column Col_2 is shaded or computed on the form "
+              "E Line 2, Employee Benefits ['x']: Worksheet A, line 2, column 2 Employee Benefits is shaded or "
+              "computed on the form "
               "and takes no entry.");
     EXPECT_EQ(told[2],
               "W Line 2, Transportation ['12.5']: You're attempting to enter invalid data ['12.5'].  The cell you're "

@@ -78,7 +78,7 @@ TEST(Undo, KeepsWhatChangedSince) {
     const UndoOutcome undone = form.Undo();
     EXPECT_EQ(undone.text, "Worksheet A, line 6: 1 cell taken back.");
     ASSERT_EQ(undone.kept.size(), 1U);
-    EXPECT_EQ(undone.kept.front(), "Worksheet A, line 6, Other Costs: changed since then and kept.");
+    EXPECT_EQ(undone.kept.front(), "Worksheet A, line 6, column 5 Other Costs: changed since then and kept.");
     EXPECT_CELL("A", 6, 1, 0_cur);
     EXPECT_CELL("A", 6, 5, 99_cur);
 }

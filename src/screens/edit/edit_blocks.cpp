@@ -7,6 +7,7 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "common/wait_pointer.h"
+#include "screens/cell_text.h"
 #include "screens/edit/edit_grid.h"
 #include "screens/view/qt_text.h"
 
@@ -175,7 +176,7 @@ void EditGrid::Add_Row() {
     Go_To(*line);
     emit Entered();
     emit Row_Stored();
-    emit Told(tr("Line %1 added.").arg(Qt_Text(line->To_Text())));
+    emit Told(tr("Line %1 added.").arg(Qt_Text(Line_Text(*line))));
 }
 
 void EditGrid::Delete_Row() {
@@ -203,7 +204,7 @@ void EditGrid::Delete_Row() {
     Read_Again();
     setFocus();
     if (failed) return;
-    const QString number = Qt_Text(line.To_Text());
+    const QString number = Qt_Text(Line_Text(line));
     if (Model().rowCount() == before) return emit Told(tr("Line %1 is the form's own and stays.").arg(number));
     emit Entered();
     emit Row_Stored();

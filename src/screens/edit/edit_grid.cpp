@@ -9,7 +9,7 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "report/open_report.h"
-#include "screens/cell_text.h"
+#include "screens/cell_place.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/entry_guard.h"
 #include "screens/view/qt_text.h"
@@ -22,11 +22,6 @@ constexpr int kFrame = 1;
 
 constexpr std::string_view kErrorTitle = "Error: Entry Not Stored";
 constexpr std::string_view kChangedTitle = "Warning: Entry Changed By Another Program";
-
-std::string Line_Place(const OpenForm& form, Currency line) {
-    const std::string worksheet = "Worksheet " + form.Worksheet().Name();
-    return form.Description().order.empty() ? worksheet : Sql(worksheet, ", line ", line);
-}
 
 // Names that a number fills in beside it are not counted.
 std::size_t Entered_Cells(const OpenForm& form) {
@@ -140,8 +135,8 @@ bool EditGrid::May_Overwrite() {
     std::string text = Line_Place(form, form.Under_Edit().Line()) + " was changed by another program meanwhile.  ";
     for (const GridColumn* column : changed) {
         const RowUnderEdit& row = form.Under_Edit();
-        text += Sql(column->label, " holds '", Edit_Text(row.Stored(column->field)), "', you entered '",
-                    Edit_Text(row[column->field]), "'.  ");
+        text += Sql("Column ", Head_Text(form, *column, form.Under_Edit().Line()), " holds '",
+                    Edit_Text(row.Stored(column->field)), "', you entered '", Edit_Text(row[column->field]), "'.  ");
     }
     text += "Select OK to store your entry, or Cancel to keep it in the row without storing it.";
     return The_Platform().Message_Box(text, kOkCancel + kExclamation, kChangedTitle) == Answer::Ok;

@@ -142,7 +142,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (section < 0) return {};
     if (orientation == Qt::Vertical) {
         if (role != Qt::DisplayRole || section >= rowCount()) return {};
-        return Qt_Text(Line(section).To_Text());
+        return Qt_Text(Line_Text(Line(section)));
     }
     if (section >= columnCount()) return {};
     switch (role) {

@@ -155,7 +155,7 @@ TEST(EditUndo, ListsWhatChangedSince) {
     s.form.Undo();
     ASSERT_EQ(r.platform.batches.size(), 1U);
     EXPECT_EQ(r.platform.batches.front().rows.front().message,
-              "Worksheet A, line 6, Salaries: changed since then and kept.");
+              "Worksheet A, line 6, column 1 Salaries: changed since then and kept.");
     EXPECT_EQ(s.Shown(6, 1), "99");
 }
 
@@ -236,7 +236,8 @@ TEST(EditOthers, AChangedCellIsOverwrittenOnlyByThePersonsWord) {
     r.Cell("A", 6, 1, 99_cur);
     constexpr const char* kTitle = "Warning: Entry Changed By Another Program";
     constexpr const char* kText =
-        "Worksheet A, line 6 was changed by another program meanwhile.  Salaries holds '99', you entered '5'.  Select "
+        "Worksheet A, line 6 was changed by another program meanwhile.  Column 1 Salaries holds '99', you entered '5'. "
+        " Select "
         "OK to store your entry, or Cancel to keep it in the row without storing it.";
     r.platform.Expect_Box(kTitle, kText, Answer::Cancel);
     s.Press(Qt::Key_Down);

@@ -222,7 +222,8 @@ const std::vector<WindowBox>& Window_Boxes() {
              DBEngine::OpenDatabase(desk.Report_Path()).Execute("UPDATE A SET Col_1 = 9 WHERE LineNum = 6;");
          },
          [](Desk&) { Desk::Press(Qt::Key_Down); }, "Warning: Entry Changed By Another Program",
-         "Worksheet A, line 6 was changed by another program meanwhile.  Salaries holds '9', you entered '5'.  Select "
+         "Worksheet A, line 6 was changed by another program meanwhile.  Column 1 Salaries holds '9', you entered '5'. "
+         " Select "
          "OK to store your entry, or Cancel to keep it in the row without storing it.",
          kOkCancel + kExclamation, Answer::Cancel},
     };
