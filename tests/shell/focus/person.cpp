@@ -1,7 +1,6 @@
 #include "shell/focus/person.h"
 
-#include <QMessageBox>
-#include <QPushButton>
+#include <QAbstractButton>
 #include <QWindow>
 
 #include "screens/view/qt_text.h"
@@ -14,22 +13,6 @@ constexpr int kWait = 10000;  // milliseconds for what must come
 constexpr int kAgain = 200;   // for what is tried again
 constexpr int kTries = 20;
 constexpr const char* kShift = "Shift_L";
-
-QMessageBox::StandardButton Button_Of(Answer answer) {
-    switch (answer) {
-        case Answer::Ok:
-            return QMessageBox::Ok;
-        case Answer::Cancel:
-            return QMessageBox::Cancel;
-        case Answer::Yes:
-            return QMessageBox::Yes;
-        case Answer::No:
-            return QMessageBox::No;
-        case Answer::None:
-            break;
-    }
-    return QMessageBox::NoButton;
-}
 
 void Click_Middle(const QWidget& widget, const QRect& part) {
     const QPoint at = widget.mapToGlobal(part.center());
@@ -92,16 +75,14 @@ void Person::Click(const LineRef& line, const ColumnRef& column) {
 
 bool Person::Answer_Box(QWidget& box) {
     boxes_.push_back(Plain_Text(box.windowTitle()));
-    auto* message = qobject_cast<QMessageBox*>(&box);
     if (!QTest::qWaitFor([&] { return Gets_Keys(box); }, kWait)) return false;
     const QPointer<QWidget> open(&box);
     const auto closed = [&] { return open == nullptr || !open->isVisible(); };
-    if (message == nullptr) {
+    QAbstractButton* button = Button_Of(box, answer_);
+    if (button == nullptr) {
         The_Screen().Press("Escape");
         return QTest::qWaitFor(closed, kWait);
     }
-    QAbstractButton* button = message->button(Button_Of(answer_));
-    if (button == nullptr) return false;
     if (by_ == AnswerBy::Click) {
         // Until the window manager has put it where it stays.
         for (int i = 0; i < kTries && !closed(); ++i) {

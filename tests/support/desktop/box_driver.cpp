@@ -38,6 +38,17 @@ constexpr std::array kIconRows{
     IconRow{QMessageBox::Information, kInformation},
 };
 
+struct AnswerRow {
+    Answer answer;
+    QMessageBox::StandardButton button;
+};
+constexpr std::array kAnswerRows{
+    AnswerRow{Answer::Ok, QMessageBox::Ok},
+    AnswerRow{Answer::Cancel, QMessageBox::Cancel},
+    AnswerRow{Answer::Yes, QMessageBox::Yes},
+    AnswerRow{Answer::No, QMessageBox::No},
+};
+
 // What Message_Box was called with, read back from the box.
 int Buttons_Of(const QMessageBox& box) {
     int buttons = 0;
@@ -53,22 +64,6 @@ int Buttons_Of(const QMessageBox& box) {
         if (row.icon == box.icon()) buttons += row.buttons;
     }
     return buttons;
-}
-
-QMessageBox::StandardButton Button_Of(Answer answer) {
-    switch (answer) {
-        case Answer::Ok:
-            return QMessageBox::Ok;
-        case Answer::Cancel:
-            return QMessageBox::Cancel;
-        case Answer::Yes:
-            return QMessageBox::Yes;
-        case Answer::No:
-            return QMessageBox::No;
-        case Answer::None:
-            break;
-    }
-    return QMessageBox::NoButton;
 }
 
 std::string Told(const QWidget& modal) {
@@ -87,6 +82,15 @@ void Dismiss(QWidget& modal) {
 }
 
 }  // namespace
+
+QAbstractButton* Button_Of(const QWidget& modal, Answer answer) {
+    const auto* box = qobject_cast<const QMessageBox*>(&modal);
+    if (box == nullptr) return nullptr;
+    for (const AnswerRow& row : kAnswerRows) {
+        if (row.answer == answer) return box->button(row.button);
+    }
+    return nullptr;
+}
 
 BoxDriver::BoxDriver() {
     Wait();
@@ -162,7 +166,7 @@ void BoxDriver::Answer_Modal(QWidget& modal) {
     if (expected.buttons != kAnyButtons) {
         EXPECT_EQ(Buttons_Of(*box), expected.buttons) << Told(modal);
     }
-    QAbstractButton* button = box->button(Button_Of(expected.answer));
+    QAbstractButton* button = Button_Of(*box, expected.answer);
     if (button == nullptr) {
         ADD_FAILURE() << Told(modal) << " does not offer the answer " << static_cast<int>(expected.answer);
         Dismiss(modal);

@@ -12,7 +12,12 @@
 
 #include "common/platform.h"
 
+class QAbstractButton;
+
 namespace tallmar {
+
+// The button of a message box that gives the answer; null where it offers none, or is no message box.
+QAbstractButton* Button_Of(const QWidget& modal, Answer answer);
 
 class BoxDriver {
   public:
