@@ -9,9 +9,11 @@
 namespace tallmar {
 
 Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments) {
-    std::string text = Replace(box.text, "<places>", std::to_string(arguments.places));
-    text = Replace(text, "<length>", std::to_string(arguments.length));
-    return {.title = std::string(box.title), .text = Replace(text, "<text>", arguments.text)};
+    const auto filled = [&](std::string_view text) {
+        const std::string withPlaces = Replace(text, "<places>", std::to_string(arguments.places));
+        return Replace(Replace(withPlaces, "<length>", std::to_string(arguments.length)), "<text>", arguments.text);
+    };
+    return {.title = std::string(box.title), .text = filled(box.text), .brief = filled(box.brief)};
 }
 
 namespace {

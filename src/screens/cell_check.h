@@ -13,24 +13,29 @@
 
 namespace tallmar {
 
-// A box as a table holds it: <text>, <places> and <length> stand for what was typed and what the cell takes.
+// A box as a table holds it: <text>, <places> and <length> stand for what was typed and what the cell takes. `brief`
+// is the reason in a list of many cells.
 struct BoxText {
     std::string_view title, text;
+    std::string_view brief = {};
 };
 
 inline constexpr BoxText kInvalidLength{
     "Invalid Length Entry",
     "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
-    "up to <length> characters.  Your entry or modification is being discarded.  Select OK to continue."};
+    "up to <length> characters.  Your entry or modification is being discarded.  Select OK to continue.",
+    "longer than <length> characters"};
 inline constexpr BoxText kInvalidNonNumeric{
     "Invalid Non-Numeric Entry",
     "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
-    "numeric data.  Your entry or modification is being discarded.  Select OK to continue."};
+    "numeric data.  Your entry or modification is being discarded.  Select OK to continue.",
+    "not a number"};
 // The same from forms whose cells are of several kinds.
 inline constexpr BoxText kInvalidNumber{
     "Invalid Non-Numeric Entry",
     "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
-    "numeric data.  Your entry or modification is being discarded."};
+    "numeric data.  Your entry or modification is being discarded.",
+    "not a number"};
 inline constexpr BoxText kTooSpecific{
     "Too Specific Numeric Entry",
     "You're attempting to enter invalid data ['<text>'].  The cell you're attempting to input or modify only accepts "
@@ -40,7 +45,8 @@ inline constexpr BoxText kInvalidCostCenter{"Error: Invalid Entry",
 inline constexpr BoxText kTooLarge{
     "Number Too Large",
     "You're attempting to enter invalid data ['<text>'].  The number is larger than the cell can hold.  Your entry or "
-    "modification is being discarded.  Select OK to continue."};
+    "modification is being discarded.  Select OK to continue.",
+    "larger than the cell can hold"};
 
 struct BoxArguments {
     std::string_view text = {};

@@ -20,7 +20,8 @@ namespace tallmar {
 namespace {
 
 // What the forms themselves never say: their grids shut such cells, or do not show them at all.
-constexpr BoxText kLockedCell{"Locked Cell", "<text> is shaded or computed on the form and takes no entry."};
+constexpr BoxText kLockedCell{"Locked Cell", "<text> is shaded or computed on the form and takes no entry.",
+                              "shaded or computed on the form"};
 constexpr BoxText kUnknownLine{"Unknown Line", "<text> does not exist and cannot be added."};
 constexpr BoxText kInvalidLine{"Invalid Line", "'<text>' is no line number."};
 constexpr BoxText kUnknownColumn{"Unknown Column", "<text> does not exist."};
@@ -30,7 +31,7 @@ constexpr BoxText kNotStored{"Entry Not Stored", "<text>"};
 constexpr std::string_view kLineGone = "The line is no longer in the worksheet.";
 
 CellOutcome Refused(Refusal refusal) {
-    return {false, std::move(refusal.title), std::move(refusal.text), refusal.shown};
+    return {false, std::move(refusal.title), std::move(refusal.text), refusal.shown, std::move(refusal.brief)};
 }
 CellOutcome Refused(const BoxText& box, std::string_view text) {
     return Refused(Fill_Box(box, {.text = text}));

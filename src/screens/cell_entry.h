@@ -18,6 +18,7 @@ struct CellOutcome {
     bool stored = true;
     std::string title, text;  // of the box that refused it
     bool shown = false;       // the box was a question, and has been answered
+    std::string brief = {};   // as Refusal has it; may be empty
 };
 
 // Beeps and shows the stop box of a cell that was refused.

@@ -51,6 +51,8 @@ struct GridColumn {
 struct Refusal {
     std::string title, text;
     bool shown = false;
+    // The same in a few words behind what was typed, for a list of many cells: "not a number". May be empty.
+    std::string brief = {};
 };
 
 // What a check makes of a typed text: the value for the cell, and for further cells of the row that it fills (the name

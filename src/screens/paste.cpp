@@ -5,9 +5,11 @@
 
 #include "common/dates.h"
 #include "common/db/sql_text.h"
+#include "common/format.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
+#include "screens/cell_place.h"
 
 namespace tallmar {
 
@@ -18,6 +20,10 @@ constexpr std::string_view kSeparators = "\t\r\n";
 constexpr std::string_view kNoColumn = "There is no column here.";
 constexpr std::string_view kNoRow = "There is no row here, and the worksheet takes no more.";
 constexpr std::string_view kGone = "The line is no longer there.";
+
+// Of a text in the list of messages.
+constexpr int kMostCharacters = 40;
+constexpr std::string_view kSum = "#,##0.00;(#,##0.00)";
 
 // One cell from `at` on, which then stands on the character behind it.
 std::string Take_Cell(std::string_view text, std::size_t& at) {
@@ -61,6 +67,10 @@ bool Holds(const Value& value, std::string_view text) {
     return amount && value.Is_Numeric() && *amount == value.To_Double();
 }
 
+const std::string& Reason(const CellOutcome& refused) {
+    return refused.brief.empty() ? refused.text : refused.brief;
+}
+
 // Enters the rows of one block, and keeps what has to be told.
 class BlockEntry {
   public:
@@ -79,6 +89,8 @@ class BlockEntry {
         }
     }
     bool Find_Line(const BlockRow& row);
+    // What was warned of as the cell was entered: amounts that were rounded are only counted.
+    void Note_Warnings(const BlockCell& cell, RoundedAmounts& rounded);
 
     OpenForm& form_;
     BlockOutcome& outcome_;
@@ -104,11 +116,26 @@ bool BlockEntry::Find_Line(const BlockRow& row) {
     return line_.has_value();
 }
 
+void BlockEntry::Note_Warnings(const BlockCell& cell, RoundedAmounts& rounded) {
+    const std::optional<double> typed = Parse_Amount(cell.text);
+    const Value& taken = form_.Under_Edit()[cell.column->field];
+    for (const Refusal& warning : quiet_.Take_Warnings()) {
+        if (typed && taken.Is_Numeric() && taken.To_Double() != *typed) {
+            ++rounded.count;
+            rounded.before += *typed;
+            rounded.after += taken.To_Double();
+        } else {
+            Note(cell, warning.brief.empty() ? warning.text : warning.brief, false);
+        }
+    }
+}
+
 void BlockEntry::Enter_Row(const BlockRow& row) {
     if (!Find_Line(row)) return;
     last_ = *line_;
     if (!form_.Go_To(*line_)) return Refuse_All(row, kGone);
     std::vector<const BlockCell*> entered;
+    RoundedAmounts rounded;
     for (const BlockCell& cell : row.cells) {
         if (cell.column == nullptr) {
             if (!Is_Blank_Text(cell.text)) Note(cell, kNoColumn);
@@ -116,11 +143,11 @@ void BlockEntry::Enter_Row(const BlockRow& row) {
         }
         if (Holds(form_.Under_Edit()[cell.column->field], cell.text)) continue;
         const CellOutcome entry = form_.Enter(*cell.column, cell.text);
-        for (const Refusal& warning : quiet_.Take_Warnings()) Note(cell, warning.text, false);
         if (entry.stored) {
             entered.push_back(&cell);
+            Note_Warnings(cell, rounded);
         } else if (!Is_Blank_Text(cell.text) || !form_.Is_Locked(*cell.column)) {
-            Note(cell, entry.text);
+            Note(cell, Reason(entry));
         }
     }
     if (entered.empty()) return form_.Cancel_Row();
@@ -128,10 +155,35 @@ void BlockEntry::Enter_Row(const BlockRow& row) {
     if (left.stored) {
         ++outcome_.rows;
         outcome_.cells += entered.size();
+        outcome_.rounded.count += rounded.count;
+        outcome_.rounded.before += rounded.before;
+        outcome_.rounded.after += rounded.after;
         return;
     }
     form_.Cancel_Row();
-    for (const BlockCell* cell : entered) Note(*cell, left.text);
+    for (const BlockCell* cell : entered) Note(*cell, Reason(left));
+}
+
+// What stood in a cell, short enough for a line of the list.
+std::string Quoted_Text(std::string_view text) {
+    std::string line;
+    for (const char c : text) line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
+    if (Length(line) > kMostCharacters) line = Left(line, kMostCharacters) + "...";
+    return "'" + line + "'";
+}
+
+// "Line 6, column 1 Salaries, '12a': not a number."
+std::string Note_Text(const OpenForm& form, const BlockNote& note) {
+    std::string place;
+    if (note.line && !form.Description().order.empty()) place = Sql("Line ", Line_Text(*note.line), ", ");
+    const GridColumn* column = note.column.empty() ? nullptr : form.Find_Column(note.column);
+    if (column != nullptr) {
+        place +=
+            Sql(place.empty() ? "Column " : "column ", Head_Text(form, *column, note.line.value_or(Currency())), ", ");
+    }
+    place += Sql(Quoted_Text(note.text), ": ", note.reason);
+    if (!place.ends_with('.')) place += '.';
+    return place;
 }
 
 }  // namespace
@@ -178,18 +230,19 @@ BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::st
 }
 
 std::vector<Platform::BatchMessage> Block_Messages(const OpenForm& form, const BlockOutcome& outcome) {
+    const std::string worksheet = form.Worksheet().Name();
     std::vector<Platform::BatchMessage> messages;
-    for (const BlockNote& note : outcome.notes) {
-        std::string place;
-        if (note.line && !form.Description().order.empty()) place = Sql("Line ", *note.line);
-        if (const GridColumn* column = note.column.empty() ? nullptr : form.Find_Column(note.column)) {
-            const std::string& name = column->label.empty() ? column->field : column->label;
-            place += (place.empty() ? "" : ", ") + name;
+    for (const bool refused : {true, false}) {
+        for (const BlockNote& note : outcome.notes) {
+            if (note.refused == refused) messages.push_back({refused ? "E" : "W", worksheet, Note_Text(form, note)});
         }
-        if (!place.empty()) place += " ";
-        messages.push_back(
-            {note.refused ? "E" : "W", form.Worksheet().Name(), Sql(place, "['", note.text, "']: ", note.reason)});
     }
+    const RoundedAmounts& rounded = outcome.rounded;
+    if (rounded.count == 0) return messages;
+    const std::string_view amounts = rounded.count == 1 ? " amount was rounded: " : " amounts were rounded: ";
+    messages.push_back({"W", worksheet,
+                        Sql(std::to_string(rounded.count), amounts, Format(rounded.before, kSum), " before, ",
+                            Format(rounded.after, kSum), " after.")});
     return messages;
 }
 

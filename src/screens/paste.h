@@ -35,16 +35,26 @@ struct BlockNote {
     std::string column, text, reason;
     bool refused = true;  // else taken, as the reason says
 };
+// Amounts that were stored with fewer decimals than they came with, and their sums.
+struct RoundedAmounts {
+    std::size_t count = 0;
+    double before = 0, after = 0;
+};
 struct BlockOutcome {
     std::size_t cells = 0, rows = 0;  // that were stored
     std::vector<BlockNote> notes;
+    RoundedAmounts rounded = {};
+
+    // There is something that the person must know.
+    bool Has_Messages() const { return !notes.empty() || rounded.count > 0; }
 };
 // One Job and one step of the undo, which `what` names: "paste". A cell that would hold what it holds is passed over,
 // locked or not. Requires that nothing is entered in the form's row. DbError of what follows the rows reaches the
 // caller; the rows are stored then.
 BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::string_view what);
 
-// The notes as the list of messages shows them.
+// As the list of messages shows it: the refused cells, a line each, then what was taken with a warning, then one line
+// for all that was rounded.
 std::vector<Platform::BatchMessage> Block_Messages(const OpenForm& form, const BlockOutcome& outcome);
 
 }  // namespace tallmar

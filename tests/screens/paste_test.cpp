@@ -85,24 +85,63 @@ TEST(Paste, TellsOfEachRefusedCellAndShowsNoBox) {
     const BlockOutcome outcome = Paste(form, "7\tx\t12.5\t1\t2\t9\n\n1\t\t3\n", {2_cur, 6_cur, 7_cur}, "1");
     EXPECT_EQ(outcome.cells, 4U);
     const std::vector<std::string> told = Told(form, outcome);
-    ASSERT_EQ(told.size(), 5U);
-    EXPECT_EQ(
-        told[0],
-        "E Line 2, Salaries ['7']: Worksheet A, line 2, column 1 Salaries is shaded or computed on the form and takes "
-        "no entry.");
-    EXPECT_EQ(told[1],
-              "E Line 2, Employee Benefits ['x']: Worksheet A, line 2, column 2 Employee Benefits is shaded or "
-              "computed on the form "
-              "and takes no entry.");
-    EXPECT_EQ(told[2],
-              "W Line 2, Transportation ['12.5']: You're attempting to enter invalid data ['12.5'].  The cell you're "
-              "attempting to input or modify only accepts 0 digits to the right of the decimal point.  Your entry or "
-              "modification is being rounded.");
-    EXPECT_TRUE(told[3].starts_with("E Line 2, Contracted Purchased Services ['1']: "));
-    EXPECT_EQ(told[4], "E Line 2 ['9']: There is no column here.");
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        "E Line 2, column 1 Salaries, '7': shaded or computed on the form.",
+                        "E Line 2, column 2 Employee Benefits, 'x': shaded or computed on the form.",
+                        "E Line 2, column 4 Contracted Purchased Services, '1': shaded or computed on the form.",
+                        "E Line 2, '9': There is no column here.",
+                        "W 1 amount was rounded: 12.50 before, 13.00 after.",
+                    }));
     EXPECT_CELL("A", 2, 3, 13_cur);
     EXPECT_CELL("A", 2, 5, 2_cur);
     EXPECT_CELL("A", 7, 1, 1_cur);
+}
+
+TEST(Paste, TakesATrialBalanceInAccountingFormat) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    Paste(form, "9\t9\t9\t9\t9", {6_cur}, "1");
+    const BlockOutcome outcome = Paste(form,
+                                       " $ 1,200.00 \t $ -   \t $ (500.00)\t\u2212"
+                                       "70\t\u00A0$\u00A0(1,000)\u202F",
+                                       {6_cur}, "1");
+    EXPECT_FALSE(outcome.Has_Messages()) << Told(form, outcome).front();
+    EXPECT_CELL("A", 6, 1, 1200_cur);
+    EXPECT_CELL("A", 6, 2, 0_cur);
+    EXPECT_CELL("A", 6, 3, -500_cur);
+    EXPECT_CELL("A", 6, 4, -70_cur);
+    EXPECT_CELL("A", 6, 5, -1000_cur);
+}
+
+TEST(Paste, RoundingsAreOneLineBehindTheRefusals) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    const BlockOutcome outcome = Paste(form, "1,000.50\t12a\n(2.25)\t1,23,4\n3\t5%\n", {6_cur, 7_cur, 23.2_cur}, "1");
+    EXPECT_EQ(Told(form, outcome), (std::vector<std::string>{
+                                       "E Line 6, column 2 Employee Benefits, '12a': not a number.",
+                                       "E Line 7, column 2 Employee Benefits, '1,23,4': not a number.",
+                                       "E Line 23.20, column 2 Employee Benefits, '5%': not a number.",
+                                       "W 2 amounts were rounded: 998.25 before, 999.00 after.",
+                                   }));
+    EXPECT_EQ(outcome.cells, 3U);
+}
+
+TEST(Paste, ALongTextOfManyLinesIsOneLineOfTheList) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    const std::string text = "\"two\nlines " + std::string(60, 'x') + "\"";
+    const BlockOutcome outcome = Paste(form, text, {6_cur}, "1");
+    EXPECT_EQ(Told(form, outcome), (std::vector<std::string>{"E Line 6, column 1 Salaries, 'two lines " +
+                                                             std::string(30, 'x') + "...': not a number."}));
+}
+
+TEST(Paste, RoundingsOfARowThatIsRefusedAreNotCounted) {
+    Report r(fy2016);
+    OpenForm form(kEditA4, "A4");
+    const Currency line = form.Add_Row({});
+    const BlockOutcome outcome = Paste(form, "\tA\t\t1\t12.5", {line}, "Explanation");
+    EXPECT_EQ(outcome.cells, 0U);
+    EXPECT_EQ(outcome.rounded.count, 0U);
 }
 
 TEST(Paste, WhatACellHoldsAlreadyIsPassedOver) {
@@ -121,8 +160,9 @@ TEST(Paste, RowsBeyondTheLastAreRefusedWhereTheFormHasNoAdd) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
     const BlockOutcome outcome = Paste(form, "1\n2\n\n", {12_cur}, "1");
-    EXPECT_EQ(Told(form, outcome),
-              (std::vector<std::string>{"E Salaries ['2']: There is no row here, and the worksheet takes no more."}));
+    EXPECT_EQ(
+        Told(form, outcome),
+        (std::vector<std::string>{"E Column 1 Salaries, '2': There is no row here, and the worksheet takes no more."}));
 }
 
 TEST(Paste, RowsBeyondTheLastAreAddedWhereTheFormAddsThem) {
@@ -145,9 +185,10 @@ TEST(Paste, ARowThatItsFormHoldsIsRefusedWhole) {
     EXPECT_EQ(outcome.cells, 0U);
     const std::vector<std::string> told = Told(form, outcome);
     ASSERT_EQ(told.size(), 2U);
-    EXPECT_EQ(told[0],
-              "E Line 1, Code ['A']: The EXPLANATION may not be left blank for the first reclassification in a given "
-              "code.");
+    EXPECT_EQ(
+        told[0],
+        "E Line 1, column 1 Code, 'A': The EXPLANATION may not be left blank for the first reclassification in a given "
+        "code.");
     EXPECT_CELL("A4", 1, 1, Null);
     EXPECT_FALSE(form.Has_Entries());
 }

@@ -109,7 +109,7 @@ void EditGrid::Enter_Rows(const std::vector<BlockRow>& rows, const char* what) {
         emit Row_Stored();
     }
     emit Told(Stored_Text(outcome.cells));
-    if (!outcome.notes.empty()) The_Platform().Show_Batch_Messages(kPasteTitle, Block_Messages(form, outcome));
+    if (outcome.Has_Messages()) The_Platform().Show_Batch_Messages(kPasteTitle, Block_Messages(form, outcome));
 }
 
 void EditGrid::Paste() {
