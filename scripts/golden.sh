@@ -22,8 +22,9 @@ accept)
     fi
     [ ${#reports[@]} -gt 0 ] || { echo "No golden report differs." >&2; exit 1; }
     for report in "${reports[@]}"; do
-        [ -f "build/golden/$report/tables.json" ] || { echo "$report does not differ." >&2; exit 1; }
-        cp "build/golden/$report/tables.json" "tests/golden/$report/tables.json"
+        differing=("build/golden/$report"/*.json)
+        [ -f "${differing[0]}" ] || { echo "$report does not differ." >&2; exit 1; }
+        cp "${differing[@]}" "tests/golden/$report/"
         rm -r "build/golden/$report"
         echo "$report"
     done

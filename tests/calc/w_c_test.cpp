@@ -89,6 +89,29 @@ TEST(WorksheetCPartII, OnlyASplitPeriodHasLinesOnBothSidesOfTheDate) {
     }
 }
 
+// "1 4": the lines of the instance whose cell in the column is 0, not shaded.
+std::string Open_Lines(const Report& r, const char* column) {
+    std::string lines;
+    for (const double line : {1.0, 1.01, 2.0, 2.01, 3.0, 3.01, 4.0,  4.01, 5.0,  5.01,
+                              6.0, 6.01, 7.0, 8.0,  9.0, 10.0, 11.0, 12.0, 13.0, 14.0}) {
+        if (r.Cell("Cp2m1600", line, column).Is_Null()) continue;
+        EXPECT_CELL("Cp2m1600", line, column, 0);
+        lines += (lines.empty() ? "" : " ") + Value(line).To_Text();
+    }
+    return lines;
+}
+
+TEST(WorksheetCPartII, ANewInstanceOfASplitPeriodShadesTheOtherSideOfTheDate) {
+    Report r(fy2000);
+    List_MSA(r, "29", "1600");
+    const std::string all = "1 1.01 2 2.01 3 3.01 4 4.01 5 5.01 6 6.01 7 8 9 10 11 12 13 14";
+    for (const char* column : {"Col_5", "Col_6", "Col_8", "Col_9"}) EXPECT_EQ(Open_Lines(r, column), all) << column;
+    EXPECT_EQ(Open_Lines(r, "Col_4"), "8 9 10 11 12 13");
+    for (const char* column : {"Col_7", "Col_10"}) EXPECT_EQ(Open_Lines(r, column), "") << column;
+    EXPECT_EQ(Open_Lines(r, "Col_11"), "1 2 3 4 5 6 7 8 9 10 11 12 13 14");
+    EXPECT_EQ(Open_Lines(r, "Col_1101"), "1.01 2.01 3.01 4.01 5.01 6.01 7");
+}
+
 TEST(WorksheetCPartII, LimitationLinesTakeTheVisitsBeforeTheDateOnly) {
     Report r(fy2000);
     List_MSA(r, "29", "1600");

@@ -68,10 +68,14 @@ std::string Read_File(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void Make_Golden_Report(const std::string& name, const std::string& path) {
+void Make_New_Golden_Report(const std::string& name, const std::string& path) {
     const std::string identity = Read_File(Golden_File(name, "report.sh"));
     Must_Run({"new", path, "--provider", Setting(identity, "provider"), "--start", Setting(identity, "start"), "--end",
               Setting(identity, "end"), "--name", Setting(identity, "name")});
+}
+
+void Make_Golden_Report(const std::string& name, const std::string& path) {
+    Make_New_Golden_Report(name, path);
     Enter_If_There(name, "option.cells", path);
     const std::string chart = Golden_File(name, "chart.sql");
     if (fs::exists(chart)) Must_Run({"sql", path, "-"}, Read_File(chart));

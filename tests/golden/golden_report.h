@@ -5,6 +5,7 @@
 //     chart.sql      the change of the chart, one statement a line (not every report)
 //     input.cells    what the preparer keys
 //     tables.json    the dump after calculation, times masked
+//     new.json       the dump of the report just made, before a cell is keyed (one report for each set of worksheets)
 //     WORKED.md      which of its figures were derived by hand, and how
 #pragma once
 
@@ -28,6 +29,8 @@ std::string Golden_File(const std::string& name, const std::string& file);
 // The whole file; throws std::runtime_error where it cannot be read.
 std::string Read_File(const std::string& path);
 
+// The report at `path` as it is made, with nothing keyed. A command that refuses it throws std::runtime_error.
+void Make_New_Golden_Report(const std::string& name, const std::string& path);
 // Makes and fills the report at `path`, on the preparer's road: new, enter, the chart, enter. A command that refuses
 // anything throws std::runtime_error with what it said.
 void Make_Golden_Report(const std::string& name, const std::string& path);

@@ -47,27 +47,25 @@ fs::path Actual_Folder(const std::string& name) {
     return fs::path(TALLMAR_SOURCE_DIR) / "build" / "golden" / name;
 }
 
-void Keep_Actual(const std::string& name, const DumpFile& found) {
-    fs::create_directories(Actual_Folder(name));
-    std::ofstream(Actual_Folder(name) / "tables.json", std::ios::binary) << found.Text();
+// Fails where `found` is not what the file of the golden report stores.
+void Expect_Stored(const std::string& name, const char* file, const DumpFile& found) {
+    const fs::path actual = Actual_Folder(name) / file;
+    const std::string stored = Golden_File(name, file);
+    const std::vector<std::string> differences =
+        fs::exists(stored) ? Differences(DumpFile(Read_File(stored)), found) : std::vector{stored + " is missing"};
+    if (differences.empty()) {
+        fs::remove(actual);
+        return;
+    }
+    fs::create_directories(actual.parent_path());
+    std::ofstream(actual, std::ios::binary) << found.Text();
+    ADD_FAILURE() << Listed(differences) << "\nwhat was found is in " << actual;
 }
 
 TEST_P(Golden, TheTablesAreTheStoredOnes) {
     Make();
     Calculate();
-    const DumpFile found = Dump();
-    const std::string stored = Golden_File(GetParam(), "tables.json");
-    if (!fs::exists(stored)) {
-        Keep_Actual(GetParam(), found);
-        FAIL() << stored << " is not there; what was found is in " << Actual_Folder(GetParam());
-    }
-    const std::vector<std::string> differences = Differences(DumpFile(Read_File(stored)), found);
-    if (differences.empty()) {
-        fs::remove_all(Actual_Folder(GetParam()));
-    } else {
-        Keep_Actual(GetParam(), found);
-    }
-    EXPECT_TRUE(differences.empty()) << Listed(differences) << "\nwhat was found is in " << Actual_Folder(GetParam());
+    Expect_Stored(GetParam(), "tables.json", Dump());
 }
 
 TEST_P(Golden, RecalculatingChangesNoCell) {
@@ -122,6 +120,24 @@ std::string Test_Name(const testing::TestParamInfo<std::string>& report) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Reports, Golden, testing::ValuesIn(Golden_Names()), Test_Name);
+
+// Every cell of a report in which nothing is keyed: the rows of the form, what begins at 0 and what is shaded.
+class GoldenNewReport : public testing::TestWithParam<const char*> {};
+
+TEST_P(GoldenNewReport, HasTheStoredTables) {
+    const TempFolder folder;
+    const std::string file = folder.File("new.CRF");
+    Make_New_Golden_Report(GetParam(), file);
+    Expect_Stored(GetParam(), "new.json", DumpFile(Run_Command({"dump", file}).out));
+}
+
+// One for each set of worksheets: cost limits, a year that spans their end, S-2-1 and the vaccine line.
+INSTANTIATE_TEST_SUITE_P(Years, GoldenNewReport, testing::Values("fy1999-limits", "fy2000-split", "fy2016-empty"),
+                         [](const testing::TestParamInfo<const char*>& report) {
+                             std::string name = report.param;
+                             std::ranges::replace(name, '-', '_');
+                             return name;
+                         });
 
 constexpr const char* kSmall = R"({"master":{"BuildDate":"2026-01-02T03:04:05"},"tables":{
 "A":{"columns":[{"name":"LineNum","type":"Currency"},{"name":"Col_1","type":"Currency"}],"rows":[[5,1],[5.01,VALUE]]},
