@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "calc/vaccine_line.h"
 #include "calc/w_a.h"
 #include "calc/w_a1.h"
 #include "calc/w_a4.h"
@@ -34,7 +35,7 @@ void Only(const Item&) {
 
 // In the order in which a key is looked up.
 constexpr std::array kFamilies{
-    WorksheetFamily{"A", 4, Only<Build_A>, Only<Calc_A>, &kEditA, &kViewA},
+    WorksheetFamily{"A", 4, Only<Build_A>, Only<Calc_A>, &kEditA, &kViewA, Has_Vaccine_Line, Add_Vaccine_Line},
     WorksheetFamily{"A1", 0, Build_Compensation, Calc_Compensation, &kEditA1, &kViewA1},
     WorksheetFamily{"A2", 0, Build_Compensation, Calc_Compensation, &kEditA2, &kViewA2},
     WorksheetFamily{"A3", 0, Build_Compensation, Calc_Compensation, &kEditA3, &kViewA3},
@@ -50,12 +51,13 @@ constexpr std::array kFamilies{
     WorksheetFamily{"A83p4*", 1, Build_A83, Calc_A83, &kEditA83p4, &kViewA83p4},
     WorksheetFamily{"A83p5*", 2, Build_A83, Calc_A83, &kEditA83p5, &kViewA83p5},
     WorksheetFamily{"B", 0, Only<Build_B>, nullptr, nullptr, &kViewB},
-    WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, &kEditB1, &kViewB1},
+    WorksheetFamily{"B1", 5, Only<Build_B1>, Only<Calc_B1>, &kEditB1, &kViewB1, Has_Vaccine_Line, Add_Vaccine_Line},
     WorksheetFamily{"B1X", 999, Only<Build_B1X>, nullptr, nullptr, nullptr},
     WorksheetFamily{"StatLinks", 999, Only<Build_StatLinks>, nullptr, nullptr, nullptr},
     WorksheetFamily{"Cp1", 6, Only<Build_Cp1>, Only<Calc_Cp1>, nullptr, &kViewCp1},
-    WorksheetFamily{"Cp2*", 7, Build_Cp2, Calc_Cp2, &kEditCp2, &kViewCp2},
-    WorksheetFamily{"Cp3", 6, Only<Build_Cp3>, Only<Calc_Cp3>, &kEditCp3, &kViewCp3},
+    WorksheetFamily{"Cp2*", 7, Build_Cp2, Calc_Cp2, &kEditCp2, &kViewCp2, Cp2_Fits_Period, Fit_Cp2},
+    WorksheetFamily{"Cp3", 6, Only<Build_Cp3>, Only<Calc_Cp3>, &kEditCp3, &kViewCp3, Has_Vaccine_Line,
+                    Add_Vaccine_Line},
     WorksheetFamily{"Cp4", 8, Only<Build_Cp4>, Only<Calc_Cp4>, &kEditCp4, &kViewCp4},
     WorksheetFamily{"Cp5", 7, Only<Build_Cp5>, Only<Calc_Cp5>, &kEditCp5, &kViewCp5},
     WorksheetFamily{"Dp1", 9, Only<Build_Dp1>, Only<Calc_Dp1>, &kEditDp1, &kViewDp1},

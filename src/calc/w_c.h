@@ -18,11 +18,17 @@ void Calc_Cp1();
 // One table a code: Cp2m<mmmm> of an MSA, Cp2c<ccccc> of a CBSA.
 void Build_Cp2(const Item& item);
 void Calc_Cp2(const Item& item);
+// A split period has two lines a discipline and a total of its own; the others have neither.
+bool Cp2_Fits_Period(const Item& item);
+// Builds the table anew with what was keyed in it. Visits of a line that is no longer there count in the line before.
+void Fit_Cp2(const Item& item);
 // "Cp2m0160" for the MSA code "160", "Cp2c16580" for a CBSA code.
 std::string Cp2_Item_Of_MSA(std::string_view code);
 std::string Cp2_Item_Of_CBSA(std::string_view code);
 
 void Build_Cp3();
+// The rows of the cost centers that meet the WHERE text `where`, three lines further down.
+void Insert_Cp3_Rows(std::string_view where);
 void Calc_Cp3();
 
 void Build_Cp4();

@@ -76,11 +76,28 @@ constexpr const char* kLimitLines = " WHERE LineNum>=8 And LineNum<14;";
 constexpr const char* kNoLimits =
     " SET Col_4 = 0, Col_5 = 0, Col_6 = 0, Col_7 = 0, Col_8 = 0, Col_9 = 0, Col_10 = 0, Col_11 = 0";
 
+// What a person keys: visits and costs, and the limit of a limitation line.
+constexpr std::array<std::string_view, 4> kKeyed{"Col_5", "Col_6", "Col_7", "Col_10"};
+constexpr std::array<std::string_view, 3> kKeyedLimits{"Col_4", "Col_7", "Col_10"};
+
 constexpr std::size_t kDisciplines = 6;
 
 struct Visits {
     double partA = 0, partB = 0;
 };
+
+bool Is_Split_Table(std::string_view table) {
+    const TableShape shape = db.TableDefs().Item(table).Shape();
+    return !shape.fields.empty() && shape.fields.back().name == kTotalPost.name;
+}
+
+void Add_Keyed(const std::string& table, Currency line, std::span<const std::string_view> fields, const Row& from) {
+    for (const std::string_view field : fields) {
+        if (from[field].Is_Null()) continue;
+        db.Execute(Sql("UPDATE ", table, " SET ", field, " = ", Guarded(field), " + ", from[field],
+                       " WHERE LineNum = ", line, ";"));
+    }
+}
 
 // The cost of every visit line. The limitation lines take the visits of the cost lines before 10/1/2000.
 void Cost_Visits(const std::string& table, bool split) {
@@ -145,8 +162,7 @@ void Build_Cp2(const Item& item) {
 
 void Calc_Cp2(const Item& item) {
     const std::string& table = item.Name();
-    const TableShape shape = db.TableDefs().Item(table).Shape();
-    const bool split = !shape.fields.empty() && shape.fields.back().name == kTotalPost.name;
+    const bool split = Is_Split_Table(table);
 
     db.Execute(Sql("UPDATE ", table, " INNER JOIN Cp1 ON ", table, ".LineNum = Int(Cp1.LineNum) SET ", table,
                    ".Col_4 = IIf(IsNull(Cp1.Col_4),0,Cp1.Col_4) WHERE Cp1.LineNum In (1, 2, 3, 4, 5, 6);"));
@@ -158,6 +174,25 @@ void Calc_Cp2(const Item& item) {
         db.Execute(Sql("UPDATE ", table, kNoLimits, split ? ", Col_1101 = 0" : "", kLimitLines));
     }
     Store_Totals(item, kTotals, "LineNum In(8, 9, 10, 11, 12, 13)", "LineNum = 14");
+}
+
+bool Cp2_Fits_Period(const Item& item) {
+    return Is_Split_Table(item.Name()) == Is_Split_Period();
+}
+
+void Fit_Cp2(const Item& item) {
+    const std::string& table = item.Name();
+    const std::vector<Row> visits =
+        db.Read_Rows(Sql("SELECT * FROM ", table, " WHERE LineNum>=1 And LineNum<7 ORDER BY LineNum;"));
+    const std::vector<Row> limits = db.Read_Rows(Sql("SELECT * FROM ", table, kLimitLines));
+    db.TableDefs().Delete(table);
+    Build_Cp2(item);
+    const bool split = Is_Split_Period();
+    for (const Row& row : visits) {
+        const Currency line = row["LineNum"].To_Currency();
+        Add_Keyed(table, split ? line : line.Int(), kKeyed, row);
+    }
+    for (const Row& row : limits) Add_Keyed(table, row["LineNum"].To_Currency(), kKeyedLimits, row);
 }
 
 }  // namespace tallmar

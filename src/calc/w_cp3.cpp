@@ -2,6 +2,7 @@
 
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
+#include "common/db/sql_text.h"
 
 namespace tallmar {
 
@@ -28,7 +29,7 @@ constexpr std::array kColumns{
 constexpr const char* kFromChart =
     "INSERT INTO Cp3 (LineNum, Description, Col_1, Col_2, Col_3, Col_5, Col_6, Col_601, Col_7, Col_8, Col_9, Col_901, "
     "Col_10) Select [LineNum]+3 As E1, Left$(\"Cost of \" & IIF([LineNum] = 12,\"Medical \",\"\") & CCName,40) As E2, "
-    "CCNum, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0 From CostCenters Where Int(LineNum) = 12 Or Int(LineNum) = 13;";
+    "CCNum, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0 From CostCenters Where ";
 
 constexpr const char* kFields =
     "LineNum, Description, Col_1, Col_2, Col_3, Col_5, Col_6, Col_601, Col_7, Col_8, Col_9, Col_901, Col_10";
@@ -56,7 +57,7 @@ constexpr std::array kSteps{
 
 void Build_Cp3() {
     Create_Table("Cp3", kColumns);
-    db.Execute(kFromChart);
+    Insert_Cp3_Rows("Int(LineNum) = 12 Or Int(LineNum) = 13");
     for (const FixedRow& row : kRows) {
         // A subline 12.01 or 13.01 of the chart has the number already.
         const bool taken =
@@ -64,6 +65,10 @@ void Build_Cp3() {
         if (!taken) Insert_Rows("Cp3", kFields, std::span(&row, 1));
     }
     Finish_Table("Cp3", "ndxCp3", 6);
+}
+
+void Insert_Cp3_Rows(std::string_view where) {
+    db.Execute(Sql(kFromChart, where, ";"));
 }
 
 void Calc_Cp3() {

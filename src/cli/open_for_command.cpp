@@ -1,12 +1,11 @@
 #include "cli/open_for_command.h"
 
 #include "report/report_lock.h"
-#include "report/store.h"
 
 namespace tallmar {
 
 OpenedReport::OpenedReport(const std::string& file, Use use)
-    : open_((use == Use::Reading || Report_Is_Free(file)) && Report_Open(file)) {}
+    : open_((use == Use::Reading || Report_Is_Free(file)) && Report_Open(file, use)) {}
 
 OpenedReport::~OpenedReport() {
     Report_Release();

@@ -2,8 +2,9 @@
 // it is refused.
 #pragma once
 
-#include <cstdint>
 #include <string>
+
+#include "report/store.h"
 
 namespace tallmar {
 
@@ -11,7 +12,7 @@ namespace tallmar {
 // without compaction, whatever happens.
 class OpenedReport {
   public:
-    enum class Use : std::uint8_t { Reading, Changing };
+    using Use = OpenFor;
 
     OpenedReport(const std::string& file, Use use);
     ~OpenedReport();

@@ -17,6 +17,10 @@ struct WorksheetFamily {
     void (*calc)(const Item&);    // null: nothing of its own to calculate
     const FormDescription* edit;  // null: no edit form
     const FormDescription* view;
+    // Whether the table is laid out as the chart and the fiscal year ask for it, and what makes it so. Null: every
+    // report's is alike, or it is made anew by the calculation.
+    bool (*fits)(const Item&) = nullptr;
+    void (*fit)(const Item&) = nullptr;
 };
 
 // The catalogue is installed once, by main() or by a test. Requires static storage.

@@ -102,18 +102,6 @@ bool Vaccine_Line_Is_Missing() {
     return FYEnd >= kVaccineLineFrom && Count("SELECT Count(LineNum) AS Cnt From CostCenters WHERE LineNum=13.2;") == 0;
 }
 
-void Add_Vaccine_Line() {
-    db.Execute(Sql(kHead, kVaccineUpgradeRow));
-    if (TableExists("A", true)) {
-        db.Execute("INSERT INTO A SELECT LineNum, CCNum, CCGroup, CCName FROM CostCenters WHERE LineNum = 13.2;");
-        db.Execute("UPDATE A SET Col_3=0, Col_5=0, Col_6=0, Col_7=0, Col_8=0, Col_9=0, Col_10=0 Where LineNum = 13.2;");
-    }
-    if (TableExists("B1", true)) {
-        db.Execute(
-            "INSERT INTO B1 SELECT LineNum, CCNum, CCName, CCType, LineType FROM CostCenters WHERE LineNum = 13.2;");
-    }
-}
-
 }  // namespace
 
 void Build_CC() {
@@ -166,11 +154,15 @@ bool Chart_Needs_Upgrade() {
 
 void Upgrade_Chart() {
     if (Telemedicine_Is_Missing()) db.Execute(Sql(kDeletedHead, kTelemedicineRow));
-    if (Vaccine_Line_Is_Missing()) Add_Vaccine_Line();
+    if (Vaccine_Line_Is_Missing()) {
+        db.Execute(Sql(kHead, kVaccineUpgradeRow));
+        Store_CC_Counts();
+    }
 }
 
 void Tell_Forbidden_Sublines() {
-    if (FYStart >= kCostLimitsEnd || FYEnd < kCostLimitsEnd) return;
+    const bool spans = FYStart != Date{} && FYStart < kCostLimitsEnd && FYEnd >= kCostLimitsEnd;
+    if (!spans) return;
     if (Count("Select Count(*) as Cnt From CostCenters Where LineNum >= 12 and LineNum < 15 and LineNum <> "
               "Int(LineNum);") > 0) {
         Report_Msg(kSublinesMessage, kOkOnly, "CMS Requirement");

@@ -15,7 +15,8 @@ std::string CostCenterName(Currency lineNum);
 std::string CheckAGCostCenters();
 // AllCCs, GenSvcCCs, CapitalCCs and EmpBenCCs of Master from the chart: after B-1 is built and after each change.
 void Store_CC_Counts();
-// Revises the chart of an older report: lines 23.2 and 13.2.
+// Revises the chart of an older report, lines 23.2 and 13.2, and the counts. The worksheets follow by WorksheetFamily's
+// `fit`.
 void Upgrade_Chart();
 bool Chart_Needs_Upgrade();
 // Reports sublines of 12 to 14 where the fiscal year spans 10/1/2000, which the form forbids.

@@ -1,6 +1,5 @@
 #include "report/new_report.h"
 
-#include "common/dates.h"
 #include "common/platform.h"
 #include "common/text.h"
 #include "report/ag_option.h"
@@ -16,6 +15,7 @@
 #include "report/run_log.h"
 #include "report/store.h"
 #include "report/window.h"
+#include "report/worksheet_years.h"
 
 namespace tallmar {
 
@@ -23,54 +23,11 @@ namespace {
 
 constexpr std::string_view kLogPrefix = "NewCRF";
 
-bool Starts_Before_2000() {
-    return FYStart < kCostLimitsEnd;
-}
-bool Starts_With_S21() {
-    return FYStart >= kS21From;
-}
-
 // The worksheets of a new report, in the order of building. C Part II and the hospices come with what is entered.
-struct NewWorksheet {
-    const char* item;
-    bool (*belongs)() = nullptr;  // null: always
-};
-constexpr NewWorksheet kNewWorksheets[] = {
-    {"A"},
-    {"Sp2"},
-    {"S2"},
-    {"S21", Starts_With_S21},
-    {"S3p1"},
-    {"S3p2"},
-    {"S3p3"},
-    {"S3p4"},
-    {"A1", Starts_Before_2000},
-    {"A2", Starts_Before_2000},
-    {"A3", Starts_Before_2000},
-    {"A4"},
-    {"A5"},
-    {"A6pA"},
-    {"A6pB"},
-    {"A6pC"},
-    {"A7"},
-    {"A83p1", Starts_Before_2000},
-    {"A83p2", Starts_Before_2000},
-    {"A83p3", Starts_Before_2000},
-    {"A83p4", Starts_Before_2000},
-    {"A83p5", Starts_Before_2000},
-    {"B"},
-    {"B1"},
-    {"Cp1"},
-    {"Cp3"},
-    {"Cp4"},
-    {"Cp5"},
-    {"Dp1"},
-    {"Dp2"},
-    {"D1"},
-    {"F"},
-    {"F1"},
-    {"F2"},
-};
+constexpr const char* kNewWorksheets[] = {"A",     "Sp2",   "S2",    "S21",   "S3p1", "S3p2", "S3p3", "S3p4", "A1",
+                                          "A2",    "A3",    "A4",    "A5",    "A6pA", "A6pB", "A6pC", "A7",   "A83p1",
+                                          "A83p2", "A83p3", "A83p4", "A83p5", "B",    "B1",   "Cp1",  "Cp3",  "Cp4",
+                                          "Cp5",   "Dp1",   "Dp2",   "D1",    "F",    "F1",   "F2"};
 
 }  // namespace
 
@@ -86,9 +43,9 @@ void Assemble_CRF(const NewReportEntries& entries, const FiscalYear& year) {
     Build_Master();
     Build_HeaderLines();
     Build_CC();
-    for (const NewWorksheet& worksheet : kNewWorksheets) {
-        if (worksheet.belongs != nullptr && !worksheet.belongs()) continue;
-        Build_Worksheet_Reported(worksheet.item);
+    for (const char* item : kNewWorksheets) {
+        if (!Year_Has(item, FYStart)) continue;
+        Build_Worksheet_Reported(item);
         The_Platform().Do_Events();
     }
 }

@@ -183,16 +183,27 @@ std::string WorksheetName(std::string_view item) {
     return base;
 }
 
+namespace {
+
+bool Has_Registry_Row(std::string_view name) {
+    const Row row =
+        db.Read_Row(Sql("Select Count(*) As Cnt From Worksheets Where UCase([Item]) = ", Quoted(To_Upper(name)), ";"));
+    return row["Cnt"].To_Long() > 0;
+}
+
+}  // namespace
+
 bool TableExists(std::string_view name, bool inRegistry) {
     TableDefs tables = db.TableDefs();
     tables.Refresh();
     if (!tables.Has(name)) return false;
-    if (!inRegistry) return true;
-    const Row row =
-        db.Read_Row(Sql("Select Count(*) As Cnt From Worksheets Where UCase([Item]) = ", Quoted(To_Upper(name)), ";"));
-    if (row["Cnt"].To_Long() > 0) return true;
+    if (!inRegistry || Has_Registry_Row(name)) return true;
     tables.Delete(name);
     return false;
+}
+
+bool Is_Registered_Table(std::string_view name) {
+    return db.TableDefs().Has(name) && Has_Registry_Row(name);
 }
 
 std::vector<std::string> Read_Items(std::string_view select) {

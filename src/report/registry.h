@@ -22,6 +22,8 @@ std::string WorksheetName(std::string_view item);
 // True where the table is there, and with `inRegistry` registered. A table that should be registered and is not is
 // left over from an interrupted job: it is deleted, and the answer is False.
 bool TableExists(std::string_view name, bool inRegistry);
+// True where the table is there and registered, as a worksheet or as an internal table. Deletes nothing.
+bool Is_Registered_Table(std::string_view name);
 // The Items that a SELECT over the registry names, in its order.
 std::vector<std::string> Read_Items(std::string_view select);
 // Deletes a worksheet's table, where it is there, and its row of the registry.

@@ -6,6 +6,7 @@
 #include "common/platform.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
+#include "report/chart.h"
 #include "report/close_file.h"
 #include "report/code_lists.h"
 #include "report/master.h"
@@ -105,7 +106,7 @@ void Take_Path(const std::string& path) {
     CRFDir = Folder_Of(path);
 }
 
-bool Report_Open(const std::string& path) {
+bool Report_Open(const std::string& path, OpenFor use) {
     Platform& window = The_Platform();
     if (Report_Is_Open()) {
         if (window.Close_All_Forms()) return false;
@@ -130,6 +131,7 @@ bool Report_Open(const std::string& path) {
         }
         Expect_Backup();
         Upgrade_CRF();
+        if (use == OpenFor::Changing) Tell_Forbidden_Sublines();
     } catch (const std::exception& error) {
         return Refuse(Cannot_Open(error.what()));
     }

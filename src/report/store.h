@@ -1,6 +1,7 @@
 // The report file as a whole: open, save under another name, close. One report is open at a time, in `db`.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -8,10 +9,13 @@
 
 namespace tallmar {
 
+// What a report is opened for. One that is only read is not told what the form forbids.
+enum class OpenFor : std::uint8_t { Reading, Changing };
+
 // Opens the report at `path` and brings it to the present layout. False where the user kept the forms of another
 // report open, or the file cannot be used, another window having it open among the reasons: a box then names the file
 // and the trouble, the file is untouched, and no report is open.
-bool Report_Open(const std::string& path);
+bool Report_Open(const std::string& path, OpenFor use = OpenFor::Changing);
 // The same with the file dialog. False also when it was cancelled.
 bool Report_Open_Dialog();
 // Copies the open report to `path`, over what stands there, and goes on with the copy. CRFDir stays. False after the

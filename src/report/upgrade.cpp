@@ -1,10 +1,13 @@
 #include "report/upgrade.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <vector>
 
 #include "common/atomic_file.h"
-#include "common/dates.h"
 #include "common/db/sql_text.h"
+#include "common/text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"
 #include "report/backup.h"
@@ -15,6 +18,7 @@
 #include "report/paths.h"
 #include "report/registry.h"
 #include "report/step.h"
+#include "report/worksheet_years.h"
 
 namespace tallmar {
 
@@ -22,31 +26,64 @@ namespace {
 
 constexpr std::string_view kLogPrefix = "Junk";
 
-std::span<const UpgradeStep> worksheetSteps;
+// A piece of the chain that is due; `item` is what a failure is told of.
+struct Piece {
+    Item item;
+    std::function<void()> run;
+};
+using Pieces = std::vector<Piece>;
 
 bool Any_Row(std::string_view select) {
     return static_cast<bool>(db.Read_Row(select));
 }
 
-// Worksheets of the periods before 10/1/2000.
-constexpr std::string_view kOldWorksheets =
-    "SELECT Item FROM Worksheets WHERE Item In (\"A1\", \"A2\", \"A3\") Or Item Like \"A83*\";";
-
-bool Old_Worksheets_Are_Due() {
-    return FYStart >= kCostLimitsEnd && Any_Row(kOldWorksheets);
+Pieces Chart_Pieces() {
+    if (!Chart_Needs_Upgrade()) return {};
+    return {{"CostCenters", Upgrade_Chart}};
 }
 
-void Remove_Old_Worksheets() {
-    for (const std::string& item : Read_Items(kOldWorksheets)) Drop_Worksheet(item);
+// Without its dates a report has every worksheet that it has.
+bool Has_Year() {
+    return FYStart != Date{};
 }
 
-bool S21_Is_Due() {
-    return FYStart >= kS21From && Find_Family("S21") != nullptr &&
-           !Any_Row("SELECT Item FROM Worksheets WHERE Item=\"S21\";");
+// Worksheets that the fiscal year no longer has go, and so do tables of such a name without a row in the registry.
+Pieces Removal_Pieces() {
+    if (!Has_Year()) return {};
+    std::vector<std::string> items = Read_Items("SELECT Item FROM Worksheets ORDER BY Item;");
+    const TableDefs tables = db.TableDefs();
+    for (int i = 0; i < tables.Count(); ++i) items.push_back(tables.Item(i).Name());
+    Pieces pieces;
+    for (const std::string& item : items) {
+        const auto same = [&](const Piece& piece) { return Same_Text(piece.item.Name(), item); };
+        if (Year_Has(item, FYStart) || std::ranges::any_of(pieces, same)) continue;
+        pieces.push_back({item, [item] { Drop_Worksheet(item); }});
+    }
+    return pieces;
 }
 
-void Add_S21() {
-    Build_Worksheet("S21");
+// Worksheets whose table is not as the chart and the fiscal year ask for it.
+Pieces Layout_Pieces() {
+    Pieces pieces;
+    for (const Item item : Read_Items("SELECT Item FROM Worksheets ORDER BY Item;")) {
+        const WorksheetFamily* family = Find_Family(item);
+        if (family == nullptr || family->fits == nullptr || !db.TableDefs().Has(item.Name())) continue;
+        if (!family->fits(item)) pieces.push_back({item, [item, family] { family->fit(item); }});
+    }
+    return pieces;
+}
+
+// Worksheets that the fiscal year has and the report lacks.
+Pieces Missing_Pieces() {
+    if (!Has_Year()) return {};
+    Pieces pieces;
+    for (const std::string_view item : Yearly_Worksheets()) {
+        const Item missing{std::string(item)};
+        if (!Year_Has(item, FYStart) || Find_Family(missing) == nullptr) continue;
+        if (Any_Row(Sql("SELECT Item FROM Worksheets WHERE Item Like(\"", item, "*\");"))) continue;
+        pieces.push_back({missing, [missing] { Build_Worksheet(missing); }});
+    }
+    return pieces;
 }
 
 struct RegistryRepair {
@@ -78,7 +115,7 @@ std::vector<std::string> Misnamed_Worksheets() {
     return items;
 }
 
-bool Registry_Is_Due() {
+bool Registry_Is_Wrong() {
     for (const RegistryRepair& repair : kRegistryRepairs) {
         if (Any_Row(repair.wrong)) return true;
     }
@@ -97,29 +134,20 @@ void Repair_Registry() {
     }
 }
 
-constexpr UpgradeStep kFirstSteps[] = {
-    {"CostCenters", Chart_Needs_Upgrade, Upgrade_Chart},
-    {"A1", Old_Worksheets_Are_Due, Remove_Old_Worksheets},
-};
-constexpr UpgradeStep kLastSteps[] = {
-    {"S21", S21_Is_Due, Add_S21},
-    {"Worksheets", Registry_Is_Due, Repair_Registry},
-};
-
-template <class Visitor>
-void For_Each_Step(Visitor visit) {
-    for (const std::span<const UpgradeStep> steps :
-         {std::span<const UpgradeStep>(kFirstSteps), worksheetSteps, std::span<const UpgradeStep>(kLastSteps)}) {
-        for (const UpgradeStep& step : steps) visit(step);
-    }
+Pieces Registry_Pieces() {
+    if (!Registry_Is_Wrong()) return {};
+    return {{"Worksheets", Repair_Registry}};
 }
 
+// The steps in their order. Each looks at what those before it have done, and only reads.
+constexpr Pieces (*kSteps[])() = {Chart_Pieces, Removal_Pieces, Layout_Pieces, Missing_Pieces, Registry_Pieces};
+
 // A step that cannot be judged, for want of a table, has nothing to bring up to date.
-bool Is_Needed(const UpgradeStep& step) {
+Pieces Due(Pieces (*step)()) {
     try {
-        return step.needed();
+        return step();
     } catch (const DbError&) {
-        return false;
+        return {};
     }
 }
 
@@ -132,33 +160,27 @@ void Keep_Old_File() {
 
 }  // namespace
 
-void Install_Upgrade_Steps(std::span<const UpgradeStep> steps) {
-    worksheetSteps = steps;
-}
-
 bool CRF_Needs_Upgrade() {
-    bool needed = false;
-    For_Each_Step([&](const UpgradeStep& step) { needed = needed || Is_Needed(step); });
-    return needed;
+    return std::ranges::any_of(kSteps, [](auto* step) { return !Due(step).empty(); });
 }
 
 void Upgrade_CRF() {
-    if (db.Is_Read_Only() || !CRF_Needs_Upgrade()) {
-        Tell_Forbidden_Sublines();
-        return;
-    }
+    if (db.Is_Read_Only() || !CRF_Needs_Upgrade()) return;
     Keep_Old_File();
     Keep_Backup();
     Job job(db);
     Start_Msg_Log(kLogPrefix);
-    Tell_Forbidden_Sublines();
-    For_Each_Step([](const UpgradeStep& step) {
-        Run_Step(step.name, [&] {
-            if (Is_Needed(step)) step.run();
-        });
-    });
+    for (auto* step : kSteps) {
+        for (const Piece& piece : Due(step)) Run_Step(piece.item, piece.run);
+    }
     job.Commit();
     End_Msg_Log(kLogPrefix);
+}
+
+void Follow_Fiscal_Year() {
+    for (auto* step : kSteps) {
+        for (const Piece& piece : Due(step)) piece.run();
+    }
 }
 
 }  // namespace tallmar

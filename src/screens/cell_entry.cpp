@@ -12,6 +12,7 @@
 #include "common/platform.h"
 #include "common/worksheets.h"
 #include "report/open_report.h"
+#include "report/registry.h"
 #include "screens/cell_check.h"
 #include "screens/cell_place.h"
 
@@ -243,7 +244,8 @@ class Batch {
 void Batch::Enter_Worksheet(std::span<const std::size_t> order, std::span<const ResolvedLine> lines) {
     const Item item(cells_[order.front()].item);
     const WorksheetFamily* family = Find_Family(item);
-    if (family == nullptr || !db.TableDefs().Has(item.Name())) return Refuse_All(order, kUnknownWorksheet, item.Name());
+    if (family == nullptr || !Is_Registered_Table(item.Name()))
+        return Refuse_All(order, kUnknownWorksheet, item.Name());
     if (family->edit == nullptr) return Refuse_All(order, kNoEditForm, item.Name());
     OpenForm form(*family->edit, item);
     const bool hasLines = !family->edit->order.empty();

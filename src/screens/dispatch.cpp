@@ -114,7 +114,7 @@ const FormDescription* Form_Of(FormMode mode, const Item& item) {
 
 const FormDescription* Form_To_Open(FormMode mode, const Item& item) {
     const FormDescription* form = Form_Of(mode, item);
-    if (form == nullptr || !db.Is_Open() || !db.TableDefs().Has(Form_Table(*form, item))) return nullptr;
+    if (form == nullptr || !db.Is_Open() || !Is_Registered_Table(Form_Table(*form, item))) return nullptr;
     return form;
 }
 

@@ -5,6 +5,7 @@
 
 #include "calc/sync_cp2.h"
 #include "common/db/sql_text.h"
+#include "report/open_report.h"
 #include "report/registry.h"
 #include "support/report_fixture.h"
 
@@ -208,6 +209,42 @@ TEST(WorksheetCPartII, RemovingACodeDropsItsInstanceAtTheNextCalculation) {
     EXPECT_EQ(r.Read("SELECT Count(*) FROM Worksheets WHERE Item Like(\"Cp2*\");").To_Long(), 1);
     EXPECT_CELL("Cp4", 17, 3, 0);
     EXPECT_CELL("S3p3", 28, 1, "1");
+}
+
+TEST(WorksheetCPartII, AYearThatComesToSpanTheDateGetsBothSidesWithWhatWasKeyed) {
+    Report r(kEndsInTheLimits);
+    List_MSA(r, "29", "0040");
+    r.Cell("Cp2m0040", 1, 5, 60.0);
+    r.Cell("Cp2m0040", 1, 7, 3.0);
+    r.Cell("Cp2m0040", 8, 4, 95.25);
+    EXPECT_TRUE(Cp2_Fits_Period("Cp2m0040"));
+    FYEnd = Date_Of(2000, 10, 1);
+    EXPECT_FALSE(Cp2_Fits_Period("Cp2m0040"));
+    Fit_Cp2("Cp2m0040");
+    EXPECT_TRUE(Cp2_Fits_Period("Cp2m0040"));
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM Cp2m0040;"), Value(20));
+    EXPECT_CELL("Cp2m0040", 1, "Description", "Skilled Nursing - pre 10/1/2000");
+    EXPECT_CELL("Cp2m0040", 1, 5, 60.0);
+    EXPECT_CELL("Cp2m0040", 1, 7, 3.0);
+    EXPECT_CELL("Cp2m0040", 1, 10, Null);
+    EXPECT_CELL("Cp2m0040", 1.01, 5, 0.0);
+    EXPECT_CELL("Cp2m0040", 8, 4, 95.25);
+}
+
+TEST(WorksheetCPartII, AYearThatNoLongerSpansTheDateCountsBothSidesAsOne) {
+    Report r(kShortestSplit);
+    List_CBSA(r, "29", "16580");
+    r.Cell("Cp2c16580", 1, 5, 60.0);
+    r.Cell("Cp2c16580", 1.01, 5, 40.0);
+    r.Cell("Cp2c16580", 6.01, 6, 7.0);
+    FYStart = Date_Of(2000, 10, 1);
+    FYEnd = Date_Of(2001, 9, 30);
+    Fit_Cp2("Cp2c16580");
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM Cp2c16580;"), Value(14));
+    EXPECT_CELL("Cp2c16580", 1, "Description", "Skilled Nursing");
+    EXPECT_CELL("Cp2c16580", 1, 5, 100.0);
+    EXPECT_CELL("Cp2c16580", 6, 6, 7.0);
+    EXPECT_CELL("Cp2c16580", 2, 5, 0.0);
 }
 
 TEST(WorksheetCPartIII, RowsComeFromTheChart) {

@@ -86,6 +86,14 @@ TEST_F(EnterCommand, AWorksheetThatThisReportHasNotIsRefused) {
     }
 }
 
+TEST_F(EnterCommand, ATableWithoutARowInTheRegistryIsNoWorksheet) {
+    Sql("SELECT LineNum, CCName, Col_1 INTO A1 FROM A");
+    Sql("DELETE FROM Worksheets WHERE Item=\"A7\"");
+    EXPECT_EQ(Refuse("A1,6,Col_1,5\nA7,1,Col_2,5\n"),
+              "line 1: Unknown Worksheet: The report has no worksheet 'A1'.\n"
+              "line 2: Unknown Worksheet: The report has no worksheet 'A7'.\n");
+}
+
 TEST_F(EnterCommand, AWarningIsTheFormsAndTheRoundedEntryIsKept) {
     const Ran ran = Run_Tallmar({"enter", crf}, "A,6,Col_1,12.5\n");
     EXPECT_EQ(ran.status, kExitDone);

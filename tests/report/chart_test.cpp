@@ -147,24 +147,24 @@ TEST_F(ChartTest, UpgradeOffersTelemedicineOnce) {
     EXPECT_EQ(Count("CostCenters WHERE LineNum=23.2"), 0);
 }
 
-TEST_F(ChartTest, UpgradeAddsTheVaccineLineToTheWorksheets) {
+TEST_F(ChartTest, UpgradeAddsTheVaccineLineAndCountsIt) {
     Build_CC();
     db.Execute("DELETE * FROM CostCenters WHERE LineNum=13.2;");
-    db.Execute(
-        "CREATE TABLE A (LineNum Currency, CCNum Currency, CCGroup Integer, CCName Text(40), Col_1 Currency, Col_3 "
-        "Currency, Col_5 Currency, Col_6 Currency, Col_7 Currency, Col_8 Currency, Col_9 Currency, Col_10 Currency);");
-    db.Execute(
-        "CREATE TABLE B1 (LineNum Currency, CCNum Currency, CCName Text(40), CCType Text(1), LineType Text(1));");
-    Edit_Worksheets("A", "Make", 4);
-    Edit_Worksheets("B1", "Make", 5);
+    Store_CC_Counts();
+    ASSERT_EQ(Read("SELECT AllCCs FROM Master;"), Value(24));
+    EXPECT_TRUE(Chart_Needs_Upgrade());
     Upgrade_Chart();
     EXPECT_EQ(Read("SELECT MaxLines FROM CostCenters WHERE LineNum=13.2;"), Value(0));
-    const Row row = db.Read_Row("SELECT * FROM A WHERE LineNum=13.2;");
-    EXPECT_EQ(row["CCGroup"], Value(1320));
-    EXPECT_TRUE(row["Col_1"].Is_Null());
-    EXPECT_EQ(row["Col_10"], Value(0_cur));
-    EXPECT_EQ(Read("SELECT CCName FROM B1 WHERE LineNum=13.2;"), Value("Cost of Administering Vaccines"));
+    EXPECT_EQ(Read("SELECT AllCCs FROM Master;"), Value(25));
     EXPECT_FALSE(Chart_Needs_Upgrade());
+}
+
+TEST_F(ChartTest, UpgradeLeavesTheVaccineLineToYearsThatHaveIt) {
+    FYEnd = Date_Of(2007, 1, 30);
+    Build_CC();
+    EXPECT_FALSE(Chart_Needs_Upgrade());
+    FYEnd = Date_Of(2007, 1, 31);
+    EXPECT_TRUE(Chart_Needs_Upgrade());
 }
 
 TEST_F(ChartTest, SublinesOf12To14AreForbiddenAcrossTheLimitsEnd) {

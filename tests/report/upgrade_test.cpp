@@ -14,20 +14,35 @@ constexpr WorksheetFamily kFamilies[] = {{"A1", 0, Build_Plain, nullptr, nullptr
                                          {"A83p1", 0, Build_Plain, nullptr, nullptr, nullptr},
                                          {"S21", 0, Build_Plain, nullptr, nullptr, nullptr}};
 
-bool slotIsDue = false;
-bool Slot_Is_Due() {
-    return slotIsDue;
+// Worksheets with a layout of their own, which may not be the present one.
+bool layoutIsPresent = true;
+bool Layout_Is_Present(const Item&) {
+    return layoutIsPresent;
 }
-void Run_Slot() {
-    slotIsDue = false;
+void Bring_Layout(const Item&) {
+    layoutIsPresent = true;
 }
-void Fail_Slot() {
+void Fail_Layout(const Item&) {
     db.Execute("UPDATE NoSuchTable SET Col_1=0;");
 }
+constexpr WorksheetFamily kWithLayout[] = {
+    {"Cp3", 0, Build_Plain, nullptr, nullptr, nullptr, Layout_Is_Present, Bring_Layout}};
+constexpr WorksheetFamily kWithFailingLayout[] = {
+    {"Cp3", 0, Build_Plain, nullptr, nullptr, nullptr, Layout_Is_Present, Fail_Layout}};
 
 class UpgradeTest : public ReportTest {
   protected:
     UpgradeTest() { Install_Catalogue(kFamilies); }
+    ~UpgradeTest() override { layoutIsPresent = true; }
+    // The report moved to a year that starts then, behind the program's back, and opened again.
+    void Reopen_With_Start(const char* start) {
+        db.Execute(Sql("UPDATE Master SET FYStart=#", start, "#;"));
+        Report_Release();
+        ASSERT_TRUE(Report_Open(report));
+    }
+    static std::string Yearly() {
+        return Column("SELECT Item FROM Worksheets WHERE Item Like \"A*\" Or Item=\"S21\" ORDER BY Item;");
+    }
     std::string report = folder.File("Agency.CRF");
 };
 
@@ -92,28 +107,83 @@ TEST_F(UpgradeTest, MissingDisplayNamesAreAdded) {
     EXPECT_EQ(db.TableDefs().Item("Worksheets").Shape().Find_Field("ItemName")->size, 100);
 }
 
-TEST_F(UpgradeTest, StepsOfWorksheetsRunWhenTheyAreDue) {
+TEST_F(UpgradeTest, ALayoutIsBroughtUpToDateWhenItIsNotThePresentOne) {
+    Install_Catalogue(kWithLayout);
     New_Report();
-    static constexpr UpgradeStep kSteps[] = {{"Cp3", Slot_Is_Due, Run_Slot}};
-    Install_Upgrade_Steps(kSteps);
-    slotIsDue = true;
+    EXPECT_FALSE(CRF_Needs_Upgrade());
+    layoutIsPresent = false;
     EXPECT_TRUE(CRF_Needs_Upgrade());
     Upgrade_CRF();
-    EXPECT_FALSE(slotIsDue);
+    EXPECT_TRUE(layoutIsPresent);
 }
 
 TEST_F(UpgradeTest, FailedStepIsListedAndTheOthersRun) {
+    Install_Catalogue(kWithFailingLayout);
     New_Report();
-    static constexpr UpgradeStep kSteps[] = {{"Cp3", Slot_Is_Due, Fail_Slot}};
-    Install_Upgrade_Steps(kSteps);
-    slotIsDue = true;
+    layoutIsPresent = false;
     db.Execute("UPDATE Worksheets SET Calc_Lvl=0 WHERE Item=\"Worksheets\";");
     Upgrade_CRF();
     ASSERT_EQ(platform.batches.size(), 1u);
     EXPECT_EQ(platform.batches[0].rows[0].form, "Cp3");
     EXPECT_EQ(platform.batches[0].rows[0].level, "E");
     EXPECT_EQ(Read("SELECT Calc_Lvl FROM Worksheets WHERE Item=\"Worksheets\";"), Value(999));
-    slotIsDue = false;
+}
+
+TEST_F(UpgradeTest, AYearThatMovesBackGetsItsWorksheets) {
+    New_Report(Date_Of(2000, 10, 1), Date_Of(2001, 9, 30));
+    EXPECT_EQ(Yearly(), "");
+    Reopen_With_Start("9/30/2000");
+    EXPECT_EQ(Yearly(), "A1 A83p1");
+    EXPECT_FALSE(CRF_Needs_Upgrade());
+}
+
+TEST_F(UpgradeTest, S21GoesFromAYearBeforeIt) {
+    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30));
+    EXPECT_EQ(Yearly(), "S21");
+    Reopen_With_Start("9/30/2015");
+    EXPECT_EQ(Yearly(), "");
+    EXPECT_FALSE(TableExists("S21", false));
+}
+
+TEST_F(UpgradeTest, OldWorksheetsWithoutARowInTheRegistryGoToo) {
+    New_Report();
+    for (const char* table : {"A1", "a2", "A83p4P", "A8"})
+        db.Execute(Sql("CREATE TABLE ", table, " (LineNum Currency);"));
+    Report_Release();
+    ASSERT_TRUE(Report_Open(report));
+    for (const char* table : {"A1", "A2", "A83p4P"}) EXPECT_FALSE(TableExists(table, false)) << table;
+    EXPECT_TRUE(TableExists("A8", false)) << "no worksheet of another year";
+}
+
+TEST_F(UpgradeTest, ATableWithoutARowInTheRegistryIsMadeAnewWhereTheYearHasIt) {
+    New_Report(Date_Of(2000, 9, 30), Date_Of(2001, 9, 29));
+    db.Execute("INSERT INTO A1 (LineNum) VALUES (5);");
+    db.Execute("DELETE FROM Worksheets WHERE Item=\"A1\";");
+    Report_Release();
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_TRUE(TableExists("A1", true));
+    EXPECT_EQ(Count("A1"), 0);
+}
+
+TEST_F(UpgradeTest, AReportWithoutItsDatesKeepsItsWorksheets) {
+    New_Report();
+    db.Execute("UPDATE Master SET FYStart=Null;");
+    Report_Release();
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(Yearly(), "S21");
+}
+
+TEST_F(UpgradeTest, ForbiddenSublinesAreToldOnceAnOpeningAndNotToAReader) {
+    New_Report(Date_Of(2000, 1, 1), Date_Of(2000, 12, 31));
+    db.Execute("INSERT INTO CostCenters (LineNum,CCNum,CCType) VALUES (12.01,12.01,'A');");
+    // A step is due as well: the box comes all the same.
+    db.Execute("UPDATE Worksheets SET Calc_Lvl=0 WHERE Item=\"Worksheets\";");
+    Report_Release();
+    platform.Expect_Box_Starting("CMS Requirement", "Cost centers 12, 13 and 14 are not allowed to be subscripted");
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_TRUE(platform.batches.empty());
+    Report_Release();
+    EXPECT_TRUE(Report_Open(report, OpenFor::Reading));
 }
 
 TEST_F(UpgradeTest, ReadOnlyReportIsOpenedAsItIs) {

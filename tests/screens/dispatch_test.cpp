@@ -84,6 +84,16 @@ TEST(FormToOpenTest, NeedsTheFormsTableInTheReport) {
     EXPECT_EQ(Unknown_Worksheet(FormMode::View, "Z9"), "Unknown worksheet requested (Z9) for view");
 }
 
+TEST(FormToOpenTest, ATableThatIsNotRegisteredIsNoWorksheet) {
+    Report r(fy2016);
+    r.Execute("SELECT LineNum, CCName, Col_1 INTO A1 FROM A;");
+    EXPECT_EQ(Form_To_Open(FormMode::Edit, "A1"), nullptr);
+    EXPECT_EQ(Form_To_Open(FormMode::View, "A1"), nullptr);
+    EXPECT_TRUE(TableExists("A1", false)) << "asking for a form deletes nothing";
+    r.Execute("DELETE FROM Worksheets WHERE Item=\"A7\";");
+    EXPECT_EQ(Form_To_Open(FormMode::Edit, "A7"), nullptr);
+}
+
 TEST(NextWorksheetTest, WalksDisplayNamesInEditMode) {
     Report r(fy2016);
     EXPECT_EQ(Walk(FormMode::Edit, "A"),

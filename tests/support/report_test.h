@@ -31,7 +31,6 @@ class ReportTest : public ::testing::Test {
         MsgLogPrefix.clear();
         AGOption = 0;
         Install_Catalogue({});
-        Install_Upgrade_Steps({});
     }
 
     // An empty database in `db`, in memory.
