@@ -6,34 +6,78 @@
 #include "report/backup.h"
 #include "report/open_report.h"
 #include "report/store.h"
+#include "report/upgrade.h"
+#include "report/worksheet_years.h"
 
 namespace tallmar {
 
 namespace {
 
+constexpr std::string_view kNone = "none";
+
 std::string Long_Date(Date date) {
-    return Format(Value(date), "mm/dd/yyyy");
+    return Format(Value(date), kStoredDates);
 }
 
-void Store_Identity(const NewReportEntries& entries, const FiscalYear& year) {
-    Keep_Backup();
-    Job job(db);
-    db.Execute(Sql("UPDATE S2 SET Col_1 = ", Quoted(entries.facilityName), ", Col_2 = ", Quoted(entries.providerNumber),
-                   " WHERE LineNum=2;"));
+void Write_Identity(const Identity& identity) {
+    const FiscalYear& year = identity.year;
+    db.Execute(Sql("UPDATE S2 SET Col_1 = ", Quoted(identity.facilityName),
+                   ", Col_2 = ", Quoted(identity.providerNumber), " WHERE LineNum=2;"));
     db.Execute(Sql("UPDATE S2 SET Col_1 = \"", Long_Date(year.start), "\", Col_2 = \"", Long_Date(year.end),
                    "\" WHERE LineNum=7;"));
     db.Execute(Sql("UPDATE Master SET BuildDate = ", Date_Literal(The_Platform().Now()),
-                   ", ProviderNumber = ", Quoted(entries.providerNumber), ", FYStart = ", Date_Literal(year.start),
-                   ", FYEnd = ", Date_Literal(year.end), ", ProviderName = ", Quoted(entries.facilityName), ";"));
-    job.Commit();
-    FormNum = "1728";
-    FYStart = year.start;
-    FYEnd = year.end;
-    ProviderNumber = entries.providerNumber;
-    ProviderName = entries.facilityName;
+                   ", ProviderNumber = ", Quoted(identity.providerNumber), ", FYStart = ", Date_Literal(year.start),
+                   ", FYEnd = ", Date_Literal(year.end), ", ProviderName = ", Quoted(identity.facilityName), ";"));
+}
+
+void Take_Identity(const Identity& identity) {
+    FYStart = identity.year.start;
+    FYEnd = identity.year.end;
+    ProviderNumber = identity.providerNumber;
+    ProviderName = identity.facilityName;
+}
+
+EntryField Check_Edit_Key(NewReportEntries& entries, Identity& identity) {
+    FiscalYear year;
+    const EntryField failed = Check_Entries(entries, kEditKeyDates, year);
+    if (failed != EntryField::None) return failed;
+    if (const std::string question = Change_Of_Year_Question(year.start); !question.empty()) {
+        const Answer answer = The_Platform().Message_Box(question, kChangeOfYearButtons, kChangeOfYearTitle);
+        if (answer != Answer::Yes) return EntryField::Start;
+    }
+    identity = {.providerNumber = entries.providerNumber, .facilityName = entries.facilityName, .year = year};
+    return EntryField::None;
 }
 
 }  // namespace
+
+Identity Present_Identity() {
+    return {.providerNumber = ProviderNumber, .facilityName = ProviderName, .year = {FYStart, FYEnd}};
+}
+
+std::string Change_Of_Year_Question(Date start) {
+    const YearMove move = Move_Year(FYStart, start);
+    if (!move) return {};
+    return Sql("The new fiscal year uses other worksheets: ", move.added.empty() ? kNone : move.added,
+               "; no longer used: ", move.removed.empty() ? kNone : move.removed, ".  Do you wish to continue?");
+}
+
+void Store_Identity(const Identity& identity) {
+    Keep_Backup();
+    const Identity before = Present_Identity();
+    Job job(db);
+    try {
+        Write_Identity(identity);
+        Take_Identity(identity);
+        Follow_Fiscal_Year();
+        job.Commit();
+    } catch (...) {
+        Take_Identity(before);
+        job.Roll_Back();
+        throw;
+    }
+    FormNum = "1728";
+}
 
 NewReportEntries Load_Edit_Key() {
     return {.formNum = FormNum,
@@ -44,24 +88,24 @@ NewReportEntries Load_Edit_Key() {
 }
 
 EntryField Save_Edit_Key(NewReportEntries& entries) {
-    FiscalYear year;
-    const EntryField failed = Check_Entries(entries, kEditKeyDates, year);
-    if (failed == EntryField::None) Store_Identity(entries, year);
+    Identity identity;
+    const EntryField failed = Check_Edit_Key(entries, identity);
+    if (failed == EntryField::None) Store_Identity(identity);
     return failed;
 }
 
 bool Save_Edit_Key_As(NewReportEntries& entries, const std::string& path) {
-    FiscalYear year;
-    if (Check_Entries(entries, kEditKeyDates, year) != EntryField::None || !Report_Save_As(path)) return false;
-    Store_Identity(entries, year);
+    Identity identity;
+    if (Check_Edit_Key(entries, identity) != EntryField::None || !Report_Save_As(path)) return false;
+    Store_Identity(identity);
     return true;
 }
 
 bool Save_Edit_Key_As_Dialog(NewReportEntries& entries, EntryField& failed) {
-    FiscalYear year;
-    failed = Check_Entries(entries, kEditKeyDates, year);
+    Identity identity;
+    failed = Check_Edit_Key(entries, identity);
     if (failed != EntryField::None || !Report_Save_As_Dialog()) return false;
-    Store_Identity(entries, year);
+    Store_Identity(identity);
     return true;
 }
 

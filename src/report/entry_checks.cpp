@@ -14,43 +14,38 @@ namespace tallmar {
 
 namespace {
 
-struct Box {
-    bool beep;
-    int buttons;
-    std::string_view title, text;
-};
-
-constexpr Box kSixDigits = {true, kOkOnly, kProgramTitle,
-                            "You have entered an invalid Provider Number!\rProvider number must be 6 numeric digits."};
-constexpr Box kSixDigitsInEditor = {
+constexpr EntryBox kSixDigits = {
+    true, kOkOnly, kProgramTitle,
+    "You have entered an invalid Provider Number!\rProvider number must be 6 numeric digits."};
+constexpr EntryBox kSixDigitsInEditor = {
     true, kOkOnly, kProgramTitle,
     "You have entered an invalid Provider Number!\rProvider number must be 6 digits and non-alpha numeric!"};
-constexpr Box kProviderNumber = {true, kExclamation, "Error: Invalid Provider Number",
-                                 "Provider Number is not valid.  Please (re-)enter one."};
-constexpr Box kStartDate = {true, kExclamation, "Error: Invalid Fiscal Year Start Date",
-                            "Fiscal Year Start date is not a valid date.  Please (re-)enter one."};
-constexpr Box kEndDate = {true, kExclamation, "Error: Invalid Fiscal Year End Date",
-                          "Fiscal Year End date is not a valid date.  Please (re-)enter one."};
-constexpr Box kLeaveStartDate = {true, kExclamation, "Error: Invalid Fiscal Year Start Date",
-                                 "Fiscal Year Start date is not a valid date."};
-constexpr Box kLeaveEndDate = {true, kExclamation, "Error: Invalid Fiscal Year End Date",
-                               "Fiscal Year End date is not a valid date."};
-constexpr Box kSequence = {false, kExclamation, "Error: Invalid Dates",
-                           "Invalid sequence of dates -- FY End preceeds FY Start."};
-constexpr Box kLongYear = {
+constexpr EntryBox kProviderNumber = {true, kExclamation, "Error: Invalid Provider Number",
+                                      "Provider Number is not valid.  Please (re-)enter one."};
+constexpr EntryBox kStartDate = {true, kExclamation, "Error: Invalid Fiscal Year Start Date",
+                                 "Fiscal Year Start date is not a valid date.  Please (re-)enter one."};
+constexpr EntryBox kEndDate = {true, kExclamation, "Error: Invalid Fiscal Year End Date",
+                               "Fiscal Year End date is not a valid date.  Please (re-)enter one."};
+constexpr EntryBox kLeaveStartDate = {true, kExclamation, "Error: Invalid Fiscal Year Start Date",
+                                      "Fiscal Year Start date is not a valid date."};
+constexpr EntryBox kLeaveEndDate = {true, kExclamation, "Error: Invalid Fiscal Year End Date",
+                                    "Fiscal Year End date is not a valid date."};
+constexpr EntryBox kSequence = {false, kExclamation, "Error: Invalid Dates",
+                                "Invalid sequence of dates -- FY End preceeds FY Start."};
+constexpr EntryBox kLongYear = {
     true, kYesNo | kExclamation, "Warning: Dates Span More Than One Fiscal Year",
     "The F/Y Start and F/Y End dates entered span more than one fiscal year.  Click on the 'Yes' button to verify that "
     "this is what you intended.  Or, click on the 'No' button to return to the form to alter one or both of the "
     "dates."};
-constexpr Box kFacilityName = {true, kExclamation, "Error: Invalid Facility Name",
-                               "Facility Name must be at least 8 characters.  Please (re-)enter."};
-constexpr Box kLongFacilityName = {true, kExclamation, "Error: Invalid Facility Name",
-                                   "Facility Name must be at most 36 characters.  Please (re-)enter."};
+constexpr EntryBox kFacilityName = {true, kExclamation, "Error: Invalid Facility Name",
+                                    "Facility Name must be at least 8 characters.  Please (re-)enter."};
+constexpr EntryBox kLongFacilityName = {true, kExclamation, "Error: Invalid Facility Name",
+                                        "Facility Name must be at most 36 characters.  Please (re-)enter."};
 
 constexpr std::size_t kShortestName = 8, kLongestName = 36;
 constexpr int kLongestYear = 365;
 
-Answer Show(const Box& box) {
+Answer Show(const EntryBox& box) {
     if (box.beep) The_Platform().Beep();
     return The_Platform().Message_Box(box.text, box.buttons, box.title);
 }
@@ -62,22 +57,6 @@ bool Is_Digits(std::string_view text) {
 bool Has_Six_Digits(std::string_view providerNumber) {
     const std::string rest = Replace(providerNumber, "-", "");
     return rest.size() == 6 && Is_Digits(rest);
-}
-
-bool Check_Provider_Number(std::string& providerNumber) {
-    if (!Has_Six_Digits(providerNumber)) {
-        Show(kSixDigits);
-        return false;
-    }
-    const std::string rest = Replace(providerNumber, "-", "");
-    providerNumber = rest.substr(0, 2) + "-" + rest.substr(2);
-    const std::string state = providerNumber.substr(0, 2);
-    if (providerNumber.size() == 7 && providerNumber[2] == '-' && Is_Digits(providerNumber.substr(3)) &&
-        (Is_Digits(state) || state == "HO")) {
-        return true;
-    }
-    Show(kProviderNumber);
-    return false;
 }
 
 std::string Shown(Date date, const char* dateFormat) {
@@ -94,40 +73,69 @@ std::optional<Date> Day_Of(std::string_view text) {
     return date;
 }
 
-EntryField Check_Dates(NewReportEntries& entries, const char* dateFormat, FiscalYear& year) {
-    const std::optional<Date> start = Day_Of(entries.fyStart);
-    if (!start) {
-        Show(kStartDate);
-        return EntryField::Start;
-    }
-    entries.fyStart = Shown(*start, dateFormat);
-    std::optional<Date> end = Day_Of(entries.fyEnd);
-    if (!end && !entries.fyEnd.empty()) {
-        Show(kEndDate);
-        return EntryField::End;
-    }
-    if (!end) end = Year_End(*start);
-    entries.fyEnd = Shown(*end, dateFormat);
+bool Refused(const EntryBox* box) {
+    if (box == nullptr) return false;
+    Show(*box);
+    return true;
+}
 
-    const double days = end->serial - start->serial;
-    if (days <= 0) {
-        Show(kSequence);
-        return EntryField::End;
-    }
-    if (days > kLongestYear && Show(kLongYear) != Answer::Yes) return EntryField::End;
-    year = {*start, *end};
+EntryField Check_Dates(NewReportEntries& entries, const char* dateFormat, FiscalYear& year) {
+    FiscalYear typed;
+    if (Refused(Check_FYStart(entries.fyStart, dateFormat, typed.start))) return EntryField::Start;
+    if (Refused(Check_FYEnd(entries.fyEnd, dateFormat, typed.start, typed.end))) return EntryField::End;
+    if (Refused(Check_Sequence(typed))) return EntryField::End;
+    const EntryBox* question = Long_Year_Question(typed);
+    if (question != nullptr && Show(*question) != Answer::Yes) return EntryField::End;
+    year = typed;
     return EntryField::None;
 }
 
 }  // namespace
 
+const EntryBox* Check_Provider_Number(std::string& providerNumber) {
+    if (!Has_Six_Digits(providerNumber)) return &kSixDigits;
+    const std::string rest = Replace(providerNumber, "-", "");
+    providerNumber = rest.substr(0, 2) + "-" + rest.substr(2);
+    const std::string state = providerNumber.substr(0, 2);
+    const bool isValid = providerNumber.size() == 7 && providerNumber[2] == '-' &&
+                         Is_Digits(providerNumber.substr(3)) && (Is_Digits(state) || state == "HO");
+    return isValid ? nullptr : &kProviderNumber;
+}
+
+const EntryBox* Check_FYStart(std::string& fyStart, const char* dateFormat, Date& start) {
+    const std::optional<Date> day = Day_Of(fyStart);
+    if (!day) return &kStartDate;
+    start = *day;
+    fyStart = Shown(start, dateFormat);
+    return nullptr;
+}
+
+const EntryBox* Check_FYEnd(std::string& fyEnd, const char* dateFormat, Date start, Date& end) {
+    const std::optional<Date> day = Day_Of(fyEnd);
+    if (!day && !fyEnd.empty()) return &kEndDate;
+    end = day ? *day : Year_End(start);
+    fyEnd = Shown(end, dateFormat);
+    return nullptr;
+}
+
+const EntryBox* Check_Sequence(const FiscalYear& year) {
+    return year.end.serial - year.start.serial <= 0 ? &kSequence : nullptr;
+}
+
+const EntryBox* Long_Year_Question(const FiscalYear& year) {
+    return year.end.serial - year.start.serial > kLongestYear ? &kLongYear : nullptr;
+}
+
+const EntryBox* Check_Facility_Name(std::string_view name) {
+    const std::size_t length = Length(name);
+    if (length < kShortestName) return &kFacilityName;
+    return length > kLongestName ? &kLongFacilityName : nullptr;
+}
+
 EntryField Check_Entries(NewReportEntries& entries, const char* dateFormat, FiscalYear& year) {
-    if (!Check_Provider_Number(entries.providerNumber)) return EntryField::Provider;
+    if (Refused(Check_Provider_Number(entries.providerNumber))) return EntryField::Provider;
     if (const EntryField field = Check_Dates(entries, dateFormat, year); field != EntryField::None) return field;
-    const std::size_t length = Length(entries.facilityName);
-    if (length >= kShortestName && length <= kLongestName) return EntryField::None;
-    Show(length < kShortestName ? kFacilityName : kLongFacilityName);
-    return EntryField::Name;
+    return Refused(Check_Facility_Name(entries.facilityName)) ? EntryField::Name : EntryField::None;
 }
 
 bool Leave_FYStart(NewReportEntries& entries, const char* dateFormat) {

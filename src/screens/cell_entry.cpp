@@ -167,12 +167,14 @@ CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
         separator = ", ";
     }
     try {
+        const bool isStored = form_.storeRow != nullptr && form_.storeRow(row_);
         if (!row_.Exists()) {
             const std::string_view comma = form_.newRow.fields.empty() ? "" : ", ";
             db.Execute(Sql("INSERT INTO ", table_, " (LineNum", comma, form_.newRow.fields, ") VALUES (", row_.Line(),
                            comma, form_.newRow.values, ");"));
         }
-        if (db.Execute(Sql(update, Where_Line(form_, row_.Line()), ";")) == 0) return Refused(kNotStored, kLineGone);
+        if (!isStored && db.Execute(Sql(update, Where_Line(form_, row_.Line()), ";")) == 0)
+            return Refused(kNotStored, kLineGone);
     } catch (const DbError& error) {
         return Refused(kNotStored, error.Description());
     }

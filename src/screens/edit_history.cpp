@@ -72,6 +72,7 @@ std::vector<TableState> Read_Sides(std::span<const SideTable> sides, Currency li
     if (sides.empty()) return states;
     const TableDefs tables = db.TableDefs();
     for (const SideTable& side : sides) {
+        if (side.ofLine != Currency() && side.ofLine != line) continue;
         const std::string where = side.rowField.empty() ? "" : Sql(side.rowField, " = ", line);
         const std::string name(side.tables.Text());
         if (name.find_first_of("*?#") == std::string::npos) {

@@ -8,6 +8,7 @@
 #include "screens/answer_cells.h"
 #include "screens/cell_check.h"
 #include "screens/forms.h"
+#include "screens/identity_cells.h"
 
 namespace tallmar {
 
@@ -54,6 +55,12 @@ constexpr std::array kAnswers{
     AnswerCell{29.03_cur, 29.03_cur, 2, AnswerKind::State},
     AnswerCell{29.03_cur, 29.03_cur, 3, AnswerKind::Zip},
 };
+
+// What a fiscal year that moves takes away with its data.
+constexpr std::array kYearlyWorksheets{
+    SideTable{.tables = "A1", .ofLine = 7_cur}, SideTable{.tables = "A2", .ofLine = 7_cur},
+    SideTable{.tables = "A3", .ofLine = 7_cur}, SideTable{.tables = "A83*", .ofLine = 7_cur},
+    SideTable{.tables = "S21", .ofLine = 7_cur}};
 
 // Heads of the description and of columns 1 to 3, by section of the form.
 struct Section {
@@ -110,6 +117,7 @@ bool Forms_Stay_Open() {
 
 CellResult Check(const CellPlace& place, std::string_view text) {
     const Currency line = place.row.Line();
+    if (Is_Identity_Cell(line, place.column.field)) return Check_Identity_Cell(place, text);
     const AnswerKind kind = Find_Answer(kAnswers, line, place.column.field)->kind;
     CellResult result = Check_Answer(kind, text, place.column.limit);
     if (result.refusal) return result;
@@ -158,8 +166,11 @@ constinit const FormDescription kEditS2{.name = kForm,
                                         .columns = kColumns,
                                         .locked = Locked,
                                         .check = Check,
+                                        .leaveRow = Leave_Identity_Row,
+                                        .storeRow = Store_Identity_Row,
                                         .rowStored = Stored,
                                         .storedAtOnce = Stored_At_Once,
+                                        .sides = kYearlyWorksheets,
                                         .undoAllowed = May_Undo,
                                         .popup = Popup,
                                         .headsAt = Heads};

@@ -118,6 +118,7 @@ struct NewRow {
 struct SideTable {
     ItemPattern tables;
     std::string_view rowField = {};
+    Currency ofLine = {};  // that changes it; 0: any
 };
 
 // A text of one row that stands above the grid and not in it.
@@ -147,6 +148,9 @@ struct FormDescription {
     CellResult (*check)(const CellPlace&, std::string_view text) = nullptr;
     // What holds the cursor in the row.
     std::optional<Refusal> (*leaveRow)(const Item&, const RowUnderEdit&) = nullptr;
+    // Stores the row by a way of its own, in one step of the file; false: it goes into the table as any other. Throws
+    // DbError; nothing is stored then.
+    bool (*storeRow)(const RowUnderEdit&) = nullptr;
     // After the row went into the table.
     void (*rowStored)(const Item&, const RowUnderEdit&, std::span<const GridColumn>) = nullptr;
     // The row goes into the table with this cell, and does not wait for the cursor to leave it.

@@ -98,6 +98,7 @@ void FormWindows::Show_In_Place(QMdiSubWindow& window, WorksheetForm& form) {
 }
 
 void FormWindows::Connect(WorksheetForm& form) {
+    identity_ = Present_Identity();
     connect(&form, &WorksheetForm::Open_Requested, this, [this](FormMode mode, const QString& item) {
         const WaitPointer wait;
         Open_Worksheet_Form(mode, Plain_Text(item));
@@ -108,6 +109,7 @@ void FormWindows::Connect(WorksheetForm& form) {
     connect(&form, &WorksheetForm::Stored, this, [this, &form](const QString& what) {
         const FormDescription& description = form.Model().Form().Description();
         if (description.follow != nullptr || description.rowStored != nullptr) Worksheets_Changed(form);
+        Follow_Identity(form);
         emit Stored(what);
     });
     connect(&form.Grid(), &GridView::Zoom_Changed, this, &FormWindows::Set_Zoom);
@@ -176,10 +178,23 @@ void FormWindows::Requery_All() {
     }
 }
 
-void FormWindows::Identity_Changed() {
+// The grid is still at work on the row that it has stored: windows close when it is done.
+void FormWindows::Follow_Identity(WorksheetForm& form) {
+    const Identity identity = Present_Identity();
+    if (identity == identity_) return;
+    identity_ = identity;
+    QMetaObject::invokeMethod(
+        this, [this, by = QPointer<WorksheetForm>(&form)] { Identity_Changed(by); }, Qt::QueuedConnection);
+}
+
+void FormWindows::Identity_Changed(const WorksheetForm* by) {
+    identity_ = Present_Identity();
     for (WorksheetForm* form : Forms()) {
         const std::string name = Plain_Text(form->objectName());
-        if (std::ranges::find(kIdentityForms, name) != std::end(kIdentityForms)) {
+        if (form == by) continue;
+        if (Form_To_Open(form->Mode(), form->Worksheet()) == nullptr) {
+            Drop(*form);
+        } else if (std::ranges::find(kIdentityForms, name) != std::end(kIdentityForms)) {
             form->Requery();
         } else if (name != kCostCenterForm) {
             Window_Of(*form)->close();

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "report/edit_key.h"
 #include "screens/view/worksheet_form.h"
 
 class QMdiSubWindow;
@@ -38,9 +39,9 @@ class FormWindows : public QObject {
     // Reads all forms' rows again, keeping their places; a form whose worksheet is gone goes too.
     void Requery_All();
 
-    // The identity of the report was changed: Worksheet S-2 reads its rows again, and every other form closes but the
-    // cost centers'.
-    void Identity_Changed();
+    // The identity of the report was changed, `by` a form or by the identity editor: the other forms of Worksheet S-2
+    // read their rows again, and every other form closes but the cost centers'.
+    void Identity_Changed(const WorksheetForm* by = nullptr);
     // No report is open any more: there is nothing to store.
     void Drop_All();
 
@@ -69,6 +70,8 @@ class FormWindows : public QObject {
 
   private:
     void Connect(WorksheetForm& form);
+    // What was stored in the form may have changed the identity of the report.
+    void Follow_Identity(WorksheetForm& form);
     // A row of `by` may have made worksheets or removed some: codes make those of C Part II.
     void Worksheets_Changed(const WorksheetForm& by);
     void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
@@ -78,6 +81,7 @@ class FormWindows : public QObject {
     QMdiArea* area_;
     QObject* closing_ = nullptr;  // the form whose window is being closed
     int zoom_ = 100;
+    Identity identity_;  // as the open forms know it
 };
 
 // Calc_All under the hourglass. False after the box that tells why nothing was calculated.

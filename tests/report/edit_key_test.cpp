@@ -11,14 +11,37 @@ void Build_S2_Lines(const Item& item) {
     for (const int line : {2, 7, 26}) db.Execute(Sql("INSERT INTO S2 (LineNum) VALUES (", line, ");"));
     Edit_Worksheets(item.Name(), "Make", 0);
 }
-constexpr WorksheetFamily kS2[] = {{"S2", 0, Build_S2_Lines, nullptr, nullptr, nullptr}};
+void Build_Plain(const Item& item) {
+    db.Execute(Sql("CREATE TABLE ", item.Name(), " (LineNum Currency);"));
+    Edit_Worksheets(item.Name(), "Make", 0);
+}
+void Build_Broken(const Item&) {
+    db.Execute("UPDATE NoSuchTable SET Col_1=0;");
+}
+constexpr WorksheetFamily kFamilies[] = {{"S2", 0, Build_S2_Lines, nullptr, nullptr, nullptr},
+                                         {"A1", 0, Build_Plain, nullptr, nullptr, nullptr},
+                                         {"A83p1*", 0, Build_Plain, nullptr, nullptr, nullptr},
+                                         {"S21", 0, Build_Plain, nullptr, nullptr, nullptr}};
+constexpr WorksheetFamily kBrokenA1[] = {{"S2", 0, Build_S2_Lines, nullptr, nullptr, nullptr},
+                                         {"A1", 0, Build_Broken, nullptr, nullptr, nullptr}};
+
+constexpr const char* kToLimits =
+    "The new fiscal year uses other worksheets: A-1, A-2, A-3, A-8-3; no longer used: S-2-1.  Do you wish to continue?";
 
 class EditKeyTest : public ReportTest {
   protected:
     EditKeyTest() {
-        Install_Catalogue(kS2);
+        Install_Catalogue(kFamilies);
         New_Report();
         entries = Load_Edit_Key();
+    }
+    // A year of the cost limits.
+    void Key_1999() {
+        entries.fyStart = "10/1/1998";
+        entries.fyEnd = "9/30/1999";
+    }
+    static std::string Yearly() {
+        return Column("SELECT Item FROM Worksheets WHERE Item Like \"A*\" Or Item=\"S21\" ORDER BY Item;");
     }
     NewReportEntries entries;
 };
@@ -60,6 +83,73 @@ TEST_F(EditKeyTest, RefusedEntryChangesNothing) {
     EXPECT_EQ(Save_Edit_Key(entries), EntryField::Name);
     EXPECT_EQ(Read("SELECT ProviderName FROM Master;"), Value("Harbor Home Health"));
     EXPECT_EQ(ProviderName, "Harbor Home Health");
+}
+
+TEST_F(EditKeyTest, AMoveOverADividingDateIsAskedAndBringsItsWorksheets) {
+    EXPECT_EQ(Yearly(), "S21");
+    Key_1999();
+    platform.Expect_Box("Change of Fiscal Year", kToLimits, Answer::Yes, kYesNo + kQuestion + kDefaultButton2);
+    EXPECT_EQ(Save_Edit_Key(entries), EntryField::None);
+    EXPECT_EQ(Yearly(), "A1 A83p1");
+    EXPECT_FALSE(TableExists("S21", false));
+    EXPECT_FALSE(CRF_Needs_Upgrade());
+    EXPECT_EQ(MsgLogPrefix, "");
+}
+
+TEST_F(EditKeyTest, AMoveThatIsNotConfirmedChangesNothing) {
+    Key_1999();
+    platform.Expect_Box("Change of Fiscal Year", kToLimits, Answer::No);
+    EXPECT_EQ(Save_Edit_Key(entries), EntryField::Start);
+    EXPECT_EQ(Yearly(), "S21");
+    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(Read("SELECT FYStart FROM Master;"), Value(Date_Of(2015, 10, 1)));
+}
+
+TEST_F(EditKeyTest, OnlyWhatComesOrGoesIsNamed) {
+    EXPECT_EQ(Change_Of_Year_Question(Date_Of(2015, 9, 30)),
+              "The new fiscal year uses other worksheets: none; no longer used: S-2-1.  Do you wish to continue?");
+    EXPECT_EQ(Change_Of_Year_Question(Date_Of(2016, 10, 1)), "");
+    FYStart = Date_Of(2000, 9, 30);
+    EXPECT_EQ(Change_Of_Year_Question(Date_Of(2000, 10, 1)),
+              "The new fiscal year uses other worksheets: none; no longer used: A-1, A-2, A-3, A-8-3.  Do you wish to "
+              "continue?");
+    EXPECT_EQ(Change_Of_Year_Question(Date_Of(2000, 9, 29)), "");
+    FYStart = Date_Of(2015, 9, 30);
+    EXPECT_EQ(Change_Of_Year_Question(Date_Of(2015, 10, 1)),
+              "The new fiscal year uses other worksheets: S-2-1; no longer used: none.  Do you wish to continue?");
+}
+
+TEST_F(EditKeyTest, AFailureAtMasterLeavesS2AsItWas) {
+    Identity identity = Present_Identity();
+    identity.facilityName = std::string(38, 'x');  // fits S-2 and not Master
+    EXPECT_THROW(Store_Identity(identity), DbError);
+    EXPECT_TRUE(Read("SELECT Col_1 FROM S2 WHERE LineNum=2;").Is_Null());
+    EXPECT_TRUE(Read("SELECT Col_1 FROM S2 WHERE LineNum=7;").Is_Null());
+    EXPECT_EQ(ProviderName, "Harbor Home Health");
+}
+
+TEST_F(EditKeyTest, AWorksheetThatCannotBeBuiltLeavesTheYearAsItWas) {
+    Install_Catalogue(kBrokenA1);
+    Identity identity = Present_Identity();
+    identity.year = {Date_Of(1998, 10, 1), Date_Of(1999, 9, 30)};
+    EXPECT_THROW(Store_Identity(identity), DbError);
+    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(Read("SELECT FYStart FROM Master;"), Value(Date_Of(2015, 10, 1)));
+    EXPECT_EQ(Yearly(), "S21");
+    EXPECT_TRUE(TableExists("S21", true));
+}
+
+TEST_F(EditKeyTest, AMovedYearKeepsABackupOfTheReportBefore) {
+    const TempFolder data;
+    platform.dataFolder = data.Path();
+    Report_Release();
+    ASSERT_TRUE(Report_Open(folder.File("Agency.CRF")));
+    entries = Load_Edit_Key();
+    Key_1999();
+    platform.Expect_Box_Starting("Change of Fiscal Year", "The new fiscal year", Answer::Yes);
+    EXPECT_EQ(Save_Edit_Key(entries), EntryField::None);
+    EXPECT_TRUE(std::filesystem::exists(data.File("backups")));
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
 
 TEST_F(EditKeyTest, SaveAsChangesTheCopyOnly) {

@@ -101,6 +101,15 @@ TEST_F(EntryChecksTest, EndOnTheStartIsOutOfSequence) {
     EXPECT_EQ(Check(), EntryField::End);
 }
 
+TEST_F(EntryChecksTest, AYearOfTwoDaysIsTheShortest) {
+    entries.fyEnd = "10/2/15";
+    EXPECT_EQ(Check(), EntryField::None);
+    EXPECT_EQ(year.end, Date_Of(2015, 10, 2));
+    entries.fyEnd = "9/30/15";
+    platform.Expect_Box_Starting("Error: Invalid Dates", "Invalid sequence of dates");
+    EXPECT_EQ(Check(), EntryField::End);
+}
+
 TEST_F(EntryChecksTest, FullLeapYearPasses) {
     entries.fyStart = "1/1/2016";
     entries.fyEnd = "12/31/2016";

@@ -14,7 +14,7 @@ TEST(EnterS2, EachLineTakesItsKindOfAnswer) {
     EXPECT_CELL("S2", 2, 3, "07/01/1966");
     EXPECT_EQ(Answer_To("S2", "2", "3", "12/31/1965"),
               "Entry Error: Certification Dates must be on or after 7/1/1966.");
-    EXPECT_EQ(Answer_To("S2", "7", "1", "not yet"), "Entry Error: Invalid date");
+    EXPECT_EQ(Answer_To("S2", "2", "3", "not yet"), "Entry Error: Invalid date");
     EXPECT_EQ(Answer_To("S2", "8", "1", "14"), "Entry Error: Valid types of controls are one(1) through thirteen(13).");
     EXPECT_EQ(Answer_To("S2", "9", "1", "low"), kStored);
     EXPECT_CELL("S2", 9, 1, "L");
