@@ -137,6 +137,13 @@ bool Is_Zip(std::string_view text) {
     return text.size() == 10 && text[5] == '-' && All_Digits(text.substr(0, 5)) && All_Digits(text.substr(6));
 }
 
+// Nine digits get their hyphen.
+CellResult Check_Zip(std::string_view text) {
+    std::string zip(text);
+    if (zip.size() == 9 && All_Digits(zip)) zip.insert(5, "-");
+    return Is_Zip(zip) ? Accept(zip) : Refuse(kZipForm);
+}
+
 const AnswerList* Find_List(AnswerKind kind) {
     const auto found = std::ranges::find(kLists, kind, &AnswerList::kind);
     return found == kLists.end() ? nullptr : &*found;
@@ -173,7 +180,7 @@ CellResult Check_Answer(AnswerKind kind, std::string_view text, int length) {
         case AnswerKind::State:
             return Length(trimmed) == 2 ? Accept(trimmed) : Refuse(kStateLength);
         case AnswerKind::Zip:
-            return Is_Zip(trimmed) ? Accept(trimmed) : Refuse(kZipForm);
+            return Check_Zip(trimmed);
         default:
             return Check_List(*Find_List(kind), trimmed);
     }
