@@ -53,10 +53,19 @@ CellResult Check_Start(std::string text) {
     return Answer_With(box, text);
 }
 
+// A blank that comes with many cells is no wish for another year.
 CellResult Check_End(const RowUnderEdit& row, std::string text) {
+    if (text.empty() && QuietBoxes::Is_On()) text = " ";
     Date end;
     const EntryBox* box = Check_FYEnd(text, kStoredDates, Year_In(row).start, end);
     return Answer_With(box, text);
+}
+
+// What S-2 holds is the identity already, in whatever style it writes the dates.
+bool Stands_On_S2(const Identity& identity, const RowUnderEdit& row) {
+    const std::string first = Nz_Str(row.Stored(kFirst)), second = Nz_Str(row.Stored(kSecond));
+    if (row.Line() == kProviderLine) return first == identity.facilityName && second == identity.providerNumber;
+    return Parse_Date(first) == identity.year.start && Parse_Date(second) == identity.year.end;
 }
 
 // Nothing where the answer is yes.
@@ -116,7 +125,8 @@ bool Store_Identity_Row(const RowUnderEdit& row) {
         if (isIdentity(field)) continue;
         db.Execute(Sql("UPDATE S2 SET ", field, "=", value, " WHERE LineNum = ", row.Line(), ";"));
     }
-    Store_Identity(identity);
+    // An entry equal to what stands is no change.
+    if (identity != Present_Identity() || !Stands_On_S2(identity, row)) Store_Identity(identity);
     job.Commit();
     return true;
 }

@@ -105,7 +105,8 @@ TEST_F(AnswerTest, StateAndZip) {
     EXPECT_EQ(Checked(AnswerKind::Zip, "61999"), "61999");
     EXPECT_EQ(Checked(AnswerKind::Zip, "61999-1234"), "61999-1234");
     EXPECT_EQ(Checked(AnswerKind::Zip, "619991234"), "61999-1234");
-    for (const char* zip : {"6199", "6199912345", "000000000", "61999-12345", "6199A", "61999-", "00000-0000", "6-1999"}) {
+    for (const char* zip :
+         {"6199", "6199912345", "000000000", "61999-12345", "6199A", "61999-", "00000-0000", "6-1999"}) {
         EXPECT_EQ(Checked(AnswerKind::Zip, zip), "Zip code must be formated XXXXX or XXXXX-XXXXX") << zip;
     }
 }

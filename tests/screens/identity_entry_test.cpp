@@ -160,6 +160,34 @@ TEST(EnterIdentity, APasteAsksNothingAndKeepsTheYear) {
     Expect_Identity(r, kNumber, kName, {Date_Of(2016, 10, 1), Date_Of(2017, 9, 30)});
 }
 
+TEST(EnterIdentity, AnEntryEqualToWhatStandsIsNoChange) {
+    Report r(fy2016);
+    const Value built = r.Read("SELECT BuildDate FROM Master;");
+    r.platform.Advance(60);
+    EXPECT_EQ(Answer_To("S2", "7", "1", "10/01/2015"), kStored);
+    EXPECT_EQ(Answer_To("S2", "7", "2", ""), kStored) << "the end of a whole year";
+    EXPECT_EQ(Answer_To("S2", "2", "2", "147100"), kStored);
+    EXPECT_CELL("S2", 7, 1, "10/1/2015");
+    EXPECT_EQ(r.Read("SELECT BuildDate FROM Master;"), built);
+}
+
+TEST(EnterIdentity, ALineThatSaysOtherwiseThanTheReportIsSetRight) {
+    Report r(fy2016);
+    r.Cell("S2", 2, 1, "Somebody Else");
+    EXPECT_EQ(Answer_To("S2", "2", "1", kName), kStored);
+    EXPECT_CELL("S2", 2, 1, kName);
+}
+
+TEST(EnterIdentity, ClearingManyCellsLeavesTheYear) {
+    Report r(FiscalYear{Date_Of(2015, 10, 1), Date_Of(2016, 6, 30)});
+    OpenForm form(kEditS2, "S2");
+    const std::vector<Currency> lines{7_cur};
+    const std::vector<const GridColumn*> columns{form.Find_Column("1"), form.Find_Column("2")};
+    const BlockOutcome outcome = Enter_Block(form, Block_At(Parse_Clipboard("\t"), lines, columns), "cells cleared");
+    EXPECT_EQ(outcome.notes.size(), 2U);
+    EXPECT_EQ(FYEnd, Date_Of(2016, 6, 30));
+}
+
 TEST(EnterIdentity, UndoTakesTheIdentityBackAndAYearsWorksheetsWithTheirEntries) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S21", "1", "1", "Y"), kStored);
