@@ -121,12 +121,13 @@ void Recordset::Index(std::string_view name) {
     state.Go(0);
 }
 
+// The connection goes last: the plan's statements end through it, and the recordset may be its last owner.
 void Recordset::Close() {
     Opened(state_);
-    state_->connection.reset();
-    state_->plan.reset();
-    state_->rows.reset();
     state_->record.clear();
+    state_->rows.reset();
+    state_->plan.reset();
+    state_->connection.reset();
 }
 
 int Recordset::Fields_Count() const {

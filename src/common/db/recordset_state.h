@@ -53,7 +53,9 @@ inline constexpr std::int64_t kBehindLast = INT64_MAX;
 enum class EditMode : std::uint8_t { None, AddNew, Edit };
 
 struct RecordsetState {
-    std::shared_ptr<Connection> connection;  // null once the recordset is closed
+    // Null once the recordset is closed. Declared before the plan, and so destroyed after it: the plan's statements end
+    // through the connection.
+    std::shared_ptr<Connection> connection;
     std::shared_ptr<CachedPlan> plan;
     std::string source;  // the SELECT, and its literals
     std::vector<Literal> literals;

@@ -34,6 +34,16 @@ TEST_F(RecordsetTest, RowsComeInTheOrderInWhichTheyWereInserted) {
     EXPECT_EQ(labels, "three one half five ");
 }
 
+// The statements of the recordset end through the connection: it must outlive them.
+TEST_F(RecordsetTest, TheLastOwnerOfAConnectionClosesIt) {
+    Recordset rs = db.OpenRecordset("A");
+    EXPECT_EQ(Label(rs), "three");
+    db = Database();
+    rs.Close();
+    EXPECT_EQ(Code_Of([&] { rs.MoveNext(); }), DbErrorCode::InvalidOperation);
+    EXPECT_TRUE(DBEngine::OpenDatabase(path).Is_Open());
+}
+
 TEST_F(RecordsetTest, ValuesComeInTheTypesOfTheirFields) {
     Run("UPDATE A SET Hours = 1.5, Done = True, Made = #10/1/2015# WHERE LineNum = 1");
     Recordset rs = db.OpenRecordset("SELECT * FROM A WHERE LineNum = 1");
