@@ -67,7 +67,7 @@ Date Value::To_Date() const {
         Mismatch();
     }
     const double serial = To_Double();
-    if (!(serial > -657435 && serial < 2958466)) Overflow();
+    if (!Is_In_Calendar(serial)) Overflow();
     return Date{serial};
 }
 

@@ -53,6 +53,14 @@ TEST(ValueTest, ToDateOfASerialOrAText) {
     EXPECT_THROW(Value(Null).To_Date(), std::invalid_argument);
 }
 
+TEST(ValueTest, TheFirstAndTheLastDayAreDatesAndTheirNeighboursAreNot) {
+    EXPECT_EQ(Value(-657434.0).To_Date(), Date_Of(100, 1, 1));
+    EXPECT_EQ(Value(-657434.75).To_Date(), Date_Of({.year = 100, .month = 1, .day = 1, .hour = 18}));
+    EXPECT_THROW(Value(-657435.0).To_Date(), std::overflow_error);
+    EXPECT_EQ(Value(2958465.0).To_Date(), Date_Of(9999, 12, 31));
+    EXPECT_THROW(Value(2958466.0).To_Date(), std::overflow_error);
+}
+
 TEST(ValueTest, ToTextIsWhatJoiningGives) {
     EXPECT_EQ(Value(Null).To_Text(), "");
     EXPECT_EQ(Value(true).To_Text(), "-1");

@@ -225,11 +225,14 @@ void SqlWriter::Joined(const Bound& bound) {
 }
 
 // A sum of amounts that overflows becomes a REAL in SQLite and stays one under further sums, and a Double that
-// overflows stays infinite: one check at the end of the chain finds it. Whole numbers are checked step by step.
+// overflows stays infinite: one check at the end of the chain finds it. Whole numbers and dates are checked step by
+// step.
 void SqlWriter::Checked(const Bound& bound, bool inChain) {
-    const bool links = bound.form != Form::Long;
+    const bool isDate = bound.type == Type::Date;
+    const bool links = bound.form != Form::Long && !isDate;
     const bool first = Continues(*bound.args[0], bound);
     *this << (links && inChain             ? "("
+              : isDate                     ? "t_serial("
               : bound.form == Form::Amount ? "t_amount("
               : bound.form == Form::Real   ? "t_real("
                                            : "t_long(");

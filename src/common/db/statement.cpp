@@ -161,7 +161,6 @@ StoredValue Statement::Stored(int column) const {
 
 namespace {
 // From 1/1/100 to 12/31/9999: what a file holds beyond that, or as no number at all, no program of ours has written.
-constexpr double kFirstDay = -657'434, kPastLastDay = 2'958'466;
 
 Value Read_Double(double number) {
     if (!std::isfinite(number)) return Null;
@@ -169,7 +168,7 @@ Value Read_Double(double number) {
 }
 
 Value Read_Date(double serial) {
-    if (!(serial >= kFirstDay && serial < kPastLastDay)) return Null;
+    if (!Is_In_Calendar(serial)) return Null;
     return Date{serial};
 }
 }  // namespace
