@@ -41,11 +41,8 @@ constexpr std::array kB1XColumns{
 constexpr std::array kStatLinksColumns{Column{"FromCCNum"}, Column{"ToCCNum"}};
 
 void Delete_If_There(const char* table) {
-    try {
-        db.TableDefs().Delete(table);
-    } catch (const DbError&) {
-        // it was not there
-    }
+    TableDefs tables = db.TableDefs();
+    if (tables.Has(table)) tables.Delete(table);
 }
 
 void Append_Statistic(TableDef& table, std::string_view name) {

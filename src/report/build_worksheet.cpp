@@ -9,12 +9,8 @@ namespace tallmar {
 bool Build_Worksheet(const Item& item) {
     const WorksheetFamily* family = Find_Family(item);
     if (family == nullptr || family->build == nullptr) return false;
-    try {
-        TableDefs tables = db.TableDefs();
-        tables.Refresh();
-        if (tables.Has(item.Name())) tables.Delete(item.Name());
-    } catch (const DbError&) {  // the build itself tells what is wrong
-    }
+    TableDefs tables = db.TableDefs();
+    if (tables.Has(item.Name())) tables.Delete(item.Name());
     family->build(item);
     return true;
 }

@@ -16,7 +16,8 @@ void Load_MSA() {
             if (!Is_Blank(codes["Col_1"])) gblMSACodes.push_back(Format(codes["Col_1"], "0000"));
             if (!Is_Blank(codes["Col_2"])) gblCBSACodes.push_back(Format(codes["Col_2"], "00000"));
         }
-    } catch (const DbError&) {  // a report without the worksheet has no codes
+    } catch (const DbError& error) {  // a report without the worksheet has no codes
+        if (error.Ends_Work()) throw;
     }
 }
 

@@ -56,7 +56,8 @@ void Load_HeaderLines() {
         text.clear();
         try {
             text = Nz_Str(db.Read_Row(Sql("SELECT LineText FROM HeaderLines WHERE LineNum = ", line, ";"))["LineText"]);
-        } catch (const DbError&) {  // an older report has no such table, and so no lines
+        } catch (const DbError& error) {  // an older report has no such table, and so no lines
+            if (error.Ends_Work()) throw;
         }
     }
 }
@@ -71,7 +72,8 @@ bool Load_Master() {
         ProviderName = Nz_Str(master["ProviderName"]);
         ProviderNumber = Nz_Str(master["ProviderNumber"]);
         return true;
-    } catch (const DbError&) {
+    } catch (const DbError& error) {
+        if (error.Ends_Work()) throw;
         return false;
     }
 }

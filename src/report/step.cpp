@@ -1,6 +1,5 @@
 #include "report/step.h"
 
-#include <algorithm>
 #include <exception>
 
 #include "common/db/error.h"
@@ -12,13 +11,9 @@ namespace tallmar {
 namespace {
 
 // No next worksheet can do better than this one did.
-constexpr DbErrorCode kFileTroubles[] = {
-    DbErrorCode::DatabaseClosed, DbErrorCode::NotADatabase, DbErrorCode::CannotOpen, DbErrorCode::ReadOnly,
-    DbErrorCode::Locked,         DbErrorCode::DiskFull,     DbErrorCode::DiskError};
-
 bool Is_File_Trouble(const std::exception& error) {
     const auto* dbError = dynamic_cast<const DbError*>(&error);
-    return dbError != nullptr && std::ranges::find(kFileTroubles, dbError->Code()) != std::end(kFileTroubles);
+    return dbError != nullptr && dbError->Ends_Work();
 }
 
 }  // namespace

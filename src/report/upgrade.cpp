@@ -146,7 +146,8 @@ constexpr Pieces (*kSteps[])() = {Chart_Pieces, Removal_Pieces, Layout_Pieces, M
 Pieces Due(Pieces (*step)()) {
     try {
         return step();
-    } catch (const DbError&) {
+    } catch (const DbError& error) {
+        if (error.Ends_Work()) throw;
         return {};
     }
 }

@@ -3,10 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "common/db/replay.h"
 #include "common/platform.h"
 #include "report/open_report.h"
 #include "report/registry.h"
+#include "report/store.h"
 #include "support/allocation_report.h"
 #include "support/report_fixture.h"
 
@@ -53,6 +56,21 @@ TEST(BuildB1, OneHalfOfTheLabelMakesNoAccumulatedCostColumn) {
     r.Execute("UPDATE CostCenters SET StatLabel1 = '(Hours', StatLabel2 = 'Cost)' WHERE LineNum = 2;");
     r.Build("B1");
     EXPECT_THAT(Statistics_Of("B1"), ElementsAre("CC_100", "CC_200", "CC_300", "CC_400", "Recon_500", "CC_500"));
+}
+
+TEST(BuildB1, AnOldTableThatCannotBeDeletedIsTheError) {
+    const Report report(fy2016);
+    ASSERT_TRUE(Finish_CRF());
+    const std::string path = db.Path();
+    db.Close();
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    db = DBEngine::OpenDatabase(path);
+    try {
+        Build_B1();
+        FAIL();
+    } catch (const DbError& error) {
+        EXPECT_EQ(error.Code(), DbErrorCode::ReadOnly) << error.Description();
+    }
 }
 
 TEST(BuildB1, FixedLinesAndTriangle) {

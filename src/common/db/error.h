@@ -11,6 +11,7 @@ namespace tallmar {
 // Every trouble that the layer can meet. The numbers are shown to users and written into logs: never renumber.
 enum class DbErrorCode : int {
     Overflow = 6,
+    OutOfMemory = 7,
     DivisionByZero = 11,
     TypeMismatch = 13,
     SyntaxError = 3075,  // the statement is outside the dialect; the text names the place
@@ -19,9 +20,10 @@ enum class DbErrorCode : int {
     AmbiguousField = 3079,
     UnknownFunction = 3085,
     WrongArguments = 3071,
-    ValueCount = 3346,  // as many values as fields are needed
-    NotGrouped = 3122,  // a field that is neither grouped nor summed
-    TooComplex = 3360,  // nested too deep, or too long
+    ValueCount = 3346,    // as many values as fields are needed
+    NotGrouped = 3122,    // a field that is neither grouped nor summed
+    TooComplex = 3360,    // nested too deep, or too long
+    BadTableName = 3125,  // with a separator of folders, a dot or a control character
     TableExists = 3010,
     FieldExists = 3191,
     IndexExists = 3284,
@@ -37,8 +39,9 @@ enum class DbErrorCode : int {
     DatabaseClosed = 3420,
     NotADatabase = 3343,  // no report file, or damaged
     NewerLayout = 3344,   // written by a newer version of the program
-    CannotOpen = 3024,
+    CannotOpen = 3024,    // the text gives the reason
     ReadOnly = 3073,
+    FolderReadOnly = 3051,  // nothing can be written beside the file
     Locked = 3045,
     DiskFull = 3026,
     DiskError = 3043,
@@ -49,12 +52,16 @@ class DbError : public std::runtime_error {
   public:
     // `argument` fills the placeholder of the code's text.
     explicit DbError(DbErrorCode code, std::string_view argument = {});
+    // The reason follows the code's text: "The file 'a' cannot be opened: it is a folder".
+    DbError(DbErrorCode code, std::string_view argument, std::string_view reason);
     // The statement's text and where in it, as a byte offset, the trouble stands: the description quotes the place.
     DbError(DbErrorCode code, std::string_view argument, std::string_view statement, std::size_t offset);
 
     DbErrorCode Code() const { return code_; }
     int Number() const { return static_cast<int>(code_); }
     std::string Description() const { return what(); }
+    // True where the file, the disk or the memory is the trouble: the next statement can do no better.
+    bool Ends_Work() const;
 
   private:
     DbErrorCode code_;

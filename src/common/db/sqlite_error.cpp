@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "common/db/file_error.h"
 #include "common/db/functions.h"
 
 namespace tallmar::db_detail {
@@ -19,6 +20,7 @@ constexpr Translation kTranslations[] = {
     {SQLITE_IOERR, DbErrorCode::DiskError},     {SQLITE_CORRUPT, DbErrorCode::NotADatabase},
     {SQLITE_NOTADB, DbErrorCode::NotADatabase}, {SQLITE_CANTOPEN, DbErrorCode::CannotOpen},
     {SQLITE_PERM, DbErrorCode::CannotOpen},     {SQLITE_AUTH, DbErrorCode::InvalidOperation},
+    {SQLITE_NOMEM, DbErrorCode::OutOfMemory},
 };
 constexpr int kPrimaryCode = 0xff;
 // SQLite's words for an expression that is nested beyond the room of its parser.
@@ -32,6 +34,13 @@ std::string Table_Of_Constraint(std::string_view message) {
     return std::string(message.substr(0, message.find('.')));
 }
 
+// What the system said behind it, where SQLite has kept that.
+DbError File_Trouble(sqlite3* handle, DbErrorCode code, std::string_view path) {
+    const int error = handle != nullptr ? sqlite3_system_errno(handle) : 0;
+    if (code == DbErrorCode::CannotOpen && error != 0) return Open_Error(error, std::string(path));
+    return DbError(code, path);
+}
+
 }  // namespace
 
 DbError Error_Of(sqlite3* handle, int result, std::string_view path) {
@@ -39,11 +48,16 @@ DbError Error_Of(sqlite3* handle, int result, std::string_view path) {
     if (const auto callback = Decode_Error(message)) return DbError(callback->code, callback->argument);
     if (message == kTooDeep) return DbError(DbErrorCode::TooComplex);
     const int primary = result & kPrimaryCode;
+    // The journal cannot be made.
+    if (result == SQLITE_READONLY_DIRECTORY) return DbError(DbErrorCode::FolderReadOnly, path);
+    if (result == SQLITE_READONLY_ROLLBACK) {
+        return DbError(DbErrorCode::ReadOnly, path, "a change that was cut off cannot be taken back");
+    }
     // Another program has put a new file in the place of the open one.
     if (result == SQLITE_READONLY_DBMOVED) return DbError(DbErrorCode::Locked, path);
     if (primary == SQLITE_CONSTRAINT) return DbError(DbErrorCode::DuplicateKey, Table_Of_Constraint(message));
     for (const Translation& row : kTranslations) {
-        if (row.result == primary) return DbError(row.code, path);
+        if (row.result == primary) return File_Trouble(handle, row.code, path);
     }
     return DbError(DbErrorCode::Engine, message);
 }

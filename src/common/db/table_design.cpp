@@ -17,6 +17,17 @@ void Check_Name(std::string_view name) {
     if (name.empty() || name.find('\0') != std::string_view::npos) throw DbError(DbErrorCode::InvalidOperation, name);
 }
 
+bool Is_Refused_In_A_Name(char c) {
+    return c == '/' || c == '\\' || c == '.' || static_cast<unsigned char>(c) < ' ' || c == '\x7f';
+}
+
+// Files are named after tables: no name may lead to another folder.
+void Check_Table_Name(std::string_view name) {
+    if (name.empty() || std::ranges::any_of(name, Is_Refused_In_A_Name)) {
+        throw DbError(DbErrorCode::BadTableName, name);
+    }
+}
+
 const TableShape& Known(Connection& connection, std::string_view table) {
     const TableShape* shape = connection.Shapes().Find(table);
     if (shape == nullptr) throw DbError(DbErrorCode::UnknownTable, table);
@@ -51,7 +62,7 @@ void Check_New_Field(const TableShape& shape, const FieldDef& field) {
 
 void Create_Table(Connection& connection, const TableShape& shape) {
     connection.Require_Whole_Job();
-    Check_Name(shape.name);
+    Check_Table_Name(shape.name);
     if (connection.Shapes().Find(shape.name) != nullptr) throw DbError(DbErrorCode::TableExists, shape.name);
     if (shape.fields.empty()) throw DbError(DbErrorCode::InvalidOperation, shape.name);
     TableShape checked;
@@ -76,7 +87,7 @@ void Drop_Table(Connection& connection, std::string_view table) {
 // The indexes bear the table's name: they are made anew.
 void Rename_Table(Connection& connection, std::string_view table, std::string_view newName) {
     connection.Require_Whole_Job();
-    Check_Name(newName);
+    Check_Table_Name(newName);
     TableShape shape = Known(connection, table);
     if (shape.name == newName) return;
     const bool sameLetters = Same_Text(shape.name, newName);

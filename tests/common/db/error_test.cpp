@@ -13,6 +13,24 @@ TEST(DbErrors, SayWhatIsNamedAndWhere) {
     EXPECT_EQ(placed.Number(), 3061);
 }
 
+TEST(DbErrors, AReasonFollows) {
+    const DbError error(DbErrorCode::CannotOpen, "a.CRF", "it is a folder");
+    EXPECT_EQ(error.Description(), "The file 'a.CRF' cannot be opened: it is a folder");
+    EXPECT_EQ(error.Code(), DbErrorCode::CannotOpen);
+}
+
+TEST(DbErrors, TheFilesTroublesEndTheWorkAndAStatementsDoNot) {
+    for (const DbErrorCode code : {DbErrorCode::OutOfMemory, DbErrorCode::DatabaseClosed, DbErrorCode::NotADatabase,
+                                   DbErrorCode::CannotOpen, DbErrorCode::ReadOnly, DbErrorCode::FolderReadOnly,
+                                   DbErrorCode::Locked, DbErrorCode::DiskFull, DbErrorCode::DiskError}) {
+        EXPECT_TRUE(DbError(code).Ends_Work()) << DbError(code).Description();
+    }
+    for (const DbErrorCode code : {DbErrorCode::Overflow, DbErrorCode::UnknownField, DbErrorCode::DuplicateKey,
+                                   DbErrorCode::Engine, DbErrorCode::BadTableName}) {
+        EXPECT_FALSE(DbError(code).Ends_Work()) << DbError(code).Description();
+    }
+}
+
 TEST(DbErrors, LongStatementsAndNamesAreCut) {
     const DbError error(DbErrorCode::SyntaxError, std::string(100, 'n'), std::string(2000, 's'), 0);
     EXPECT_EQ(error.Description(), "Syntax error near '" + std::string(80, 'n') +
