@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
+#include <new>
 #include <sstream>
 
 #include "catalogue.h"
@@ -87,6 +88,8 @@ int Run_Command_Line(const std::vector<std::string>& args, std::istream& in, std
         out << results.view() << std::flush;
         if (out) return status;
         err << "The results could not be written to standard output.\n";
+    } catch (const std::bad_alloc&) {
+        err << "Out of memory\n";
     } catch (const DbError& error) {
         err << "Error " << error.Number() << ": " << One_Line(error.Description()) << '\n';
     } catch (const std::exception& error) {

@@ -8,7 +8,10 @@ OpenedReport::OpenedReport(const std::string& file, Use use)
     : open_((use == Use::Reading || Report_Is_Free(file)) && Report_Open(file, use)) {}
 
 OpenedReport::~OpenedReport() {
-    Report_Release();
+    try {
+        Report_Release();
+    } catch (const std::exception&) {  // no memory to tidy up with: what the command stored is in the file
+    }
 }
 
 }  // namespace tallmar

@@ -109,11 +109,24 @@ void Exchange_AG(const Direction& direction) {
     }
 }
 
+// What was exchanged before an error stays exchanged.
+void Exchange_And_Keep(const Direction& direction) {
+    Job job(db);
+    try {
+        Exchange_AG(direction);
+    } catch (const DbError&) {
+        job.Commit();
+        throw;
+    }
+    job.Commit();
+}
+
 // The option as the report holds it; 0 where there is none.
 int Read_Option() {
     try {
         return static_cast<int>(Val(Nz_Str(db.Read_Row("SELECT Col_1 From S2 WHERE LineNum=26;")["Col_1"])));
-    } catch (const DbError&) {
+    } catch (const DbError& error) {
+        if (error.Ends_Work()) throw;
         return 0;
     }
 }
@@ -144,13 +157,11 @@ int CCGroupFor(Currency ccNum) {
 }
 
 void SplitAG() {
-    Job job(db);
-    Exchange_AG(kSplit);
+    Exchange_And_Keep(kSplit);
 }
 
 void UnsplitAG() {
-    Job job(db);
-    Exchange_AG(kUnsplit);
+    Exchange_And_Keep(kUnsplit);
 }
 
 void Follow_AG_Option() {

@@ -219,12 +219,17 @@ std::vector<BlockRow> Block_At(const ClipboardRows& rows, std::span<const Curren
 BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::string_view what) {
     BlockOutcome outcome;
     Job job(db);
-    {
-        const OpenForm::OneStep step(form, std::string(what));
-        BlockEntry entry(form, outcome);
-        for (const BlockRow& row : rows) entry.Enter_Row(row);
+    try {
+        {
+            const OpenForm::OneStep step(form, std::string(what));
+            BlockEntry entry(form, outcome);
+            for (const BlockRow& row : rows) entry.Enter_Row(row);
+        }
+        form.Follow_Changes();
+    } catch (const DbError&) {  // rows that were stored stay, and can be taken back
+        job.Commit();
+        throw;
     }
-    form.Follow_Changes();
     job.Commit();
     return outcome;
 }

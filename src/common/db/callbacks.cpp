@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <stdexcept>
 
 #include "common/currency.h"
@@ -40,8 +41,9 @@ class Call {
     double Real(int i) const { return sqlite3_value_double(values_[i]); }
     Currency Amount(int i) const { return Currency::From_Scaled(Int(i)); }
     std::string_view Text(int i) const {
+        if (Is_Null(i)) return {};
         const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values_[i]));
-        if (text == nullptr) return {};
+        if (text == nullptr) throw std::bad_alloc();
         return {text, static_cast<std::size_t>(sqlite3_value_bytes(values_[i]))};
     }
     long Small(int i) const { return static_cast<long>(Int(i)); }
@@ -72,14 +74,18 @@ class Call {
     sqlite3_value** values_;
 };
 
-void Give_Error(sqlite3_context* context, DbErrorCode code, std::string_view argument) {
-    const std::string text = Encode_Error(code, argument);
-    sqlite3_result_error(context, text.data(), static_cast<int>(text.size()));
+void Give_Error(sqlite3_context* context, DbErrorCode code, std::string_view argument) noexcept {
+    try {
+        const std::string text = Encode_Error(code, argument);
+        sqlite3_result_error(context, text.data(), static_cast<int>(text.size()));
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    }
 }
 
 // No exception may pass through SQLite.
 template <class Body>
-void Guarded(sqlite3_context* context, Body body) {
+void Guarded(sqlite3_context* context, Body body) noexcept {
     try {
         body();
     } catch (const CallbackError& error) {
@@ -88,8 +94,10 @@ void Guarded(sqlite3_context* context, Body body) {
         Give_Error(context, DbErrorCode::Overflow, {});
     } catch (const std::invalid_argument&) {
         Give_Error(context, DbErrorCode::TypeMismatch, {});
-    } catch (const std::exception&) {
+    } catch (const std::bad_alloc&) {
         sqlite3_result_error_nomem(context);
+    } catch (const std::exception& error) {
+        Give_Error(context, DbErrorCode::Engine, error.what());
     }
 }
 
@@ -449,14 +457,17 @@ void Sum_Final(sqlite3_context* context) {
 
 }  // namespace
 
-void Register_Functions(sqlite3* handle) {
+bool Register_Functions(sqlite3* handle) {
     constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+    int result = SQLITE_OK;
     for (const CallbackRow& row : kCallbacks) {
-        sqlite3_create_function_v2(handle, row.name, row.arguments, kFlags, const_cast<CallbackRow*>(&row), Dispatch,
-                                   nullptr, nullptr, nullptr);
+        result |= sqlite3_create_function_v2(handle, row.name, row.arguments, kFlags, const_cast<CallbackRow*>(&row),
+                                             Dispatch, nullptr, nullptr, nullptr);
     }
-    sqlite3_create_function_v2(handle, "t_amount", 1, kFlags, nullptr, Check_Amount, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(handle, "t_sum", 1, kFlags, nullptr, nullptr, Sum_Step, Sum_Final, nullptr);
+    result |=
+        sqlite3_create_function_v2(handle, "t_amount", 1, kFlags, nullptr, Check_Amount, nullptr, nullptr, nullptr);
+    result |= sqlite3_create_function_v2(handle, "t_sum", 1, kFlags, nullptr, nullptr, Sum_Step, Sum_Final, nullptr);
+    return result == SQLITE_OK;
 }
 
 }  // namespace tallmar

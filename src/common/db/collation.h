@@ -7,6 +7,6 @@ namespace tallmar {
 
 // TEXT1252: without regard to case within code page 1252. Named in files, never rename.
 inline constexpr char kTextCollation[] = "TEXT1252";
-void Register_Collation(sqlite3* handle);
+bool Register_Collation(sqlite3* handle);
 
 }  // namespace tallmar

@@ -1,5 +1,7 @@
 #include "common/db/connection.h"
 
+#include <new>
+
 #include "common/db/collation.h"
 #include "common/db/functions.h"
 #include "common/db/limits.h"
@@ -12,7 +14,7 @@ namespace tallmar::db_detail {
 namespace {
 constexpr int kPrimaryCode = 0xff;
 
-// What leaves a transaction in doubt: nothing of it may be kept.
+// What leaves a transaction in doubt, or lets no more of it be written: nothing of it may be kept.
 bool Ends_Job(int result) {
     switch (result & kPrimaryCode) {
         case SQLITE_FULL:
@@ -20,17 +22,41 @@ bool Ends_Job(int result) {
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
         case SQLITE_NOMEM:
+        case SQLITE_CANTOPEN:
             return true;
         default:
             return false;
     }
 }
+
+// Made before they are needed: where there is no memory none may be asked for.
+const DbError& Out_Of_Memory() {
+    static const DbError error(DbErrorCode::OutOfMemory);
+    return error;
+}
+const DbError& Given_Up() {
+    static const DbError error(DbErrorCode::InvalidOperation, "the job was given up");
+    return error;
+}
+
+// Answers at once where the file is in use.
+class NoWaiting {
+  public:
+    explicit NoWaiting(sqlite3* handle) : handle_(handle) { sqlite3_busy_timeout(handle_, 0); }
+    ~NoWaiting() { sqlite3_busy_timeout(handle_, kBusyMilliseconds); }
+    NoWaiting(const NoWaiting&) = delete;
+    NoWaiting& operator=(const NoWaiting&) = delete;
+
+  private:
+    sqlite3* handle_;
+};
 }  // namespace
 
 Connection::Connection(sqlite3* handle, std::string path, bool readOnly)
     : handle_(handle), path_(std::move(path)), readOnly_(readOnly) {
-    Register_Functions(handle_);
-    Register_Collation(handle_);
+    Out_Of_Memory();
+    Given_Up();
+    if (!Register_Functions(handle_) || !Register_Collation(handle_)) throw Out_Of_Memory();
 }
 
 Connection::~Connection() {
@@ -54,6 +80,11 @@ void Connection::Close() {
     own_.clear();
     plans_.Clear();
     shapes_.reset();
+}
+
+void Connection::Refuse_Changes() {
+    readOnly_ = true;
+    Single_Text(*this, "PRAGMA query_only = ON");
 }
 
 const Schema& Connection::Shapes() {
@@ -121,12 +152,11 @@ void Connection::Run_Quietly(const char* sql) noexcept {
 bool Connection::Changed_Elsewhere() {
     Handle();
     std::string version = dataVersion_;
-    sqlite3_busy_timeout(handle_, 0);
     try {
+        const NoWaiting atOnce(handle_);
         version = Single_Text(*this, "PRAGMA data_version");
     } catch (const DbError&) {  // the next call tells
     }
-    sqlite3_busy_timeout(handle_, kBusyMilliseconds);
     const bool first = dataVersion_.empty();
     if (version == std::exchange(dataVersion_, version) || first) return false;
     if (jobDepth_ == 0) Forget_Shapes();
@@ -134,9 +164,16 @@ bool Connection::Changed_Elsewhere() {
 }
 
 DbError Connection::Failure(int result) {
-    DbError error = Error_Of(handle_, result, path_);
-    if (jobDepth_ > 0 && !jobLost_ && (Ends_Job(result) || sqlite3_get_autocommit(handle_) != 0)) Lose_Job(error);
-    return error;
+    const bool ends = jobDepth_ > 0 && !jobLost_ && (Ends_Job(result) || sqlite3_get_autocommit(handle_) != 0);
+    try {
+        const DbError error =
+            (result & kPrimaryCode) == SQLITE_NOMEM ? Out_Of_Memory() : Error_Of(handle_, result, path_);
+        if (ends) Lose_Job(error);
+        return error;
+    } catch (const std::bad_alloc&) {
+        if (ends) Lose_Job(Out_Of_Memory());
+        throw;
+    }
 }
 
 void Connection::Require_Whole_Job() const {
@@ -152,7 +189,7 @@ void Connection::Begin_Job(Job::Kind kind) {
         try {
             // The state to be seen is that of the first read.
             Run("SELECT Count(*) FROM sqlite_schema");
-        } catch (const DbError&) {
+        } catch (...) {
             Run_Quietly("ROLLBACK");
             throw;
         }
@@ -169,7 +206,7 @@ void Connection::End_Job() {
     }
     try {
         Run("COMMIT");
-    } catch (const DbError&) {
+    } catch (...) {
         if (sqlite3_get_autocommit(handle_) == 0) Run_Quietly("ROLLBACK");
         Forget_Shapes();
         throw;
@@ -178,7 +215,7 @@ void Connection::End_Job() {
 
 void Connection::Roll_Back_Job() {
     if (!Is_Open() || jobDepth_ == 0) return;
-    if (!jobLost_) Lose_Job(DbError(DbErrorCode::InvalidOperation, "the job was given up"));
+    if (!jobLost_) Lose_Job(Given_Up());
     if (--jobDepth_ == 0) jobLost_.reset();
 }
 

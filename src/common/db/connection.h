@@ -22,7 +22,7 @@ namespace tallmar::db_detail {
 
 class Connection {
   public:
-    // Takes over `handle`, on which the dialect's functions and collation are registered here.
+    // Takes over `handle` unless it throws. The dialect's functions and collation are registered on it here.
     Connection(sqlite3* handle, std::string path, bool readOnly);
     ~Connection();
     Connection(const Connection&) = delete;
@@ -33,6 +33,10 @@ class Connection {
     sqlite3* Handle() const;
     const std::string& Path() const { return path_; }
     bool Is_Read_Only() const { return readOnly_; }
+    // Of a copy in memory that stands for a file which is read only.
+    void Refuse_Changes();
+    bool Has_Rebuilt_Index() const { return rebuiltIndex_; }
+    void Note_Rebuilt_Index() { rebuiltIndex_ = true; }
     // Commits a job under way.
     void Close();
 
@@ -68,6 +72,7 @@ class Connection {
     // The outermost job commits; throws what stands in its way, with nothing changed.
     void End_Job();
     void Roll_Back_Job();
+    bool Is_Outermost_Job() const { return jobDepth_ == 1; }
 
     // True where another connection has committed to the file since the last call. What is known of the tables is read
     // anew then. False while the file is being changed: the next call tells.
@@ -82,6 +87,7 @@ class Connection {
     sqlite3* handle_;
     std::string path_;
     bool readOnly_;
+    bool rebuiltIndex_ = false;
     std::optional<Schema> shapes_;
     std::unordered_set<sqlite3_stmt*> statements_;
     PlanCache plans_;

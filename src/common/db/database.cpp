@@ -66,6 +66,10 @@ bool Database::Is_Read_Only() const {
     return Open_Connection(connection_).Is_Read_Only();
 }
 
+bool Database::Has_Rebuilt_Index() const {
+    return Open_Connection(connection_).Has_Rebuilt_Index();
+}
+
 bool Database::Changed_Elsewhere() {
     return Open_Connection(connection_).Changed_Elsewhere();
 }

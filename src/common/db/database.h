@@ -171,6 +171,8 @@ class Database {
     bool Is_Open() const;
     const std::string& Path() const;
     bool Is_Read_Only() const;
+    // True where the opening found an index damaged and rebuilt it: the user is to be told.
+    bool Has_Rebuilt_Index() const;
     // True where another program, or another connection of this one, has committed to the file since the last call, or
     // since the file was opened. Cheap enough for every time that a window comes up.
     bool Changed_Elsewhere();
@@ -211,9 +213,15 @@ struct DBEngine {
     static Database CreateDatabase(const std::string& path, std::string_view locale);
     // Writes a created database to its path in one step (written beside it, flushed, renamed) and closes it.
     static void Finish_Creation(Database& created);
-    // Shared, read and write; read only where the file is. Throws DbError NotADatabase (no report file, damaged,
-    // foreign), NewerLayout, CannotOpen (missing, a folder, no permission), Locked. The file is untouched then.
+    // Shared, read and write; read only where the file is. The whole file is checked; where an index alone is damaged
+    // it is rebuilt from its table, in the file or, where that is read only, in a copy in memory. Throws DbError
+    // NotADatabase (no report file, damaged, foreign), NewerLayout, CannotOpen (with the reason), Locked. The file is
+    // untouched then.
     static Database OpenDatabase(const std::string& path);
+    // The file as it is now as a private copy in memory, checked and mended likewise. What is changed there never
+    // reaches the file, and nobody waits for who has it open.
+    static Database OpenCopy(const std::string& path);
+    // Rebuilds a damaged index. Throws what OpenDatabase throws, and ReadOnly.
     static void RepairDatabase(const std::string& path);
     static void CompactDatabase(const std::string& from, const std::string& to);
     // The file as it stands between two jobs of whoever uses it, in one step. Throws Locked where one of the two files
@@ -221,9 +229,10 @@ struct DBEngine {
     static void CopyDatabase(const std::string& from, const std::string& to);
 };
 
-// A long job: one transaction. It commits however the job ends by itself, by an exception too; a crash, a kill or a
-// power cut takes the file back to where it stood. Jobs inside a job join it. Roll_Back gives the whole job up; so does
-// a failure of the disk. What the job still tries to write is then refused, so that no part of it reaches the file.
+// A long job: one transaction. It commits at the end of its block; an exception that leaves the outermost job takes the
+// file back to where it was, as a crash, a kill or a power cut does. Where what was done by then is to stay, Commit
+// comes first. Jobs inside a job join it. Roll_Back gives the whole job up; so does a failure of the disk or of the
+// memory. What the job still tries to write is then refused, so that no part of it reaches the file.
 class Job {
   public:
     // A job for reading sees one state of the file from its first step to its last, whoever else writes.
@@ -239,6 +248,7 @@ class Job {
 
   private:
     std::shared_ptr<db_detail::Connection> connection_;
+    int exceptions_;  // under way when the job began
 };
 
 }  // namespace tallmar

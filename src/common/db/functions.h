@@ -45,8 +45,8 @@ const FunctionRow* Find_Function(std::string_view name, std::size_t arguments);
 // The form for a first argument of this type.
 const FunctionForm& Form_For(const FunctionRow& function, Type first);
 
-// Registers every callback and aggregate that compiled statements call.
-void Register_Functions(sqlite3* handle);
+// Registers every callback and aggregate that compiled statements call. False where there is no memory.
+bool Register_Functions(sqlite3* handle);
 
 // An error of a callback travels through SQLite as text.
 struct CallbackError {

@@ -1,17 +1,26 @@
+#include <exception>
+
 #include "common/db/connection.h"
 
 namespace tallmar {
 
-Job::Job(Database& database, Kind kind) : connection_(database.connection_) {
+Job::Job(Database& database, Kind kind) : connection_(database.connection_), exceptions_(std::uncaught_exceptions()) {
     if (!connection_) throw DbError(DbErrorCode::DatabaseClosed);
     connection_->Begin_Job(kind);
 }
 
 Job::~Job() {
+    if (!connection_) return;
+    const bool unwinds = std::uncaught_exceptions() > exceptions_;
     try {
-        Commit();
-    } catch (const DbError&) {
-        // Nothing of the job is in the file; who must know calls Commit himself.
+        // An inner job leaves it to the outermost one: the exception may be caught on the way there.
+        if (unwinds && connection_->Is_Outermost_Job()) {
+            Roll_Back();
+        } else {
+            Commit();
+        }
+    } catch (const std::exception&) {
+        // Nothing of the job is in the file; callers that must know use Commit.
     }
 }
 

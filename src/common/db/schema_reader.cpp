@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <string>
 
 #include "common/db/error.h"
@@ -47,8 +48,9 @@ bool Next(sqlite3* handle, const Query& query, std::string_view path) {
 }
 
 std::string_view Text(sqlite3_stmt* row, int column) {
+    if (sqlite3_column_type(row, column) == SQLITE_NULL) return {};
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-    if (text == nullptr) return {};
+    if (text == nullptr) throw std::bad_alloc();
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
 }
 

@@ -1,6 +1,7 @@
 #include "common/db/statement.h"
 
 #include <cmath>
+#include <new>
 #include <utility>
 
 #include "common/db/connection.h"
@@ -11,7 +12,12 @@ Statement::Statement(Connection& connection, std::string_view sql) : connection_
     const int result = sqlite3_prepare_v3(connection.Handle(), sql.data(), static_cast<int>(sql.size()),
                                           SQLITE_PREPARE_PERSISTENT, &handle_, nullptr);
     if (result != SQLITE_OK) throw connection.Failure(result);
-    connection.Note_Statement(handle_);
+    try {
+        connection.Note_Statement(handle_);
+    } catch (...) {
+        sqlite3_finalize(handle_);
+        throw;
+    }
 }
 
 // A connection that has closed has ended its statements itself.
@@ -141,8 +147,9 @@ void Statement::Reset() {
 }
 
 std::string_view Statement::Text(int column) const {
+    if (Is_Null(column)) return {};
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
-    if (text == nullptr) return {};
+    if (text == nullptr) throw std::bad_alloc();
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(handle_, column))};
 }
 

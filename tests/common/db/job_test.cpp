@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <new>
 
 #include "common/db/database.h"
 #include "common/db/db_fixture.h"
@@ -36,13 +37,41 @@ TEST_F(JobTest, AJobReachesTheFileWhenItEnds) {
     EXPECT_EQ(In_The_File(), "1;2;");
 }
 
-TEST_F(JobTest, AJobThatAnExceptionEndsIsCommitted) {
+TEST_F(JobTest, AJobThatAnExceptionEndsIsTakenBack) {
     try {
         Job job(db);
         Run("INSERT INTO A (x) VALUES (2)");
-        Run("UPDATE Nowhere SET x = 1");
-        FAIL();
-    } catch (const DbError&) {
+        throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+    }
+    EXPECT_EQ(Content(), "1;");
+    EXPECT_EQ(In_The_File(), "1;");
+    Run("INSERT INTO A (x) VALUES (3)");
+    EXPECT_EQ(In_The_File(), "1;3;");
+}
+
+TEST_F(JobTest, AnInnerJobLeavesAnExceptionToTheOuterOne) {
+    {
+        Job outer(db);
+        try {
+            Job inner(db);
+            Run("INSERT INTO A (x) VALUES (2)");
+            Run("UPDATE Nowhere SET x = 1");
+            FAIL();
+        } catch (const DbError&) {
+        }
+        Run("INSERT INTO A (x) VALUES (3)");
+    }
+    EXPECT_EQ(In_The_File(), "1;2;3;");
+}
+
+TEST_F(JobTest, WhatIsCommittedBeforeAnExceptionStays) {
+    try {
+        Job job(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        job.Commit();
+        throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
     }
     EXPECT_EQ(In_The_File(), "1;2;");
 }
