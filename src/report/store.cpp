@@ -54,6 +54,11 @@ std::string Foreign_Form() {
                " Cost Report.  Your request is being aborted.  Select OK to proceed.");
 }
 
+void Tell_Rebuilt_Index() {
+    if (!db.Has_Rebuilt_Index()) return;
+    The_Platform().Message_Box("An index of the report was damaged and has been rebuilt.", kExclamation, kProgramTitle);
+}
+
 // What stands in the file is mirrored in the process-wide values.
 void Load_Values() {
     Load_HeaderLines();
@@ -124,6 +129,7 @@ bool Report_Open(const std::string& path, OpenFor use) {
     Show_Caption();
     try {
         db = DBEngine::OpenDatabase(Native_Path(CRFPath));
+        Tell_Rebuilt_Index();
         if (!Load_Master()) return Refuse(Cannot_Open("It has no Master record."));
         if (FormNum != kFormNum) {
             window.Beep();

@@ -4,12 +4,16 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
-#include <fstream>
+#include <memory>
 #include <string_view>
 
 #include "common/db/database.h"
+#include "common/db/file_error.h"
+#include "common/db/side_files.h"
 
 namespace tallmar::db_detail {
 
@@ -24,7 +28,6 @@ constexpr std::size_t kWriteVersionAt = 18, kReadVersionAt = 19;
 constexpr unsigned char kRollbackJournal = 1;
 constexpr std::size_t kChangeCounterAt = 24, kPageCountAt = 28, kUserVersionAt = 60, kApplicationIdAt = 68,
                       kValidForAt = 92;
-constexpr std::array<unsigned char, 8> kJournalMagic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
 constexpr mode_t kAnyWrite = 0222;
 
 std::uint32_t Number_At(const Header& header, std::size_t place) {
@@ -37,12 +40,9 @@ std::uint64_t Page_Size(const Header& header) {
     return size == 1 ? 65536 : size;
 }
 
-bool Has_Hot_Journal(const std::string& path) {
-    std::ifstream journal(Journal_Path(path), std::ios::binary);
-    std::array<char, kJournalMagic.size()> start{};
-    return journal.read(start.data(), start.size()) &&
-           std::memcmp(start.data(), kJournalMagic.data(), start.size()) == 0;
-}
+struct FreeText {
+    void operator()(char* text) const { std::free(text); }
+};
 
 bool Is_Rollback_File(const Header& header) {
     const std::uint64_t pageSize = Page_Size(header);
@@ -54,25 +54,38 @@ bool Is_Whole(const Header& header, std::uint64_t size) {
     const std::uint64_t pageSize = Page_Size(header);
     const std::uint64_t pages = Number_At(header, kPageCountAt);
     const bool counted = pages > 0 && Number_At(header, kChangeCounterAt) == Number_At(header, kValidForAt);
-    return size % pageSize == 0 && (!counted || size >= pages * pageSize);
+    return size % pageSize == 0 && (!counted || size == pages * pageSize);
 }
 
 }  // namespace
 
-std::string Journal_Path(const std::string& path) {
-    return path + "-journal";
+FileCheck Check_File(const std::string& path) {
+    const auto refuse = [&](int error) { throw Open_Error(error, path); };
+    const std::unique_ptr<char, FreeText> real(::realpath(path.c_str(), nullptr));
+    if (!real) refuse(errno);
+    FileCheck check;
+    check.path = real.get();
+    struct stat info {};
+    if (::stat(check.path.c_str(), &info) != 0) refuse(errno);
+    if (S_ISDIR(info.st_mode)) refuse(EISDIR);
+    if (!S_ISREG(info.st_mode)) refuse(EINVAL);
+    if (::access(check.path.c_str(), R_OK) != 0) refuse(errno);
+    check.readOnly = (info.st_mode & kAnyWrite) == 0 || ::access(check.path.c_str(), W_OK) != 0;
+    check.hasOtherNames = info.st_nlink > 1;
+    check.hotJournal = Check_Side_Files(check.path) == Journal::Hot;
+    return check;
 }
 
-FileCheck Check_File(const std::string& path) {
-    struct stat info {};
-    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || ::access(path.c_str(), R_OK) != 0) {
-        throw DbError(DbErrorCode::CannotOpen, path);
-    }
-    FileCheck check;
-    check.readOnly = (info.st_mode & kAnyWrite) == 0 || ::access(path.c_str(), W_OK) != 0;
-    check.hotJournal = Has_Hot_Journal(path);
+HeldStill::HeldStill(sqlite3* handle) {
+    sqlite3_file_control(handle, "main", SQLITE_FCNTL_FILE_POINTER, &file_);
+    if (file_ == nullptr || file_->pMethods == nullptr) return;
+    isHeld_ = file_->pMethods->xLock(file_, SQLITE_LOCK_SHARED) == SQLITE_OK;
+    int reserved = 0;
+    hasWriter_ = isHeld_ && file_->pMethods->xCheckReservedLock(file_, &reserved) == SQLITE_OK && reserved != 0;
+}
 
-    return check;
+HeldStill::~HeldStill() {
+    if (isHeld_) file_->pMethods->xUnlock(file_, SQLITE_LOCK_NONE);
 }
 
 // Through SQLite's own handle: a second one, when it is closed, would end the locks that this process has on the file.
@@ -83,7 +96,7 @@ void Check_Header(sqlite3* handle, const FileCheck& check, const std::string& pa
     Header header{};
     if (sqlite3_file_control(handle, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || file == nullptr ||
         file->pMethods == nullptr || file->pMethods->xFileSize(file, &size) != SQLITE_OK) {
-        refuse(DbErrorCode::CannotOpen);
+        refuse(DbErrorCode::DiskError);
     }
     if (static_cast<std::size_t>(size) < header.size() ||
         file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK ||

@@ -7,6 +7,9 @@
 #include "common/atomic_file.h"
 #include "common/db/file_check.h"
 #include "common/db/limits.h"
+#include "common/db/page_seal.h"
+#include "common/db/rollback_trial.h"
+#include "common/db/side_files.h"
 #include "common/db/sqlite_error.h"
 
 namespace tallmar::db_detail {
@@ -47,15 +50,12 @@ constexpr std::string_view kFileSettings[] = {
     "PRAGMA temp_store = MEMORY",  "PRAGMA cache_size = -16000",
 };
 
-// A plain path, never a URI or a name with a meaning of its own.
-std::string Plain_Path(const std::string& path) {
-    return path.starts_with('/') ? path : "./" + path;
-}
-
+// `name` is a whole path: never a URI, nor a name with a meaning of its own.
 HandleOwner Open_Handle(const std::string& name, int flags, const std::string& path) {
     sqlite3* raw = nullptr;
+    const char* files = (flags & SQLITE_OPEN_MEMORY) != 0 ? nullptr : Sealing_Files();
     const int result =
-        sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE, nullptr);
+        sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE, files);
     HandleOwner handle(raw);
     if (result != SQLITE_OK) throw Error_Of(raw, result, path);
     sqlite3_extended_result_codes(raw, 1);
@@ -63,7 +63,20 @@ HandleOwner Open_Handle(const std::string& name, int flags, const std::string& p
     return handle;
 }
 
-void Check_Content(Connection& connection, OpenFor purpose) {
+// The connection owns the handle once it is made, and not before.
+std::shared_ptr<Connection> Own(HandleOwner& handle, const std::string& path, bool readOnly) {
+    auto connection = std::make_shared<Connection>(handle.get(), path, readOnly);
+    handle.release();
+    return connection;
+}
+
+// A new file, and one that is compacted, gets room for the seals of its pages.
+void Leave_Room_For_Seals(Connection& connection) {
+    int reserved = kSealSize;
+    sqlite3_file_control(connection.Handle(), "main", SQLITE_FCNTL_RESERVE_BYTES, &reserved);
+}
+
+void Check_Content(Connection& connection) {
     const auto refuse = [&](DbErrorCode code) { throw DbError(code, connection.Path()); };
     if (Single_Text(connection, "PRAGMA journal_mode") != "delete") refuse(DbErrorCode::NotADatabase);
     if (Single_Text(connection, "PRAGMA encoding") != "UTF-8") refuse(DbErrorCode::NotADatabase);
@@ -74,13 +87,75 @@ void Check_Content(Connection& connection, OpenFor purpose) {
     if (layout < 1) refuse(DbErrorCode::NotADatabase);
     if (layout > kCrfLayout) refuse(DbErrorCode::NewerLayout);
     connection.Shapes();
-    if (purpose == OpenFor::Repair) return;
-    if (Single_Text(connection, "PRAGMA quick_check(1)") != "ok") refuse(DbErrorCode::NotADatabase);
+}
+
+// Every page, and every index against its table: rows are found by their index.
+bool Is_Sound(Connection& connection) {
+    return Single_Text(connection, "PRAGMA integrity_check(1)") == "ok";
+}
+
+// What the seals say of the file as it is at one moment.
+Seals Seals_Of(Connection& connection) {
+    connection.Run_Once("BEGIN");
+    Single_Text(connection, "SELECT Count(*) FROM sqlite_schema");
+    const Seals seals = Check_Seals(connection.Handle());
+    connection.Run_Once("COMMIT");
+    return seals;
+}
+
+// Each index anew from its table. Throws NotADatabase where that does not mend the file; nothing has changed then.
+void Rebuild_Indexes(Connection& connection) {
+    try {
+        AllOrNothing steps(connection);
+        connection.Run_Once("REINDEX");
+        if (!Is_Sound(connection)) throw DbError(DbErrorCode::NotADatabase, connection.Path());
+        steps.Keep();
+    } catch (const DbError& error) {
+        if (error.Ends_Work()) throw;
+        throw DbError(DbErrorCode::NotADatabase, connection.Path());
+    }
+    connection.Note_Rebuilt_Index();
+}
+
+std::shared_ptr<Connection> Copy_In_Memory(Connection& connection) {
+    auto copy = Open_In_Memory(connection.Path());
+    Copy_Pages(connection, *copy);
+    connection.Close();
+    return copy;
+}
+
+// What is to be opened for the purpose, sound throughout.
+std::shared_ptr<Connection> Sound_For(std::shared_ptr<Connection> connection, OpenFor purpose) {
+    const Seals seals = Seals_Of(*connection);
+    if (seals == Seals::Broken) throw DbError(DbErrorCode::NotADatabase, connection->Path());
+    if (purpose == OpenFor::Copy) connection = Copy_In_Memory(*connection);
+    if (seals == Seals::Whole && Is_Sound(*connection)) return connection;
+    const bool readOnly = connection->Is_Read_Only();
+    if (readOnly) connection = Copy_In_Memory(*connection);
+    Rebuild_Indexes(*connection);
+    if (readOnly) connection->Refuse_Changes();
+    return connection;
+}
+
+// While nobody writes the file. A journal beside it is then of a job that has written nothing yet, or was cut off.
+void Check_Before_Reading(sqlite3* handle, FileCheck& check, const std::string& path, OpenFor purpose) {
+    const HeldStill still(handle);
+    if (!still) return;
+    check.hotJournal = Check_Side_Files(check.path) == Journal::Hot && !still.Has_Writer();
+    Check_Header(handle, check, path);
+    if (check.hotJournal && purpose != OpenFor::Trial) Try_Rollback(still, check);
+}
+
+// A refusal whose reason may be the missing journal of another name.
+[[noreturn]] void Refuse_Damaged(const FileCheck& check, const std::string& path) {
+    if (!check.hasOtherNames || check.hotJournal) throw DbError(DbErrorCode::NotADatabase, path);
+    throw DbError(DbErrorCode::NotADatabase, path,
+                  "the file has another name (a hard link), and what takes back a change that was cut off may lie "
+                  "beside that name");
 }
 
 // A journal that a killed program left behind and that holds nothing to roll back. Nobody else may be at the file.
-void Remove_Stale_Journal(Connection& connection) {
-    const std::string journal = Journal_Path(connection.Path());
+void Remove_Stale_Journal(Connection& connection, const std::string& journal) {
     if (::access(journal.c_str(), F_OK) != 0) return;
     sqlite3_busy_timeout(connection.Handle(), 0);
     try {
@@ -102,25 +177,27 @@ std::string Single_Text(Connection& connection, std::string_view sql) {
 }
 
 std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) {
-    const FileCheck check = Check_File(path);
-    HandleOwner handle =
-        Open_Handle(Plain_Path(path), check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, path);
-    Check_Header(handle.get(), check, path);
-    for (const Limit& row : kLimits) sqlite3_limit(handle.get(), row.what, row.most);
-    sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
-    const bool readOnly = check.readOnly || sqlite3_db_readonly(handle.get(), "main") == 1;
-    auto connection = std::make_shared<Connection>(handle.release(), path, readOnly);
+    FileCheck check = Check_File(path);
+    HandleOwner handle = Open_Handle(check.path, check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, path);
+    std::shared_ptr<Connection> connection;
     try {
+        Check_Before_Reading(handle.get(), check, path, purpose);
+        for (const Limit& row : kLimits) sqlite3_limit(handle.get(), row.what, row.most);
+        sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
+        const bool readOnly = check.readOnly || sqlite3_db_readonly(handle.get(), "main") == 1;
+        connection = Own(handle, path, readOnly);
         for (const std::string_view setting : kFileSettings) Single_Text(*connection, setting);
-        Check_Content(*connection, purpose);
+        Check_Content(*connection);
+        Leave_Room_For_Seals(*connection);
+        connection = Sound_For(std::move(connection), purpose);
     } catch (const DbError& error) {
-        connection->Close();
-        if (error.Code() == DbErrorCode::Engine) throw DbError(DbErrorCode::NotADatabase, path);
-        throw;
+        if (error.Code() == DbErrorCode::NewerLayout) throw DbError(error.Code(), path);
+        if (error.Code() != DbErrorCode::NotADatabase && error.Code() != DbErrorCode::Engine) throw;
+        Refuse_Damaged(check, path);
     }
-    if (!readOnly && purpose == OpenFor::Work) {
-        Remove_Stale_Journal(*connection);
-        Remove_Stale_Temporary(path);
+    if (!connection->Is_Read_Only() && purpose == OpenFor::Work) {
+        Remove_Stale_Journal(*connection, Journal_Path(check.path));
+        Remove_Stale_Temporary(check.path);
     }
     connection->Changed_Elsewhere();
     return connection;
@@ -130,10 +207,10 @@ std::shared_ptr<Connection> Hold_File(const std::string& path, HoldFor purpose) 
     try {
         const FileCheck check = Check_File(path);
         const int flags = check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-        HandleOwner handle = Open_Handle(Plain_Path(path), flags, path);
+        HandleOwner handle = Open_Handle(check.path, flags, path);
         Check_Header(handle.get(), check, path);
         sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
-        auto held = std::make_shared<Connection>(handle.release(), path, check.readOnly);
+        auto held = Own(handle, path, check.readOnly);
         const bool reads = purpose == HoldFor::Reading || check.readOnly;
         held->Run_Once(reads ? "BEGIN" : "BEGIN IMMEDIATE");
         Single_Text(*held, "SELECT Count(*) FROM sqlite_schema");
@@ -144,10 +221,21 @@ std::shared_ptr<Connection> Hold_File(const std::string& path, HoldFor purpose) 
     }
 }
 
+void Copy_Pages(Connection& from, Connection& to) {
+    sqlite3_backup* backup = sqlite3_backup_init(to.Handle(), "main", from.Handle(), "main");
+    if (backup == nullptr) throw to.Failure(sqlite3_errcode(to.Handle()));
+    sqlite3_backup_step(backup, -1);
+    const int result = sqlite3_backup_finish(backup);
+    if (result != SQLITE_OK) throw Error_Of(to.Handle(), result, from.Path());
+    to.Forget_Shapes();
+    Leave_Room_For_Seals(to);  // the pages have brought their own
+}
+
 std::shared_ptr<Connection> Open_In_Memory(const std::string& path) {
     HandleOwner handle = Open_Handle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY, path);
-    auto connection = std::make_shared<Connection>(handle.release(), path, false);
+    auto connection = Own(handle, path, false);
     Single_Text(*connection, "PRAGMA page_size = " + std::to_string(kPageSize));
+    Leave_Room_For_Seals(*connection);
     Single_Text(*connection, "PRAGMA application_id = " + std::to_string(kCrfApplicationId));
     Single_Text(*connection, "PRAGMA user_version = " + std::to_string(kCrfLayout));
     Single_Text(*connection, "PRAGMA temp_store = MEMORY");

@@ -1,6 +1,7 @@
-// A report file opened as what it may be: written by somebody else.
+// Opening of report files, which are untrusted input.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -9,11 +10,12 @@
 namespace tallmar::db_detail {
 
 enum class OpenFor : std::uint8_t {
-    Work,    // the whole file is checked, and leftovers of a killed program are removed
-    Repair,  // the pages are not checked
+    Work,   // leftovers of a killed program are removed; a damaged index is rebuilt in the file
+    Copy,   // the file stays as it is; what is opened is a copy in memory, with a damaged index rebuilt there
+    Trial,  // a copy of a file with its journal, to see whether that can be rolled back
 };
 
-// Throws what DBEngine::OpenDatabase throws.
+// The whole file is checked. Throws what DBEngine::OpenDatabase throws.
 std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose);
 
 enum class HoldFor : std::uint8_t { Reading, Replacing };
@@ -25,6 +27,9 @@ std::shared_ptr<Connection> Hold_File(const std::string& path, HoldFor purpose);
 
 // A new database in memory that bears `path` as its name.
 std::shared_ptr<Connection> Open_In_Memory(const std::string& path);
+
+// All pages of `from` as they are, over whatever `to` holds.
+void Copy_Pages(Connection& from, Connection& to);
 
 // The single value of a pragma, or of another statement that gives one.
 std::string Single_Text(Connection& connection, std::string_view sql);

@@ -80,15 +80,6 @@ TEST_F(OpenTest, AReportFileOpensAsItWasLeft) {
     EXPECT_EQ(Entries(), 1);
 }
 
-TEST_F(OpenTest, AMissingFileAFolderAndAnotherKindCannotBeOpened) {
-    EXPECT_EQ(Code_Of([&] { DBEngine::OpenDatabase(folder.File("none.CRF")); }), DbErrorCode::CannotOpen);
-    EXPECT_FALSE(fs::exists(folder.File("none.CRF")));
-    EXPECT_EQ(Code_Of([&] { DBEngine::OpenDatabase(folder.Path()); }), DbErrorCode::CannotOpen);
-    EXPECT_EQ(Code_Of([&] { DBEngine::OpenDatabase("/dev/null"); }), DbErrorCode::CannotOpen);
-    EXPECT_EQ(Code_Of([&] { DBEngine::OpenDatabase(""); }), DbErrorCode::CannotOpen);
-    EXPECT_EQ(Error_Of([&] { DBEngine::OpenDatabase("none.CRF"); }), "The file 'none.CRF' cannot be opened");
-}
-
 TEST_F(OpenTest, WhatIsNoReportFileIsRefused) {
     Expect_Refused("", DbErrorCode::NotADatabase, "empty");
     Expect_Refused("short", DbErrorCode::NotADatabase, "short");
@@ -159,15 +150,17 @@ TEST_F(OpenTest, AFileWithAFlippedByteIsRefusedOrReadWithoutHarm) {
         std::string content = bytes;
         content[place] = static_cast<char>(content[place] ^ static_cast<char>(1 + random() % 255));
         Put_Bytes(path, content);
+        bool rebuilt = false;
         try {
             Database opened = DBEngine::OpenDatabase(path);
+            rebuilt = opened.Has_Rebuilt_Index();
             Dump(opened);
         } catch (const DbError& error) {
             EXPECT_TRUE(error.Code() == DbErrorCode::NotADatabase || error.Code() == DbErrorCode::NewerLayout)
                 << "byte " << place << ": " << error.Description();
             ++refused;
         }
-        EXPECT_EQ(Bytes_Of(path) == content, true) << "byte " << place;
+        EXPECT_EQ(Bytes_Of(path) != content, rebuilt) << "byte " << place;
         EXPECT_EQ(Entries(), 1) << "byte " << place;
     }
     EXPECT_GT(refused, 50);
@@ -274,30 +267,88 @@ TEST_F(OpenTest, ASoundFileIsLeftAsItIsByRepair) {
     EXPECT_EQ(Code_Of([&] { DBEngine::RepairDatabase(folder.File("none")); }), DbErrorCode::CannotOpen);
 }
 
-// An index that lost an entry: the rows are all there, and the index is made anew from them.
-TEST_F(OpenTest, AnIndexThatLostARowIsMadeAnew) {
-    const std::string broken = With_Statement(
-        "PRAGMA writable_schema = ON;"
-        "CREATE TABLE keep AS SELECT sql FROM sqlite_schema WHERE name = 'A!ndx';"
-        "UPDATE sqlite_schema SET sql = 'CREATE UNIQUE INDEX \"A!ndx\" ON \"A\"(\"LineNum\") WHERE 0' WHERE name = "
-        "'A!ndx';"
-        "PRAGMA writable_schema = RESET;"
-        "REINDEX;"
-        "PRAGMA writable_schema = ON;"
-        "UPDATE sqlite_schema SET sql = (SELECT sql FROM keep) WHERE name = 'A!ndx';"
-        "DROP TABLE keep;"
-        "PRAGMA writable_schema = RESET;");
-    const std::string doubled = "INSERT INTO A (LineNum) VALUES (5)";
-    Put_Bytes(path, broken);
-    db = DBEngine::OpenDatabase(path);
-    EXPECT_EQ(db.Execute(doubled), 1);
-    db.Close();
+constexpr const char* kDoubled = "INSERT INTO A (LineNum) VALUES (5)";
 
+// The rows are all there, and no index finds them.
+constexpr const char* kEmptyIndex =
+    "PRAGMA writable_schema = ON;"
+    "CREATE TABLE keep AS SELECT sql FROM sqlite_schema WHERE name = 'A!ndx';"
+    "UPDATE sqlite_schema SET sql = 'CREATE UNIQUE INDEX \"A!ndx\" ON \"A\"(\"LineNum\") WHERE 0' WHERE name = "
+    "'A!ndx';"
+    "PRAGMA writable_schema = RESET;"
+    "REINDEX;"
+    "PRAGMA writable_schema = ON;"
+    "UPDATE sqlite_schema SET sql = (SELECT sql FROM keep) WHERE name = 'A!ndx';"
+    "DROP TABLE keep;"
+    "PRAGMA writable_schema = RESET;";
+
+TEST_F(OpenTest, AnIndexThatLostItsRowsIsRebuiltInTheFile) {
+    Put_Bytes(path, With_Statement(kEmptyIndex));
+    db = DBEngine::OpenDatabase(path);
+    EXPECT_TRUE(db.Has_Rebuilt_Index());
+    EXPECT_EQ(Dump(db), dump);
+    EXPECT_EQ(Rows(db, "SELECT Label FROM A WHERE LineNum = 7"), "line 7;");
+    EXPECT_EQ(Code_Of([&] { Run(kDoubled); }), DbErrorCode::DuplicateKey);
+    Reopen();
+    EXPECT_FALSE(db.Has_Rebuilt_Index());
+    EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(OpenTest, OfAFileThatIsReadOnlyTheIndexIsRebuiltInACopy) {
+    const std::string broken = With_Statement(kEmptyIndex);
     Put_Bytes(path, broken);
+    fs::permissions(path, fs::perms::owner_read);
+    db = DBEngine::OpenDatabase(path);
+    EXPECT_TRUE(db.Has_Rebuilt_Index());
+    EXPECT_TRUE(db.Is_Read_Only());
+    EXPECT_EQ(Dump(db), dump);
+    EXPECT_EQ(Rows(db, "SELECT Label FROM A WHERE LineNum = 7"), "line 7;");
+    EXPECT_EQ(Code_Of([&] { Run("DELETE * FROM A"); }), DbErrorCode::ReadOnly);
+    EXPECT_EQ(Code_Of([&] { DBEngine::RepairDatabase(path); }), DbErrorCode::ReadOnly);
+    EXPECT_EQ(Bytes_Of(path) == broken, true);
+    EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(OpenTest, AnIndexOverRowsThatAreDoubledCannotBeRebuilt) {
+    const std::string broken =
+        With_Statement((std::string(kEmptyIndex) + "INSERT INTO A (LineNum) VALUES (50000)").c_str());
+    Expect_Refused(broken, DbErrorCode::NotADatabase, "doubled rows");
+}
+
+TEST_F(OpenTest, ACopyIsChangedWithoutItsFile) {
+    Database copy = DBEngine::OpenCopy(path);
+    EXPECT_EQ(copy.Path(), path);
+    EXPECT_FALSE(copy.Is_Read_Only());
+    EXPECT_FALSE(copy.Has_Rebuilt_Index());
+    EXPECT_EQ(Dump(copy), dump);
+    copy.Execute("DELETE * FROM A WHERE LineNum > 10");
+    Make_Table(copy, "B", {{"x", FieldType::Long}});
+    EXPECT_EQ(Rows(copy, "SELECT Count(*) FROM A"), "10;");
+    // Who has the copy open keeps nobody waiting.
+    db = DBEngine::OpenDatabase(path);
+    Run("UPDATE A SET Hours = 1");
+    EXPECT_FALSE(copy.Changed_Elsewhere());
+    copy.Close();
+    EXPECT_EQ(Rows(db, "SELECT Count(*) FROM A"), "200;");
+    EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(OpenTest, OfACopyTheIndexIsRebuiltAndTheFileStaysAsItIs) {
+    const std::string broken = With_Statement(kEmptyIndex);
+    Put_Bytes(path, broken);
+    Database copy = DBEngine::OpenCopy(path);
+    EXPECT_TRUE(copy.Has_Rebuilt_Index());
+    EXPECT_EQ(Dump(copy), dump);
+    EXPECT_EQ(Bytes_Of(path) == broken, true);
+    EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(OpenTest, RepairRebuildsAnIndex) {
+    Put_Bytes(path, With_Statement(kEmptyIndex));
     DBEngine::RepairDatabase(path);
     db = DBEngine::OpenDatabase(path);
+    EXPECT_FALSE(db.Has_Rebuilt_Index());
     EXPECT_EQ(Dump(db), dump);
-    EXPECT_EQ(Code_Of([&] { Run(doubled); }), DbErrorCode::DuplicateKey);
 }
 
 TEST_F(OpenTest, BeyondRepairIsSaidAndUntouched) {
