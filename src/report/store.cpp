@@ -128,7 +128,9 @@ bool Report_Open(const std::string& path, OpenFor use) {
     if (Is_Remembered_Folder(CRFDir)) window.Save_Setting(kProgramTitle, "Startup", "CRFLoc", CRFDir);
     Show_Caption();
     try {
-        db = DBEngine::OpenDatabase(Native_Path(CRFPath));
+        const std::string file = Native_Path(CRFPath);
+        // Whoever only reads leaves the file as it is, whatever is to be mended.
+        db = use == OpenFor::Reading ? DBEngine::OpenCopy(file) : DBEngine::OpenDatabase(file);
         Tell_Rebuilt_Index();
         if (!Load_Master()) return Refuse(Cannot_Open("It has no Master record."));
         if (FormNum != kFormNum) {
