@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The main job, from nothing: a report is made for the sample agency, filled and calculated. Where there is a display the
-# desktop opens on it; where there is none it is summed up here.
+# The main job, from nothing: a report is made for the sample agency, filled and calculated; one that is there already
+# stays as it is. Where there is a display the desktop opens on it; where there is none it is summed up here.
 #   scripts/run.sh [FISCAL-YEAR] [REPORT.CRF]
 # FISCAL-YEAR is a folder of samples/: fy1999, fy2000 or fy2016 (the default).
 set -euo pipefail
@@ -36,11 +36,19 @@ open_desktop() {
     [ "$status" -eq 0 ] || exit "$status"
 }
 
-# The identity of the report: provider, start, end, name.
-. "$sample/report.sh"
-"$tallmar" new "$report" --provider "$provider" --start "$start" --end "$end" --name "$name"
-"$tallmar" enter "$report" "$sample/cells.csv"
-"$tallmar" calc "$report"
+if [ -e "$report" ]; then
+    echo "$report is there and stays as it is. To make it anew, delete it first."
+else
+    # The identity of the report: provider, start, end, name.
+    . "$sample/report.sh"
+    # It gets its name when it is complete.
+    making=${report%.CRF}.making.CRF
+    rm -f "$making" "$making-journal"
+    "$tallmar" new "$making" --provider "$provider" --start "$start" --end "$end" --name "$name"
+    "$tallmar" enter "$making" "$sample/cells.csv"
+    "$tallmar" calc "$making"
+    mv -n "$making" "$report"
+fi
 if [ -n "$display" ]; then
     open_desktop && exit
     echo "The display $display cannot be opened; here is the report in figures."
