@@ -21,6 +21,9 @@ function(tallmar_compile_as_tests name)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> ${ARGN})
 endfunction()
 
+# Where programs that tests start keep what is the user's; tests/home.sh sees to it that it stays empty.
+set(kTestDataHome ${CMAKE_BINARY_DIR}/test-data-home)
+
 # The tests of one folder: one program, one ctest name a test.
 function(tallmar_tests name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_test.cpp)
@@ -33,7 +36,8 @@ function(tallmar_tests name folder)
   target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                              TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   tallmar_compile_as_tests(${name} <filesystem>)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+                       PROPERTIES TIMEOUT 300 ENVIRONMENT XDG_DATA_HOME=${kTestDataHome} FIXTURES_REQUIRED home)
 endfunction()
 
 # The same on Qt: a main of its own gives the program a desktop without a display, settings and a home.
