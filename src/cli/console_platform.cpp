@@ -102,7 +102,7 @@ std::string One_Line(std::string_view text) {
 }
 
 std::string User_Data_Folder() {
-    if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data != '\0') {
+    if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/') {
         return std::string(data) + "/Tallmar 1728";
     }
     if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {

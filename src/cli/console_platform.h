@@ -60,7 +60,7 @@ class ConsolePlatform final : public Platform {
 
 // A text of several lines, for one line of output.
 std::string One_Line(std::string_view text);
-// The per-user data folder of the system, or empty where the user has no home.
+// The per-user data folder of the system, or empty where the user has no home. A relative XDG_DATA_HOME does not count.
 std::string User_Data_Folder();
 // The folder the running program stands in.
 std::string Executable_Folder();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
@@ -28,10 +29,11 @@ Date Present() {
     return Date_Of(CivilDate{day.year(), day.month(), day.day(), time.hour(), time.minute(), time.second()});
 }
 
-// The command line keeps its data in the same folder.
-std::string User_Folder(QStandardPaths::StandardLocation location) {
-    const QString folder = QStandardPaths::writableLocation(location);
-    return folder.isEmpty() ? std::string() : Plain_Text(folder + '/' + Qt_Text(kProgramTitle));
+// The command line keeps its data in the same folder. A relative path in the environment does not count.
+std::string User_Folder(QStandardPaths::StandardLocation location, const char* belowHome) {
+    QString folder = QStandardPaths::writableLocation(location);
+    if (QDir::isRelativePath(folder)) folder = QDir::homePath() + belowHome;
+    return Plain_Text(folder + '/' + Qt_Text(kProgramTitle));
 }
 
 QString Settings_File(const std::string& folder, std::string_view application) {
@@ -51,7 +53,8 @@ QWidget* Window_In_Front(FrmMain* main) {
 }  // namespace
 
 DesktopPlaces User_Places() {
-    return {User_Folder(QStandardPaths::GenericConfigLocation), User_Folder(QStandardPaths::GenericDataLocation),
+    return {User_Folder(QStandardPaths::GenericConfigLocation, "/.config"),
+            User_Folder(QStandardPaths::GenericDataLocation, "/.local/share"),
             Plain_Text(QCoreApplication::applicationDirPath()), Present,
             [](const std::string& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(Qt_Text(path))); }};
 }

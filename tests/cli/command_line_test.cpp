@@ -1,6 +1,8 @@
 // The command line as a whole: help, version, wrong lines, message boxes, where results go.
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
+#include <optional>
 
 #include "cli/commands.h"
 #include "cli_test.h"
@@ -173,11 +175,31 @@ TEST_F(CommandLine, AChangedReportLeavesABackupInTheDataFolder) {
     ASSERT_EQ(Run_Tallmar({"calc", crf}, "", options).status, kExitDone);
     int backups = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(Path("data"))) {
-        if (!entry.is_regular_file()) continue;
+        if (entry.path().extension() != ".CRF") continue;
         ++backups;
         EXPECT_EQ(Read_Bytes(entry.path()), before);
     }
     EXPECT_EQ(backups, 1);
+}
+
+TEST_F(CommandLine, TheDataFolderIsNeverARelativeOne) {
+    const auto variable = [](const char* name) {
+        const char* text = std::getenv(name);
+        return text == nullptr ? std::nullopt : std::optional<std::string>(text);
+    };
+    const auto restore = [](const char* name, const std::optional<std::string>& text) {
+        text ? setenv(name, text->c_str(), 1) : unsetenv(name);
+    };
+    const auto home = variable("HOME"), data = variable("XDG_DATA_HOME");
+    setenv("HOME", "/home/mary", 1);
+    setenv("XDG_DATA_HOME", "/data", 1);
+    EXPECT_EQ(User_Data_Folder(), "/data/Tallmar 1728");
+    for (const char* none : {"relative", "./relative", ""}) {
+        setenv("XDG_DATA_HOME", none, 1);
+        EXPECT_EQ(User_Data_Folder(), "/home/mary/.local/share/Tallmar 1728");
+    }
+    restore("HOME", home);
+    restore("XDG_DATA_HOME", data);
 }
 
 }  // namespace

@@ -1,11 +1,13 @@
 // The desktop's platform: boxes, file dialogs, settings, and no input while a job runs.
 #include "shell/desktop_platform.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include "shell/desktop_platform_boxes.h"
 #include "shell/shell_test.h"
@@ -36,6 +38,19 @@ TEST_F(DesktopPlatformTest, SettingsAreKeptByApplication) {
     platform.Save_Setting("Tallmar 1728", "Startup", "CRFLoc", "C:\\Reports, é");
     EXPECT_EQ(platform.Get_Setting("Tallmar 1728", "Startup", "CRFLoc", "None"), "C:\\Reports, é");
     EXPECT_EQ(platform.Get_Setting("Tallmar", "Startup", "CRFLoc", "None"), "None");
+}
+
+TEST_F(DesktopPlatformTest, ARelativePathInTheEnvironmentIsNoPlaceOfTheUsers) {
+    const QByteArray data = qgetenv("XDG_DATA_HOME"), config = qgetenv("XDG_CONFIG_HOME");
+    QStandardPaths::setTestModeEnabled(false);
+    qputenv("XDG_DATA_HOME", "relative");
+    qputenv("XDG_CONFIG_HOME", "relative");
+    const DesktopPlaces places = User_Places();
+    qputenv("XDG_DATA_HOME", data);
+    qputenv("XDG_CONFIG_HOME", config);
+    QStandardPaths::setTestModeEnabled(true);
+    EXPECT_EQ(places.dataFolder, Plain_Text(QDir::homePath()) + "/.local/share/Tallmar 1728");
+    EXPECT_EQ(places.settingsFolder, Plain_Text(QDir::homePath()) + "/.config/Tallmar 1728");
 }
 
 TEST_F(DesktopPlatformTest, FilterFindsBothCases) {
