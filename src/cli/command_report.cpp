@@ -10,6 +10,8 @@
 #include "common/variant.h"
 #include "report/new_report.h"
 #include "report/open_report.h"
+#include "report/replace.h"
+#include "report/report_lock.h"
 #include "report/store.h"
 
 namespace tallmar {
@@ -78,13 +80,22 @@ int Run_Save_As(CommandContext& context) {
         context.err << "The copy needs a name.\n";
         return kExitUsage;
     }
+    const std::string& target = context.arguments.target;
     const OpenedReport report(context.arguments.file, OpenedReport::Use::Reading);
-    return report && Report_Save_As(context.arguments.target) ? 0 : 1;
+    if (!report || !Report_Is_Free(target) || !May_Replace_File(target)) return kExitFailed;
+    std::string trouble;
+    if (Report_Copy_To(target, trouble)) return kExitDone;
+    if (!trouble.empty()) context.err << One_Line(trouble) << ".\n";
+    return kExitFailed;
 }
 
 int Run_Compact(CommandContext& context) {
     const OpenedReport report(context.arguments.file, OpenedReport::Use::Changing);
-    return report && Report_Close() ? 0 : 1;
+    std::string trouble;
+    if (!report || !Report_Close(trouble)) return kExitFailed;
+    if (trouble.empty()) return kExitDone;
+    context.err << "The report was not compacted.  " << One_Line(trouble) << ".\n";
+    return kExitFailed;
 }
 
 }  // namespace tallmar

@@ -25,7 +25,8 @@ constexpr std::array kSql{
 constexpr std::array kDump{ArgumentSpec{"TABLE", "Only these tables", false, nullptr, &Args::tables, nullptr}};
 constexpr std::array kEnter{
     Text("CELLS", "A CSV file of Item,LineNum,Column,Value; standard input where it is left out", false, &Args::cells)};
-constexpr std::array kSaveAs{Text("NEW", "The copy's path; a file there is replaced", true, &Args::target)};
+constexpr std::array kSaveAs{
+    Text("NEW", "The copy's path; before a file there is replaced it is asked", true, &Args::target)};
 
 constexpr std::array kCommands{
     Command{"new", "Make a new report", kNew, Run_New},

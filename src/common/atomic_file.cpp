@@ -12,12 +12,14 @@
 #include <utility>
 #include <vector>
 
+#include "common/file_id.h"
+
 namespace tallmar {
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less the user's mask
 constexpr mode_t kAnyWrite = 0222;
+constexpr mode_t kGroupRights = 0070;
 constexpr std::size_t kCopyPiece = 1 << 20;
 
 [[noreturn]] void Fail(int error, const std::string& path) {
@@ -41,7 +43,7 @@ class FileHandle {
 };
 
 std::string Temporary_Of(const std::string& path) {
-    return path + ".tmp";
+    return path + ".tallmar";
 }
 
 std::string Holding_Folder(const std::string& path) {
@@ -77,9 +79,11 @@ void Flush_Folder(const std::string& path) {
     if (folder.Get() >= 0) ::fsync(folder.Get());
 }
 
-// A file that stands at the path: its rights pass to the new one.
+// A file that is at the path: its rights pass to the new one.
 struct OldFile {
     bool exists = false;
+    uid_t owner = 0;
+    gid_t group = 0;
     mode_t mode = 0;
 };
 OldFile Look_At(const std::string& path) {
@@ -91,17 +95,32 @@ OldFile Look_At(const std::string& path) {
     if (S_ISDIR(info.st_mode)) Fail(EISDIR, path);
     if (!S_ISREG(info.st_mode)) Fail(EINVAL, path);
     if ((info.st_mode & kAnyWrite) == 0 || ::access(path.c_str(), W_OK) != 0) Fail(EACCES, path);
-    return {true, info.st_mode & 07777};
+    return {true, info.st_uid, info.st_gid, info.st_mode & 07777};
 }
 
-// Takes the temporary name for itself; a stale file under it is taken over, one in use is waited out by nobody.
-FileHandle Named_Temporary(const std::string& path) {
+// What a killed program left under the temporary name goes; false where a living one is at it.
+bool Remove_Stale(const std::string& name) {
+    const FileHandle file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (file.Get() < 0) return errno == ENOENT;
+    struct stat info {};
+    if (::fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) return false;
+    return !Still_Bears(file.Get(), name) || ::unlink(name.c_str()) == 0;
+}
+
+// The temporary file under its name, locked. The name keeps others from replacing the same file.
+FileHandle Named_Temporary(const std::string& path, mode_t mode) {
     const std::string name = Temporary_Of(path);
-    FileHandle file(::open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode));
-    if (file.Get() < 0) Fail(errno, path);
-    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) Fail(EBUSY, path);
-    if (::ftruncate(file.Get(), 0) != 0) Fail(errno, path);
-    return file;
+    for (int tries = 1; tries <= 2; ++tries) {
+        FileHandle file(::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        if (file.Get() >= 0) {
+            if (::flock(file.Get(), LOCK_EX | LOCK_NB) == 0 && Still_Bears(file.Get(), name)) return file;
+            Fail(EBUSY, path);
+        }
+        if (errno != EEXIST) Fail(errno, path);
+        if (!Remove_Stale(name)) break;
+    }
+    Fail(EBUSY, path);
 }
 
 // Gives a nameless file a name. False where the name is taken.
@@ -112,62 +131,121 @@ bool Link_To(int handle, const std::string& name, const std::string& path) {
     Fail(errno, path);
 }
 
-void Rename_Over(const std::string& path) {
-    const std::string name = Temporary_Of(path);
-    if (::rename(name.c_str(), path.c_str()) == 0) return;
-    const int error = errno;
-    ::unlink(name.c_str());
-    Fail(error, path);
-}
-
-void Place_Nameless(const FileHandle& file, const std::string& path, bool replaces) {
-    if (!replaces && Link_To(file.Get(), path, path)) return;
-    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) Fail(errno, path);
-    if (!Link_To(file.Get(), Temporary_Of(path), path)) {
-        Remove_Stale_Temporary(path);
-        if (!Link_To(file.Get(), Temporary_Of(path), path)) Fail(EBUSY, path);
+// The temporary name of a file that is being placed; it goes with the value unless the file was placed.
+class TemporaryName {
+  public:
+    explicit TemporaryName(const std::string& path) : path_(path), name_(Temporary_Of(path)) {}
+    ~TemporaryName() {
+        if (!name_.empty()) ::unlink(name_.c_str());
     }
-    Rename_Over(path);
-}
+    TemporaryName(const TemporaryName&) = delete;
+    TemporaryName& operator=(const TemporaryName&) = delete;
 
-void Fill(const FileHandle& file, const std::string& path, const OldFile& old,
-          const std::function<void(const FilePiece&)>& produce) {
+    void Rename_Over() {
+        if (::rename(name_.c_str(), path_.c_str()) != 0) Fail(errno, path_);
+        name_.clear();
+    }
+    // False where the path has a file.
+    bool Rename_To_New() {
+        if (::renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0) {
+            name_.clear();
+            return true;
+        }
+        if (errno == EEXIST) return false;
+        if (errno != EINVAL && errno != ENOSYS) Fail(errno, path_);
+        // A file system without such a step: whoever else makes this file holds the temporary name first.
+        if (::access(path_.c_str(), F_OK) == 0) return false;
+        Rename_Over();
+        return true;
+    }
+
+  private:
+    std::string path_, name_;
+};
+
+using Content = std::function<void(const FilePiece&)>;
+
+void Fill(const FileHandle& file, const std::string& path, const OldFile& old, const Content& produce) {
     produce([&](std::string_view piece) { Write_All(file.Get(), piece, path); });
-    if (old.exists && ::fchmod(file.Get(), old.mode) != 0) Fail(errno, path);
+    if (old.exists) {
+        // Who may not give a file away gives it to its group at least; another group gets no rights at it.
+        const bool grouped = ::fchown(file.Get(), old.owner, old.group) == 0 ||
+                             ::fchown(file.Get(), static_cast<uid_t>(-1), old.group) == 0;
+        if (::fchmod(file.Get(), grouped ? old.mode : old.mode & ~kGroupRights) != 0) Fail(errno, path);
+    }
     if (::fsync(file.Get()) != 0) Fail(errno, path);
 }
 
-// Where the folder's file system knows no nameless files.
-void Write_By_Name(const std::string& path, const OldFile& old, const std::function<void(const FilePiece&)>& produce) {
-    const FileHandle file = Named_Temporary(path);
-    try {
-        Fill(file, path, old, produce);
-    } catch (...) {
-        ::unlink(Temporary_Of(path).c_str());
-        throw;
+bool Knows_No_Nameless_Files(int error) {
+    return error == EOPNOTSUPP || error == EISDIR || error == EINVAL;
+}
+
+// How a filled file takes the path's name. Exactly one of the two is asked for.
+struct Placing {
+    bool onlyNew = false;
+    const std::function<bool()>* mayReplace = nullptr;  // of an old file; null: it may be
+};
+
+bool Place(TemporaryName& temporary, const Placing& placing) {
+    if (placing.onlyNew) return temporary.Rename_To_New();
+    if (placing.mayReplace != nullptr && !(*placing.mayReplace)()) return false;
+    temporary.Rename_Over();
+    return true;
+}
+
+bool Place_Nameless(const FileHandle& file, const std::string& path, bool replaces, const Placing& placing) {
+    if (!replaces && Link_To(file.Get(), path, path)) return true;
+    if (placing.onlyNew) return false;
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) Fail(errno, path);
+    const std::string name = Temporary_Of(path);
+    if (!Link_To(file.Get(), name, path) && (!Remove_Stale(name) || !Link_To(file.Get(), name, path))) {
+        Fail(EBUSY, path);
     }
-    Rename_Over(path);
+    TemporaryName temporary(path);
+    return Place(temporary, placing);
+}
+
+bool Write_File(const std::string& path, mode_t mode, const Content& produce, const Placing& placing) {
+    const std::string target = Real_Target(path);
+    const OldFile old = Look_At(target);
+    if (placing.onlyNew && old.exists) return false;
+    const FileHandle nameless(::open(Holding_Folder(target).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+    bool placed = false;
+    if (nameless.Get() >= 0) {
+        Fill(nameless, target, old, produce);
+        placed = Place_Nameless(nameless, target, old.exists, placing);
+    } else if (Knows_No_Nameless_Files(errno)) {
+        const FileHandle named = Named_Temporary(target, mode);
+        TemporaryName temporary(target);
+        Fill(named, target, old, produce);
+        placed = Place(temporary, placing);
+    } else {
+        Fail(errno, target);
+    }
+    if (placed) Flush_Folder(target);
+    return placed;
+}
+
+Content Whole(std::string_view bytes) {
+    return [bytes](const FilePiece& put) { put(bytes); };
 }
 
 }  // namespace
 
 void Write_File_Atomically(const std::string& path, const std::function<void(const FilePiece&)>& produce) {
-    const std::string target = Real_Target(path);
-    const OldFile old = Look_At(target);
-    const FileHandle nameless(::open(Holding_Folder(target).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFileMode));
-    if (nameless.Get() >= 0) {
-        Fill(nameless, target, old, produce);
-        Place_Nameless(nameless, target, old.exists);
-    } else if (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL) {
-        Write_By_Name(target, old, produce);
-    } else {
-        Fail(errno, target);
-    }
-    Flush_Folder(target);
+    Write_File(path, kUsualMode, produce, {});
 }
 
 void Write_File_Atomically(const std::string& path, std::string_view bytes) {
-    Write_File_Atomically(path, [&](const FilePiece& put) { put(bytes); });
+    Write_File(path, kUsualMode, Whole(bytes), {});
+}
+
+bool Replace_File_Atomically(const std::string& path, std::string_view bytes, const std::function<bool()>& mayReplace) {
+    return Write_File(path, kUsualMode, Whole(bytes), {.onlyNew = false, .mayReplace = &mayReplace});
+}
+
+bool Create_File_Atomically(const std::string& path, std::string_view bytes, unsigned mode) {
+    return Write_File(path, mode, Whole(bytes), {.onlyNew = true, .mayReplace = nullptr});
 }
 
 void Copy_File_Atomically(const std::string& from, const std::string& to) {
@@ -186,10 +264,7 @@ void Copy_File_Atomically(const std::string& from, const std::string& to) {
 }
 
 void Remove_Stale_Temporary(const std::string& path) {
-    const std::string name = Temporary_Of(path);
-    const FileHandle file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
-    if (file.Get() < 0 || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) return;
-    ::unlink(name.c_str());
+    Remove_Stale(Temporary_Of(path));
 }
 
 }  // namespace tallmar

@@ -1,11 +1,20 @@
-// The last good state: a copy of the report as it was opened, in the user's data folder.
+// The last good states: copies of reports as they were opened, and of what was replaced, in the user's data folder.
+//
+// Each report has a folder of its own below `backups/`, with the path of the report in "report.txt" and its copies,
+// "<number> <date and time>.CRF". The numbers count over all reports, so that their order does not hang on the clock.
+// The newest five of a report stay; beyond 200 folders or 500 MB whole folders go, those of reports that are gone
+// first, the oldest first, but never the one just written to. Only the user may look into them.
 #pragma once
+
+#include <string>
 
 namespace tallmar {
 
 // Called by every job before it changes the report, outside a Job: the first call since opening keeps a copy of the
-// file; the newest five a report stay. Troubles are passed over: a report is never held up for its backup.
+// file. Troubles are passed over: a report is never held up for its backup.
 void Keep_Backup();
+// The same for the file at `path`, which is about to be replaced: whatever it is.
+void Keep_Backup_Of(const std::string& path);
 // A report was opened, and is unchanged.
 void Expect_Backup();
 // The report needs no backup: none is open, or it is new.

@@ -11,6 +11,7 @@
 #include "report/open_report.h"
 #include "report/paths.h"
 #include "report/registry.h"
+#include "report/replace.h"
 #include "report/report_lock.h"
 #include "report/run_log.h"
 #include "report/store.h"
@@ -75,7 +76,7 @@ bool Create_CRF(const NewReportEntries& entries, const FiscalYear& year) {
 bool Create_CRF(const std::string& path, const NewReportEntries& entries, const FiscalYear& year) {
     Platform& window = The_Platform();
     ReportLock lock;
-    if (!lock.Take(path)) {
+    if (!lock.Take(path) || !Check_Report_Name(path, "System Error")) {
         Forget_Report();
         return false;
     }
@@ -86,7 +87,7 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
     window.Set_Enabled("frmMain", false);
     window.Set_Text("frmMain", Window_Caption());
     const bool made = Make_File(entries, year);
-    if (made) {
+    if (made && Report_Is_Open()) {
         Show_Report();
         Load_MSA();
         Load_AGOption();
@@ -95,13 +96,14 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
     }
     window.Hourglass(false);
     window.Set_Enabled("frmMain", true);
-    if (made) End_Msg_Log(kLogPrefix);
+    if (made && Report_Is_Open()) End_Msg_Log(kLogPrefix);
     return made;
 }
 
 bool Create_CRF(const std::string& path, NewReportEntries entries) {
     FiscalYear year;
-    return Check_Entries(entries, kNewReportDates, year) == EntryField::None && Create_CRF(path, entries, year);
+    return Check_Entries(entries, kNewReportDates, year) == EntryField::None && Report_Is_Free(path) &&
+           May_Replace_File(path) && Create_CRF(path, entries, year);
 }
 
 }  // namespace tallmar

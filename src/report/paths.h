@@ -6,6 +6,9 @@
 
 namespace tallmar {
 
+// The name that the report has beside its own while it is compacted.
+inline constexpr std::string_view kTemporaryName = "QVRTemp.CRF";
+
 // The folder without a separator at its end; "C:\" where the path has none.
 std::string Folder_Of(std::string_view path);
 std::string File_Title_Of(std::string_view path);

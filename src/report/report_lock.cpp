@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "common/db/sql_text.h"
+#include "common/file_id.h"
 #include "common/platform.h"
 #include "common/text.h"
 #include "report/paths.h"
@@ -70,13 +71,6 @@ bool Is_Empty(int file) {
 // A file of somebody else's that happens to bear the name is none of ours.
 bool Is_Ours(int file) {
     return Is_Empty(file) || Begins_With(Content(file), kProgramTitle);
-}
-
-bool Still_Bears(int file, const std::string& name) {
-    struct stat own {
-    }, named{};
-    return ::fstat(file, &own) == 0 && ::lstat(name.c_str(), &named) == 0 && own.st_dev == named.st_dev &&
-           own.st_ino == named.st_ino;
 }
 
 enum class Try { Locked, InUse, Without };

@@ -1,8 +1,7 @@
 #include "report/store.h"
 
-#include <filesystem>
-
 #include "common/db/sql_text.h"
+#include "common/file_id.h"
 #include "common/platform.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
@@ -11,13 +10,12 @@
 #include "report/code_lists.h"
 #include "report/master.h"
 #include "report/paths.h"
+#include "report/replace.h"
 #include "report/report_lock.h"
 #include "report/upgrade.h"
 #include "report/window.h"
 
 namespace tallmar {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -80,14 +78,25 @@ void Reopen() {
     }
 }
 
-bool Copy_Report(const std::string& from, const std::string& to) {
+// What is replaced goes into the backups.
+void Copy_File(const std::string& from, const std::string& to) {
+    const auto replaced = Id_Of(to);
+    if (replaced && replaced != Id_Of(from)) Keep_Backup_Of(to);
+    DBEngine::CopyDatabase(from, to);
+}
+
+// Closes the report. False after the box, with the reason in `trouble`.
+bool Copy_Open_Report(const std::string& path, std::string& trouble) {
+    db.Close();
     try {
-        std::error_code ignored;
-        if (!fs::equivalent(from, to, ignored)) DBEngine::CopyDatabase(from, to);
-        return fs::exists(to);
-    } catch (const std::exception&) {
-        return false;
+        Copy_File(Native_Path(CRFPath), Native_Path(path));
+        return true;
+    } catch (const std::exception& error) {
+        trouble = error.what();
     }
+    The_Platform().Beep();
+    The_Platform().Message_Box(kSaveFailedText, kStop, kSaveFailedTitle);
+    return false;
 }
 
 }  // namespace
@@ -137,9 +146,14 @@ bool Report_Open(const std::string& path, OpenFor use) {
             window.Beep();
             return Refuse(Foreign_Form());
         }
-        Expect_Backup();
-        Upgrade_CRF();
-        if (use == OpenFor::Changing) Tell_Forbidden_Sublines();
+        if (use == OpenFor::Changing) {
+            Expect_Backup();
+            Upgrade_CRF();
+            Tell_Forbidden_Sublines();
+        } else if (CRF_Needs_Upgrade()) {
+            db = DBEngine::OpenCopy(Native_Path(CRFPath));
+            Upgrade_Copy();
+        }
     } catch (const std::exception& error) {
         return Refuse(Cannot_Open(error.what()));
     }
@@ -161,25 +175,28 @@ bool Report_Open_Dialog() {
     return false;
 }
 
+bool Report_Copy_To(const std::string& path, std::string& trouble) {
+    const bool copied = Report_Is_Open() && Report_Is_Free(path) && Check_Report_Name(path, kSaveFailedTitle) &&
+                        Copy_Open_Report(path, trouble);
+    Forget_Report();
+    return copied;
+}
+
 bool Report_Save_As(const std::string& path) {
     if (path.empty() || !Report_Is_Open()) return false;
-    Platform& window = The_Platform();
     ReportLock lock;
-    if (!lock.Take(path)) return false;
-    db.Close();
-    const bool copied = Copy_Report(Native_Path(CRFPath), Native_Path(path));
+    if (!lock.Take(path) || !Check_Report_Name(path, kSaveFailedTitle)) return false;
+    std::string trouble;  // the box that is stated for it does not tell it
+    const bool copied = Copy_Open_Report(path, trouble);
     if (copied) {
         CRFTitle = File_Title_Of(path);
         CRFPath = path;
         lock.Keep();
         Show_Caption();
-    } else {
-        window.Beep();
-        window.Message_Box(kSaveFailedText, kStop, kSaveFailedTitle);
     }
     Reopen();
     if (copied && Report_Is_Open()) Expect_Backup();
-    window.Refresh_Menus();
+    The_Platform().Refresh_Menus();
     return copied && Report_Is_Open();
 }
 
@@ -190,7 +207,13 @@ bool Report_Save_As_Dialog() {
     return path && Report_Save_As(*path);
 }
 
+// In the window a close that cannot compact says nothing.
 bool Report_Close() {
+    std::string trouble;
+    return Report_Close(trouble);
+}
+
+bool Report_Close(std::string& trouble) {
     Platform& window = The_Platform();
     window.Hourglass(true);
     window.Set_Enabled("frmMain", false);
@@ -198,7 +221,7 @@ bool Report_Close() {
     const bool cancelled = window.Close_All_Forms();
     if (!cancelled) {
         window.Do_Events();
-        Close_File();
+        trouble = Close_File();
         window.Do_Events();
         Forget_Report();
     }
@@ -210,7 +233,7 @@ bool Report_Close() {
 void Report_Release() {
     if (!Report_Is_Open()) return;
     db.Close();
-    Drop_Temporary_File();
+    Drop_Temporary_File(Leftover::Link);
     Forget_Report();
 }
 
@@ -228,13 +251,19 @@ bool CreateCRF() {
 }
 
 bool Finish_CRF() {
+    const std::string report = Native_Path(CRFPath);
     try {
+        if (Id_Of(report)) Keep_Backup_Of(report);
         DBEngine::Finish_Creation(db);
-        db = DBEngine::OpenDatabase(Native_Path(CRFPath));
-        return true;
     } catch (const std::exception& error) {
         return System_Error(error);
     }
+    try {
+        db = DBEngine::OpenDatabase(report);
+    } catch (const std::exception& error) {  // the report is there all the same
+        System_Error(error);
+    }
+    return true;
 }
 
 }  // namespace tallmar

@@ -5,7 +5,6 @@
 #include <functional>
 #include <vector>
 
-#include "common/atomic_file.h"
 #include "common/db/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
@@ -154,9 +153,19 @@ Pieces Due(Pieces (*step)()) {
 
 // The older file stays beside the report as it was.
 void Keep_Old_File() {
-    std::filesystem::path kept = Native_Path(CRFPath);
+    const std::filesystem::path report = Native_Path(CRFPath);
+    std::filesystem::path kept = report;
     kept.replace_extension(".before-upgrade.CRF");
-    Copy_File_Atomically(Native_Path(CRFPath), kept.string());
+    for (int next = 2; !DBEngine::CopyToNewFile(report.string(), kept.string()); ++next) {
+        kept = report;
+        kept.replace_extension(Sql(".before-upgrade (", next, ").CRF"));
+    }
+}
+
+void Run_Steps() {
+    for (auto* step : kSteps) {
+        for (const Piece& piece : Due(step)) Run_Step(piece.item, piece.run);
+    }
 }
 
 }  // namespace
@@ -171,9 +180,7 @@ void Upgrade_CRF() {
     Keep_Backup();
     Job job(db);
     Start_Msg_Log(kLogPrefix);
-    for (auto* step : kSteps) {
-        for (const Piece& piece : Due(step)) Run_Step(piece.item, piece.run);
-    }
+    Run_Steps();
     job.Commit();
     End_Msg_Log(kLogPrefix);
 }
@@ -182,6 +189,13 @@ void Follow_Fiscal_Year() {
     for (auto* step : kSteps) {
         for (const Piece& piece : Due(step)) piece.run();
     }
+}
+
+void Upgrade_Copy() {
+    Start_Msg_Log(kLogPrefix);
+    Run_Steps();
+    constexpr bool kQuiet = true;
+    End_Msg_Log(kLogPrefix, kQuiet);
 }
 
 }  // namespace tallmar

@@ -159,15 +159,7 @@ TEST_P(FlippedByte, IsRefusedOrDoesNoHarm) {
         bytes[at] = static_cast<char>(bytes[at] ^ flip);
         Write_Bytes(crf, bytes);
         const Ran info = Run_Tallmar({"info", crf});
-        // Where a column's name has changed the report looks like one of an older program, and is brought up to date.
-        const std::string old = Path("r.before-upgrade.CRF");
-        if (fs::exists(old)) {
-            EXPECT_TRUE(Read_Bytes(old) == bytes) << "byte " << at;
-            EXPECT_EQ(info.status, kExitDone) << "byte " << at << ": " << info.err;
-            fs::remove(old);
-        } else {
-            EXPECT_TRUE(Read_Bytes(crf) == bytes) << "byte " << at;
-        }
+        EXPECT_TRUE(Read_Bytes(crf) == bytes) << "byte " << at;
         if (info.status == kExitDone) ++accepted;
         std::vector<Args> commands{{"dump", crf}};
         if (info.status == kExitDone) commands.push_back({"calc", crf});
@@ -176,12 +168,16 @@ TEST_P(FlippedByte, IsRefusedOrDoesNoHarm) {
         for (const Args& command : commands) {
             const std::string before = Read_Bytes(crf);
             const Ran ran = Run_Tallmar(command, "A,6,Col_1,5\n");
+            // Where a column's name has changed the report looks like one of an older program, and is brought up to
+            // date.
+            const bool upgraded = fs::remove(Path("r.before-upgrade.CRF"));
             EXPECT_TRUE(ran.status == kExitDone || ran.status == kExitFailed) << command[0] << ", byte " << at;
             if (ran.status == kExitDone) continue;
             EXPECT_EQ(ran.out, "") << command[0] << ", byte " << at;
             EXPECT_NE(ran.err, "") << command[0] << ", byte " << at;
             // A cell may be refused while others are stored.
-            EXPECT_TRUE(command[0] == "enter" || Read_Bytes(crf) == before) << command[0] << ", byte " << at;
+            EXPECT_TRUE(command[0] == "enter" || upgraded || Read_Bytes(crf) == before)
+                << command[0] << ", byte " << at;
         }
         EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"}) << "byte " << at;
     }

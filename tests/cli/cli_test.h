@@ -29,6 +29,13 @@ inline Ran Run_Tallmar(const Args& args, const std::string& input = "", ConsoleO
     return {status, out.str(), err.str()};
 }
 
+// The options of a user whose backups are kept in `folder`.
+inline ConsoleOptions Keeping_Backups_In(const std::string& folder) {
+    ConsoleOptions options;
+    options.dataFolder = folder;
+    return options;
+}
+
 inline std::string Read_Bytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

@@ -14,6 +14,12 @@ constexpr std::string_view kSaveAsFailed =
 class CalcCommand : public CliTest {
   protected:
     void SetUp() override { New(); }
+    // Runs a command that replaces a file, and is told to.
+    void Replace(Args args) {
+        args.insert(args.end(), {"--answer", "yes"});
+        const Ran ran = Run_Tallmar(args);
+        EXPECT_EQ(ran.status, kExitDone) << ran.err;
+    }
 };
 using SaveAsCommand = CalcCommand;
 using CompactCommand = CalcCommand;
@@ -58,7 +64,11 @@ TEST_F(SaveAsCommand, CopiesTheReport) {
 
 TEST_F(SaveAsCommand, OverAnotherFileReplacesIt) {
     Write_Bytes(Path("old.CRF"), "no report at all");
-    Succeed({"save-as", crf, Path("old.CRF")});
+    const std::string question =
+        "Replace File?: The file '" + Path("old.CRF") + "' exists already.  Do you want to replace it?\n";
+    EXPECT_EQ(Fail({"save-as", crf, Path("old.CRF")}), question);
+    EXPECT_EQ(Read_Bytes(Path("old.CRF")), "no report at all");
+    Replace({"save-as", crf, Path("old.CRF")});
     EXPECT_EQ(Read_Bytes(Path("old.CRF")), Read_Bytes(crf));
 }
 
@@ -78,10 +88,21 @@ TEST_F(SaveAsCommand, WhereNoFileCanBeTheBoxSaysSo) {
     Write_Bytes(Path("kept.CRF"), "kept");
     fs::permissions(Path("kept.CRF"), fs::perms::owner_read);
     fs::create_directory(Path("folder"));
-    for (const std::string& target : {Path("missing/r.CRF"), Path("folder"), Path("kept.CRF"), Path("r.CRF/x.CRF"),
-                                      std::string("/proc/r.CRF"), Path(std::string(300, 'x'))}) {
-        EXPECT_EQ(Fail({"save-as", crf, target}), kSaveAsFailed) << target;
+    for (const std::string& target :
+         {Path("missing/r.CRF"), Path("folder"), Path("kept.CRF"), Path("r.CRF/x.CRF"), std::string("/proc/r.CRF")}) {
+        const Ran ran = Run_Tallmar({"save-as", crf, target, "--answer", "yes"});
+        EXPECT_EQ(ran.status, kExitFailed) << target;
+        EXPECT_NE(ran.err.find(kSaveAsFailed), std::string::npos) << target << ": " << ran.err;
+        EXPECT_NE(ran.err.substr(ran.err.find(kSaveAsFailed) + kSaveAsFailed.size()).find(target), std::string::npos)
+            << "the reason: " << ran.err;
     }
+    const std::string name(300, 'x');
+    EXPECT_EQ(Fail({"save-as", crf, Path(name)}), "Error: Save As Request Failed: The name of the file " + name +
+                                                      " is too long.  Please choose a shorter one.\n");
+    EXPECT_EQ(
+        Fail({"save-as", crf, Path("QVRTemp.CRF")}),
+        "Error: Save As Request Failed: The name QVRTemp.CRF is kept for the compaction of reports.  Please choose "
+        "another one.\n");
     EXPECT_EQ(Read_Bytes(Path("kept.CRF")), "kept");
     EXPECT_EQ(Read_Bytes(crf), before);
     EXPECT_EQ(Names(), (std::set<std::string>{"r.CRF", "kept.CRF", "folder"}));
@@ -105,24 +126,33 @@ TEST_F(CompactCommand, KeepsEveryCellInASmallerFile) {
     EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
 }
 
-TEST_F(CompactCommand, AReadOnlyReportStaysAsItIsWithoutAWord) {
+TEST_F(CompactCommand, AReadOnlyReportStaysAsItIsAndTheReasonIsTold) {
     fs::permissions(crf, fs::perms::owner_read);
     const std::string before = Read_Bytes(crf);
-    EXPECT_EQ(Succeed({"compact", crf}), "");
+    EXPECT_EQ(Fail({"compact", crf}), "The report was not compacted.  The file '" + crf + "' is read only.\n");
     EXPECT_EQ(Read_Bytes(crf), before);
     EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
 }
 
 TEST_F(CompactCommand, AStaleTemporaryFileGoes) {
-    Write_Bytes(Path("QVRTemp.CRF"), "left by a crash");
+    fs::copy_file(crf, Path("QVRTemp.CRF"));
     Succeed({"compact", crf});
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+    fs::create_hard_link(crf, Path("QVRTemp.CRF"));
+    Succeed({"calc", crf});
     EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
 }
 
-TEST_F(CalcCommand, AStaleTemporaryFileGoes) {
-    Write_Bytes(Path("QVRTemp.CRF"), "left by a crash");
-    Succeed({"calc", crf});
-    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+TEST_F(CompactCommand, OtherFilesOfTheFolderStay) {
+    const std::set<std::string> names{"QVRTemp.CRF", "r.CRF", "r.CRF.tmp"};
+    Write_Bytes(Path("QVRTemp.CRF"), "of another agency");
+    Write_Bytes(Path("r.CRF.tmp"), "precious");
+    for (const Args& command : {Args{"info", crf}, Args{"dump", crf}, Args{"calc", crf}, Args{"compact", crf}}) {
+        Succeed(command);
+        EXPECT_EQ(Names(), names) << command[0];
+    }
+    EXPECT_EQ(Read_Bytes(Path("QVRTemp.CRF")), "of another agency");
+    EXPECT_EQ(Read_Bytes(Path("r.CRF.tmp")), "precious");
 }
 
 }  // namespace

@@ -34,7 +34,9 @@ TEST_F(FullDisk, NewLeavesNothing) {
 
 TEST_F(FullDisk, NewLeavesTheOlderReport) {
     New();
-    Expect_Nothing_Changed(New_Command(crf), "", 100'000);
+    Args command = New_Command(crf);
+    command.insert(command.end(), {"--answer", "yes"});
+    Expect_Nothing_Changed(command, "", 100'000);
 }
 
 TEST_F(FullDisk, EnterStoresNoCell) {
@@ -63,20 +65,18 @@ TEST_F(FullDisk, SaveAsLeavesNoCopy) {
     New();
     for (const rlim_t limit : {0, 100'000}) Expect_Nothing_Changed({"save-as", crf, Path("copy.CRF")}, "", limit);
     Write_Bytes(Path("copy.CRF"), "older");
-    Expect_Nothing_Changed({"save-as", crf, Path("copy.CRF")}, "", 100'000);
+    Expect_Nothing_Changed({"save-as", crf, Path("copy.CRF"), "--answer", "yes"}, "", 100'000);
     EXPECT_EQ(Read_Bytes(Path("copy.CRF")), "older");
+    const std::string before = Read_Bytes(crf);
+    std::filesystem::copy_file(crf, Path("copy.CRF"), std::filesystem::copy_options::overwrite_existing);
+    Sql("UPDATE A SET Col_1 = 5");
+    Expect_Nothing_Changed({"save-as", crf, Path("copy.CRF"), "--answer", "yes"}, "", 100'000);
+    EXPECT_TRUE(Read_Bytes(Path("copy.CRF")) == before);
 }
 
-// A close that cannot compact leaves the file uncompacted without a word.
-TEST_F(FullDisk, CompactLeavesTheFileAsItIs) {
+TEST_F(FullDisk, CompactSaysWhyItDidNothing) {
     New();
-    const std::string before = Read_Bytes(crf);
-    {
-        const SizeLimit full(100'000);
-        Succeed({"compact", crf});
-    }
-    EXPECT_TRUE(Read_Bytes(crf) == before);
-    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+    for (const rlim_t limit : {0, 512, 50'000}) Expect_Nothing_Changed({"compact", crf}, "", limit);
 }
 
 TEST_F(FullDisk, NoRoomForABackupHoldsNothingUp) {

@@ -62,6 +62,10 @@ class KillTest : public CliTest {
     Args New_Command(const std::string& file, const std::string& name) const {
         return {"new", file, "--provider", "14-7100", "--start", "10/1/2015", "--end", "9/30/2016", "--name", name};
     }
+    static Args Answered_Yes(Args command) {
+        command.insert(command.end(), {"--answer", "yes"});
+        return command;
+    }
     void Make_Sample(const std::string& file) {
         ASSERT_EQ(Run_Tallmar(New_Command(file, "Prairie Hearth Home Health")).status, 0);
         const Ran entered = Run_Tallmar({"enter", file, std::string(TALLMAR_SOURCE_DIR) + "/samples/fy2016/cells.csv"});
@@ -112,7 +116,7 @@ TEST_F(KillTest, NewLeavesNothingOrAWholeReport) {
 TEST_F(KillTest, NewOverAnOlderReportLeavesOneOfTheTwo) {
     ASSERT_EQ(Run_Tallmar(New_Command(Path("original-old.CRF"), "An Older Home Health Agency")).status, 0);
     Kill_At_Random_Moments({{"r.CRF", Path("original-old.CRF")}},
-                           New_Command(Path("r.CRF"), "Prairie Hearth Home Health"), "r.CRF", 2);
+                           Answered_Yes(New_Command(Path("r.CRF"), "Prairie Hearth Home Health")), "r.CRF", 2);
 }
 
 TEST_F(KillTest, EnterStoresAllCellsOrNone) {

@@ -65,9 +65,33 @@ TEST_F(NewCommand, AnOlderReportIsReplacedOnlyByAWholeOne) {
     const std::string before = Read_Bytes(crf);
     Fail(With(crf, "14-7100", "soon", "", "Prairie Hearth"));
     EXPECT_EQ(Read_Bytes(crf), before);
-    Succeed(With(crf, "36-7200", "1/1/2016", "12/31/2016", "Another Agency"));
+    const std::string question = "Replace File?: The file '" + crf + "' exists already.  Do you want to replace it?\n";
+    Args another = With(crf, "36-7200", "1/1/2016", "12/31/2016", "Another Agency");
+    EXPECT_EQ(Fail(another), question) << "the default is No";
+    EXPECT_EQ(Read_Bytes(crf), before);
+    another.insert(another.end(), {"--answer", "yes"});
+    const TempFolder data;
+    const Ran ran = Run_Tallmar(another, "", Keeping_Backups_In(data.Path()));
+    EXPECT_EQ(ran.status, kExitDone);
+    EXPECT_EQ(ran.err, question);
+    std::vector<std::string> backups;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(data.Path())) {
+        if (entry.path().extension() == ".CRF") backups.push_back(entry.path().string());
+    }
+    ASSERT_EQ(backups.size(), 1u);
+    EXPECT_TRUE(Read_Bytes(backups[0]) == before);
     EXPECT_EQ(Sql("SELECT ProviderNumber FROM Master"), "{\"ProviderNumber\":\"36-7200\"}\n");
     EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+TEST_F(NewCommand, NamesThatNoReportMayHaveAreRefused) {
+    EXPECT_EQ(
+        Fail(New_Command(Path("QVRTemp.CRF"))),
+        "System Error: The name QVRTemp.CRF is kept for the compaction of reports.  Please choose another one.\n");
+    const std::string name = std::string(251, 'x') + ".CRF";
+    EXPECT_EQ(Fail(New_Command(Path(name))),
+              "System Error: The name of the file " + name + " is too long.  Please choose a shorter one.\n");
+    EXPECT_TRUE(Names().empty());
 }
 
 TEST_F(NewCommand, PathsThatTakeNoFileAreNamed) {

@@ -100,9 +100,11 @@ TEST_F(TwoPrograms, ReadingGoesOnAndSeesTheStateBefore) {
 TEST_F(TwoPrograms, AReportInUseIsNotReplaced) {
     Succeed({"save-as", crf, Path("copy.CRF")});
     OtherProgram other(crf);
-    EXPECT_NE(Fail(New_Command(crf)).find("is in use"), std::string::npos);
-    Fail({"save-as", Path("copy.CRF"), crf});
-    Succeed({"compact", crf});
+    Args again = New_Command(crf);
+    again.insert(again.end(), {"--answer", "yes"});
+    EXPECT_NE(Fail(again).find("is in use"), std::string::npos);
+    EXPECT_NE(Fail({"save-as", Path("copy.CRF"), crf, "--answer", "yes"}).find("is in use"), std::string::npos);
+    EXPECT_NE(Fail({"compact", crf}).find("is in use"), std::string::npos);
     other.End();
     std::filesystem::remove(Path("copy.CRF"));
     Expect_Kept();
@@ -144,26 +146,50 @@ TEST_F(TwoPrograms, AKilledWindowHoldsNoCommandUp) {
     EXPECT_EQ(Names(), (std::set<std::string>{"r.CRF", "r.CRF.lock"})) << "the next window takes it over";
 }
 
-// The other one opened the report, and before it changes anything the file has been replaced.
-TEST_F(TwoPrograms, WhoHoldsAReplacedReportIsTold) {
-    Database other = DBEngine::OpenDatabase(crf);
+int Run_In_A_Child(const Args& args) {
+    const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar";
+    std::vector<char*> argv{const_cast<char*>(program.c_str())};
+    for (const std::string& arg : args) argv.push_back(const_cast<char*>(arg.c_str()));
+    argv.push_back(nullptr);
     const pid_t child = fork();
     if (child == 0) {
-        const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar";
         unsetenv("HOME");
         unsetenv("XDG_DATA_HOME");
-        execl(program.c_str(), program.c_str(), "compact", crf.c_str(), nullptr);
+        execv(program.c_str(), argv.data());
         _exit(127);
     }
     int status = 0;
     waitpid(child, &status, 0);
-    ASSERT_EQ(status, 0);
-    try {
-        other.Execute("UPDATE Sp2 SET Col_1 = 5");
-        ADD_FAILURE() << "the change is lost without a word";
-    } catch (const DbError& error) {
-        EXPECT_EQ(error.Code(), DbErrorCode::Locked);
+    return status;
+}
+
+std::string Total(Database& report) {
+    const Row row = report.Read_Row("SELECT Col_1 FROM Sp2 WHERE LineNum = 1");
+    return row["Col_1"].To_Text();
+}
+
+// The other one opened the report, and before it changes anything the file is compacted.
+TEST_F(TwoPrograms, ACompactedReportTakesTheChangeOfWhoHasItOpen) {
+    Database other = DBEngine::OpenDatabase(crf);
+    ASSERT_EQ(Run_In_A_Child({"compact", crf}), 0);
+    other.Execute("UPDATE Sp2 SET Col_1 = 777 WHERE LineNum = 1");
+    other.Close();
+    Expect_Kept();
+}
+
+// A reader that had the report open before a compaction, and a writer that is killed after it: the writer's journal is
+// not taken for the reader's.
+TEST_F(TwoPrograms, AReaderFromBeforeACompactionTakesNothingFromAWriterAfterIt) {
+    Database reader = DBEngine::OpenDatabase(crf);
+    ASSERT_EQ(Run_In_A_Child({"compact", crf}), 0);
+    {
+        OtherProgram other(crf);
+        EXPECT_EQ(Total(reader), "0");
+        other.End();
     }
+    EXPECT_EQ(Total(reader), "777");
+    reader.Close();
+    Expect_Kept();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -132,25 +133,88 @@ TEST(AtomicFile, CopiesOverAnotherFileAndOntoItself) {
 
 TEST(AtomicFile, AStaleTemporaryIsRemovedUnlessItIsInUse) {
     TempFolder folder;
-    const std::string path = folder.File("report");
-    Put(path + ".tmp", "left by a kill");
-    const int user = ::open((path + ".tmp").c_str(), O_RDONLY);
+    const std::string path = folder.File("report"), temporary = path + ".tallmar";
+    Put(temporary, "left by a kill");
+    const int user = ::open(temporary.c_str(), O_RDONLY);
     ASSERT_EQ(::flock(user, LOCK_EX), 0);
     Remove_Stale_Temporary(path);
-    EXPECT_TRUE(fs::exists(path + ".tmp"));
+    EXPECT_TRUE(fs::exists(temporary));
+    EXPECT_EQ(Error_Number_Of([&] {
+                  Put(path, "old");
+                  Write_File_Atomically(path, "new");
+              }),
+              EBUSY);
+    EXPECT_EQ(Content(path), "old");
     ::close(user);
     Remove_Stale_Temporary(path);
-    EXPECT_FALSE(fs::exists(path + ".tmp"));
+    EXPECT_FALSE(fs::exists(temporary));
 }
 
 TEST(AtomicFile, AStaleTemporaryDoesNotHinderAReplacement) {
     TempFolder folder;
     const std::string path = folder.File("report");
     Put(path, "old");
-    Put(path + ".tmp", "left by a kill");
+    Put(path + ".tallmar", "left by a kill");
     Write_File_Atomically(path, "new");
     EXPECT_EQ(Content(path), "new");
     EXPECT_EQ(Entries(folder), 1u);
+}
+
+TEST(AtomicFile, NeighboursOfOtherKindsStay) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    Put(path, "old");
+    Put(path + ".tmp", "precious");
+    ASSERT_EQ(::mkfifo((path + ".tallmar").c_str(), 0600), 0);
+    EXPECT_EQ(Error_Number_Of([&] { Write_File_Atomically(path, "new"); }), EBUSY);
+    Remove_Stale_Temporary(path);
+    EXPECT_TRUE(fs::is_fifo(path + ".tallmar"));
+    EXPECT_EQ(Content(path + ".tmp"), "precious");
+    EXPECT_EQ(Content(path), "old");
+}
+
+TEST(AtomicFile, ANewFileIsNeverPutOverAnother) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    EXPECT_TRUE(Create_File_Atomically(path, "first", 0640));
+    EXPECT_EQ(fs::status(path).permissions() & fs::perms::others_all, fs::perms::none);
+    EXPECT_FALSE(Create_File_Atomically(path, "second"));
+    EXPECT_EQ(Content(path), "first");
+    fs::create_symlink("nowhere", folder.File("link"));
+    EXPECT_EQ(Error_Number_Of([&] { Create_File_Atomically(folder.File("link"), "x"); }), ENOENT);
+    EXPECT_EQ(Entries(folder), 2u);
+}
+
+TEST(AtomicFile, AReplacementIsAskedForAtTheLastMoment) {
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    Put(path, "old");
+    EXPECT_FALSE(Replace_File_Atomically(path, "new", [&] {
+        EXPECT_TRUE(fs::exists(path + ".tallmar")) << "nobody else can be replacing it";
+        return false;
+    }));
+    EXPECT_EQ(Content(path), "old");
+    EXPECT_EQ(Entries(folder), 1u);
+    EXPECT_TRUE(Replace_File_Atomically(path, "new", [] { return true; }));
+    EXPECT_EQ(Content(path), "new");
+    EXPECT_EQ(Entries(folder), 1u);
+}
+
+// Only the administrator gives files away, and tests may run as he.
+TEST(AtomicFile, OwnerAndGroupPassToTheNewFile) {
+    if (::geteuid() != 0) GTEST_SKIP() << "files can be given away by the administrator alone";
+    constexpr uid_t kOther = 65534;
+    TempFolder folder;
+    const std::string path = folder.File("report");
+    Put(path, "old");
+    ASSERT_EQ(::chown(path.c_str(), kOther, kOther), 0);
+    ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+    Write_File_Atomically(path, "new");
+    struct stat info {};
+    ASSERT_EQ(::stat(path.c_str(), &info), 0);
+    EXPECT_EQ(info.st_uid, kOther);
+    EXPECT_EQ(info.st_gid, kOther);
+    EXPECT_EQ(info.st_mode & 07777u, 0640u);
 }
 
 // A full disk, as a limit on what a process may write shows it. In a child: the limit is the process's.

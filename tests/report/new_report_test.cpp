@@ -36,6 +36,7 @@ class NewReportTest : public ReportTest {
         entries.facilityName = "Harbor Home Health";
         return Create_CRF(folder.File(name), entries);
     }
+    void Expect_Replace() { platform.Expect_Box_Starting("Replace File?", "", Answer::Yes); }
 };
 
 }  // namespace
@@ -119,6 +120,40 @@ TEST_F(NewReportTest, RefusedEntriesCreateNothing) {
     EXPECT_TRUE(Files().empty());
 }
 
+void Fill_The_Disk(const Item&) {
+    throw DbError(DbErrorCode::DiskFull, "Agency.CRF");
+}
+
+TEST_F(NewReportTest, DiskThatFillsWhileItIsAssembledIsASystemErrorAndLeavesTheOlderFile) {
+    const std::string report = folder.File("Agency.CRF");
+    Write(report, "older");
+    static constexpr WorksheetFamily kFull[] = {{"Sp2", 0, Fill_The_Disk, nullptr, nullptr, nullptr}};
+    Install_Catalogue(kFull);
+    platform.Expect_Box("System Error", "The disk is full: 'Agency.CRF'", Answer::Ok, kStop);
+    NewReportEntries entries;
+    entries.providerNumber = "14-7100";
+    entries.facilityName = "Harbor Home Health";
+    EXPECT_FALSE(Create_CRF(report, entries, {Date_Of(2015, 10, 1), Date_Of(2016, 9, 30)}));
+    EXPECT_FALSE(Report_Is_Open());
+    EXPECT_EQ(CRFPath, "");
+    EXPECT_EQ(Bytes(report), "older");
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+}
+
+TEST_F(NewReportTest, AFileThatIsThereIsReplacedOnlyAfterTheQuestion) {
+    Install_Catalogue(kEvery);
+    ASSERT_TRUE(Create("Agency.CRF"));
+    Report_Release();
+    const std::string before = Bytes(folder.File("Agency.CRF"));
+    const std::string text = "The file '" + folder.File("Agency.CRF") + "' exists already.  Do you want to replace it?";
+    platform.Expect_Box("Replace File?", text, Answer::No);
+    EXPECT_FALSE(Create("Agency.CRF"));
+    EXPECT_TRUE(Bytes(folder.File("Agency.CRF")) == before);
+    platform.Expect_Box("Replace File?", text, Answer::Yes);
+    EXPECT_TRUE(Create("Agency.CRF", "10/1/2014"));
+    EXPECT_EQ(FYStart, Date_Of(2014, 10, 1));
+}
+
 TEST_F(NewReportTest, CancelledDialogCreatesNothing) {
     platform.Reply_Save(std::nullopt);
     EXPECT_FALSE(Create_CRF(NewReportEntries{}, FiscalYear{}));
@@ -141,6 +176,7 @@ TEST_F(NewReportTest, MissingFolderIsASystemErrorAndLeavesNothing) {
 TEST_F(NewReportTest, FailureLeavesAnOlderFileAsItWas) {
     Write(folder.File("Agency.CRF"), "precious");
     std::filesystem::permissions(folder.File("Agency.CRF"), std::filesystem::perms::owner_read);
+    Expect_Replace();
     platform.Expect_Box_Starting("System Error", "");
     EXPECT_FALSE(Create("Agency.CRF"));
     EXPECT_EQ(Bytes(folder.File("Agency.CRF")), "precious");
@@ -149,6 +185,7 @@ TEST_F(NewReportTest, FailureLeavesAnOlderFileAsItWas) {
 
 TEST_F(NewReportTest, FullDiskLeavesAnOlderFileAsItWas) {
     Write(folder.File("Agency.CRF"), "precious");
+    Expect_Replace();
     platform.Expect_Box_Starting("System Error", "", Answer::Ok, kStop);
     {
         const SizeLimit limit(16 * 1024);
@@ -161,6 +198,7 @@ TEST_F(NewReportTest, FullDiskLeavesAnOlderFileAsItWas) {
 
 TEST_F(NewReportTest, OlderFileIsReplacedWhole) {
     Write(folder.File("Agency.CRF"), "old");
+    Expect_Replace();
     ASSERT_TRUE(Create("Agency.CRF"));
     Report_Release();
     EXPECT_TRUE(Report_Open(folder.File("Agency.CRF")));

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <functional>
+#include <utility>
 
 #include "support/report_test.h"
 #include "support/size_limit.h"
@@ -357,18 +359,135 @@ TEST_F(StoreTest, ScratchTablesSurviveTheClose) {
 }
 
 TEST_F(StoreTest, StaleTemporaryFileIsDeletedAtTheNextClose) {
-    New_Report();
-    Write(folder.File("QVRTemp.CRF"), "left by a crash");
-    EXPECT_TRUE(Report_Close());
-    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
-    EXPECT_TRUE(Report_Open(report));
+    for (const bool isLink : {true, false}) {
+        New_Report();
+        Report_Release();
+        if (isLink) {
+            fs::create_hard_link(report, folder.File("QVRTemp.CRF"));
+        } else {
+            fs::copy_file(report, folder.File("QVRTemp.CRF"));
+        }
+        ASSERT_TRUE(Report_Open(report));
+        EXPECT_TRUE(Report_Close());
+        EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"}) << isLink;
+        EXPECT_TRUE(Report_Open(report));
+        Report_Release();
+        fs::remove(report);
+    }
 }
 
-TEST_F(StoreTest, StaleTemporaryFileIsDeletedAtTheNextRelease) {
+TEST_F(StoreTest, StaleSecondNameIsDeletedAtTheNextRelease) {
     Closed_Report();
     fs::create_hard_link(report, folder.File("QVRTemp.CRF"));
     ASSERT_TRUE(Report_Open(report));
     Report_Release();
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+}
+
+// The temporary name may be that of somebody's file, the last copy of another report for one.
+TEST_F(StoreTest, ForeignFileOfTheTemporaryNameStaysAndTheReportIsCompacted) {
+    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "Other.CRF");
+    db.Execute("UPDATE Master SET ProviderName=\"Other\";");
+    Report_Release();
+    fs::rename(folder.File("Other.CRF"), folder.File("QVRTemp.CRF"));
+    const std::string foreign = Bytes(folder.File("QVRTemp.CRF"));
+    New_Report();
+    db.Execute("CREATE TABLE Big (t Memo);");
+    db.Execute(Sql("INSERT INTO Big (t) VALUES (\"", std::string(200'000, 'x'), "\");"));
+    db.Execute("DROP TABLE Big;");
+    const auto before = fs::file_size(report);
+    EXPECT_TRUE(Report_Close());
+    EXPECT_LT(fs::file_size(report), before);
+    EXPECT_TRUE(Bytes(folder.File("QVRTemp.CRF")) == foreign);
+    ASSERT_TRUE(Report_Open(report));
+    Report_Release();
+    EXPECT_EQ(Files(), (std::vector<std::string>{"Agency.CRF", "QVRTemp.CRF"}));
+}
+
+TEST_F(StoreTest, CopyOfTheReportUnderTheTemporaryNameStaysWhereNothingIsClosed) {
+    Closed_Report();
+    fs::copy_file(report, folder.File("QVRTemp.CRF"));
+    ASSERT_TRUE(Report_Open(report));
+    Report_Release();
+    EXPECT_EQ(Files(), (std::vector<std::string>{"Agency.CRF", "QVRTemp.CRF"}));
+}
+
+// What the user does while the report is compacted under its second name.
+struct SecondNameWatch : FakePlatform {
+    explicit SecondNameWatch(std::string name) : name_(std::move(name)) {}
+    std::function<void()> action;
+    void Do_Events() override {
+        if (fs::exists(name_) && action) std::exchange(action, nullptr)();
+    }
+
+  private:
+    std::string name_;
+};
+
+TEST_F(StoreTest, ReportThatVanishesWhileItIsCompactedComesBack) {
+    New_Report();
+    const std::string before = Bytes(report);
+    SecondNameWatch watch(folder.File("QVRTemp.CRF"));
+    watch.action = [&] { fs::remove(report); };
+    EXPECT_TRUE(Report_Close());
+    EXPECT_FALSE(watch.action) << "the second name was never there";
+    EXPECT_TRUE(Bytes(report) == before);
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    EXPECT_TRUE(watch.boxes.empty());
+}
+
+TEST_F(StoreTest, ReportThatCannotComeBackEndsTheProgram) {
+    New_Report();
+    fs::create_directory(folder.File("other"));
+    const std::string copy = folder.File("other/Copy.CRF");
+    ASSERT_TRUE(Report_Save_As(copy));
+    const std::string before = Bytes(copy);
+    SecondNameWatch watch(folder.File("QVRTemp.CRF"));
+    watch.action = [&] { fs::remove_all(folder.File("other")); };
+    watch.Expect_Box("CRITICAL ERROR",
+                     "PLEASE CALL QVR NOW, UNABLE TO COMPACT CRF AND UNABLE TO RENAME QVRTemp BACK TO " + copy + ".",
+                     Answer::Ok, kStop);
+    EXPECT_THROW(Report_Close(), ProgramEnded);
+    EXPECT_TRUE(Bytes(folder.File("QVRTemp.CRF")) == before);
+    Forget_Report();
+}
+
+TEST_F(StoreTest, AnotherFileThatTookTheReportsNameTakesNothingElse) {
+    New_Report();
+    const std::string before = Bytes(report);
+    SecondNameWatch watch(folder.File("QVRTemp.CRF"));
+    watch.action = [&] {
+        fs::remove(report);
+        Write(report, "somebody's");
+    };
+    EXPECT_TRUE(Report_Close());
+    EXPECT_EQ(Bytes(report), "somebody's");
+    EXPECT_TRUE(Bytes(folder.File("QVRTemp.CRF")) == before);
+}
+
+TEST_F(StoreTest, NoSecondNameIsMadeThatCouldNotBeRemoved) {
+    if (::geteuid() != 0) GTEST_SKIP() << "another person's file needs the administrator";
+    constexpr uid_t kOther = 65534, kUser = 65533;
+    New_Report();
+    Report_Release();
+    fs::permissions(folder.Path(), fs::perms::all | fs::perms::sticky_bit);
+    fs::permissions(report, fs::perms::all);
+    ASSERT_EQ(::chown(folder.Path().c_str(), kOther, kOther), 0);
+    ASSERT_EQ(::chown(report.c_str(), kOther, kOther), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        if (::setuid(kUser) != 0) _exit(4);
+        bool wasThere = false;
+        platform.onEvents = [&] { wasThere = wasThere || fs::exists(folder.File("QVRTemp.CRF")); };
+        std::string trouble;
+        const bool closed = Report_Open(report) && Report_Close(trouble);
+        _exit(!closed ? 2 : wasThere ? 3 : trouble.empty() ? 0 : 5);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
 
@@ -384,9 +503,11 @@ TEST_F(StoreTest, TemporaryFileStandsInTheOldFolderAfterSaveAs) {
     New_Report();
     fs::create_directory(folder.File("other"));
     ASSERT_TRUE(Report_Save_As(folder.File("other/Copy.CRF")));
-    Write(folder.File("QVRTemp.CRF"), "stale");
     Write(folder.File("other/QVRTemp.CRF"), "not ours");
+    bool wasThere = false;
+    platform.onEvents = [&] { wasThere = wasThere || fs::exists(folder.File("QVRTemp.CRF")); };
     EXPECT_TRUE(Report_Close());
+    EXPECT_TRUE(wasThere);
     EXPECT_FALSE(fs::exists(folder.File("QVRTemp.CRF")));
     EXPECT_EQ(Bytes(folder.File("other/QVRTemp.CRF")), "not ours");
     EXPECT_TRUE(Report_Open(folder.File("other/Copy.CRF")));
@@ -399,7 +520,7 @@ TEST_F(StoreTest, CloseWithoutItsFolderLeavesTheFileUncompacted) {
     fs::remove_all(folder.File("gone"));
     const std::string before = Bytes(report);
     EXPECT_TRUE(Report_Close());
-    EXPECT_EQ(Bytes(report), before);
+    EXPECT_TRUE(Bytes(report) == before);
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
 
@@ -425,7 +546,9 @@ TEST_F(StoreTest, ReadOnlyFileIsOpenedAndClosedUnchanged) {
 }
 
 TEST_F(StoreTest, ReportNamedAsTheTemporaryFileSurvivesItsClose) {
-    New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "QVRTemp.CRF");
+    Closed_Report();
+    fs::rename(report, folder.File("QVRTemp.CRF"));
+    ASSERT_TRUE(Report_Open(folder.File("QVRTemp.CRF")));
     EXPECT_TRUE(Report_Close());
     ASSERT_TRUE(Report_Open(folder.File("QVRTemp.CRF")));
     Report_Release();

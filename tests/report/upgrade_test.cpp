@@ -217,6 +217,45 @@ TEST_F(UpgradeTest, OlderFileStaysBesideTheReportAsItWas) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"Agency.CRF", "Agency.before-upgrade.CRF"}));
 }
 
+TEST_F(UpgradeTest, AnOlderFileKeptFromBeforeIsNeverReplaced) {
+    std::vector<std::string> before;
+    for (int i = 0; i < 3; ++i) {
+        New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), "Agency.CRF");
+        db.Execute(Sql("UPDATE Master SET ProviderName=\"Agency ", i, "\";"));
+        db.Execute("UPDATE Worksheets SET Calc_Lvl=0 WHERE Item=\"Worksheets\";");
+        Report_Release();
+        before.push_back(Bytes(report));
+        ASSERT_TRUE(Report_Open(report));
+        Report_Release();
+    }
+    EXPECT_TRUE(Bytes(folder.File("Agency.before-upgrade.CRF")) == before[0]);
+    EXPECT_TRUE(Bytes(folder.File("Agency.before-upgrade (2).CRF")) == before[1]);
+    EXPECT_TRUE(Bytes(folder.File("Agency.before-upgrade (3).CRF")) == before[2]);
+}
+
+TEST_F(UpgradeTest, WhoOnlyReadsSeesThePresentLayoutAndChangesNothing) {
+    const TempFolder data;
+    platform.dataFolder = data.Path();
+    New_Report();
+    db.Execute("UPDATE Worksheets SET Calc_Lvl=0 WHERE Item=\"Worksheets\";");
+    db.TableDefs().Item("Worksheets").Fields_Delete("ItemName");
+    Report_Release();
+    for (const bool readOnly : {false, true}) {
+        if (readOnly) std::filesystem::permissions(report, std::filesystem::perms::owner_read);
+        const std::string before = Bytes(report);
+        ASSERT_TRUE(Report_Open(report, OpenFor::Reading));
+        EXPECT_EQ(Read("SELECT Calc_Lvl FROM Worksheets WHERE Item=\"Worksheets\";"), Value(999));
+        EXPECT_EQ(Read("SELECT ItemName FROM Worksheets WHERE Item=\"S21\";"), Value("S-2-1"));
+        EXPECT_EQ(db.Path(), report);
+        Report_Release();
+        EXPECT_TRUE(Bytes(report) == before);
+        EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
+    }
+    EXPECT_FALSE(std::filesystem::exists(data.File("backups")));
+    EXPECT_TRUE(platform.batches.empty());
+    EXPECT_TRUE(platform.boxes.empty());
+}
+
 TEST_F(UpgradeTest, NewerLayoutIsRefused) {
     New_Report();
     Report_Release();
@@ -232,7 +271,12 @@ TEST_F(UpgradeTest, ReportWithoutItsRegistryIsOpenedAsItIs) {
     New_Report();
     db.TableDefs().Delete("Worksheets");
     Report_Release();
+    const std::string before = Bytes(report);
     EXPECT_TRUE(Report_Open(report));
+    Report_Release();
+    EXPECT_TRUE(Bytes(report) == before);
+    EXPECT_TRUE(platform.batches.empty());
+    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
 
 }  // namespace tallmar

@@ -88,7 +88,10 @@ void Connection::Refuse_Changes() {
 }
 
 const Schema& Connection::Shapes() {
-    if (!shapes_) shapes_ = Read_Schema(Handle(), path_);
+    if (!shapes_) {
+        shapesVersion_ = Single_Text(*this, "PRAGMA data_version");
+        shapes_ = Read_Schema(Handle(), path_);
+    }
     return *shapes_;
 }
 
@@ -181,14 +184,19 @@ void Connection::Require_Whole_Job() const {
     if (jobLost_) throw *jobLost_;
 }
 
+// With the job's lock held: nobody can change the tables from here on, but somebody may have done so before.
+void Connection::Forget_What_Others_Changed() {
+    if (shapes_ && Single_Text(*this, "PRAGMA data_version") != shapesVersion_) Forget_Shapes();
+}
+
 void Connection::Begin_Job(Job::Kind kind) {
     Handle();
-    if (jobDepth_ == 0 && kind == Job::Kind::Changing) Run("BEGIN IMMEDIATE");
-    if (jobDepth_ == 0 && kind == Job::Kind::Reading) {
-        Run("BEGIN");
+    if (jobDepth_ == 0) {
+        Run(kind == Job::Kind::Changing ? "BEGIN IMMEDIATE" : "BEGIN");
         try {
-            // The state to be seen is that of the first read.
-            Run("SELECT Count(*) FROM sqlite_schema");
+            // The state that a job for reading sees is that of its first read.
+            if (kind == Job::Kind::Reading) Run("SELECT Count(*) FROM sqlite_schema");
+            Forget_What_Others_Changed();
         } catch (...) {
             Run_Quietly("ROLLBACK");
             throw;

@@ -82,6 +82,7 @@ class Connection {
     const StatementLog& Log() const { return log_; }
 
   private:
+    void Forget_What_Others_Changed();
     void Lose_Job(const DbError& reason);
 
     sqlite3* handle_;
@@ -94,6 +95,7 @@ class Connection {
     std::vector<std::pair<std::string, Statement>> own_;
     int jobDepth_ = 0;
     std::string dataVersion_;         // of the file, when it was last asked for
+    std::string shapesVersion_;       // of the file, before the shapes were read
     std::optional<DbError> jobLost_;  // why the transaction of the job is gone
     StatementLog log_;
 };

@@ -208,10 +208,13 @@ inline constexpr std::int32_t kCrfApplicationId = 0x54433238;  // "TC28"
 inline constexpr std::int32_t kCrfLayout = 1;                  // user_version: the layout that this program writes
 
 struct DBEngine {
-    // An empty file at `path`, open; what stood there is replaced only when the file is whole. Until
-    // Finish_Creation the file lives in memory, so that a killed creation leaves nothing behind.
+    // An empty report for `path`, open. Until Finish_Creation it lives in memory, so that a killed creation leaves
+    // nothing behind. Throws CannotOpen where no report can be at `path`: no folder, or no room in the name for the
+    // engine's journal.
     static Database CreateDatabase(const std::string& path, std::string_view locale);
-    // Writes a created database to its path in one step (written beside it, flushed, renamed) and closes it.
+    // Puts a created database at its path in one step and closes it. A report that is there already gets the new
+    // content as one change inside its file, since others may have it open; what is no report is replaced. Throws
+    // Locked, ReadOnly, CannotOpen, DiskFull; what is at the path is untouched then.
     static void Finish_Creation(Database& created);
     // Shared, read and write; read only where the file is. The whole file is checked; where an index alone is damaged
     // it is rebuilt from its table, in the file or, where that is read only, in a copy in memory. Throws DbError
@@ -223,10 +226,18 @@ struct DBEngine {
     static Database OpenCopy(const std::string& path);
     // Rebuilds a damaged index. Throws what OpenDatabase throws, and ReadOnly.
     static void RepairDatabase(const std::string& path);
+    // Packs the report at `from` into `to`. The two may be one file: then it is packed inside, as one change, and who
+    // has it open goes on with it. Throws what CopyDatabase throws, and what OpenDatabase throws.
     static void CompactDatabase(const std::string& from, const std::string& to);
-    // The file as it stands between two jobs of whoever uses it, in one step. Throws Locked where one of the two files
-    // is being changed, CannotOpen, ReadOnly, DiskFull; what stood at `to` is untouched then.
+    // The file as it is between two jobs of whoever uses it, placed at `to` as Finish_Creation does; a new file is no
+    // wider in its rights than `from`. Onto itself it does nothing. Throws Locked where one of the two files is being
+    // changed, NotADatabase, CannotOpen, ReadOnly, DiskFull; what is at `to` is untouched then.
     static void CopyDatabase(const std::string& from, const std::string& to);
+    // The same to a name that has no file. False, and nothing has changed, where there is one.
+    static bool CopyToNewFile(const std::string& from, const std::string& to);
+    // False where a report at `path` could be read but not changed: its name, or the whole path, is too long for that
+    // of the journal that the engine keeps beside it.
+    static bool Has_Room_For_Journal(const std::string& path);
 };
 
 // A long job: one transaction. It commits at the end of its block; an exception that leaves the outermost job takes the

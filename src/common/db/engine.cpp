@@ -11,7 +11,9 @@
 #include "common/db/file_error.h"
 #include "common/db/open_file.h"
 #include "common/db/page_seal.h"
+#include "common/db/side_files.h"
 #include "common/db/sqlite_error.h"
+#include "common/file_id.h"
 
 namespace tallmar {
 
@@ -23,34 +25,137 @@ struct FreeImage {
     void operator()(unsigned char* image) const { sqlite3_free(image); }
 };
 
-// The whole database as the bytes of its file.
-void Write_Image(Connection& connection, const std::string& path) {
-    sqlite3_int64 size = 0;
-    const std::unique_ptr<unsigned char, FreeImage> image(sqlite3_serialize(connection.Handle(), "main", &size, 0));
-    if (!image) throw DbError(DbErrorCode::OutOfMemory);
-    Seal_File({image.get(), static_cast<std::size_t>(size)});
-    try {
-        Write_File_Atomically(path, {reinterpret_cast<const char*>(image.get()), static_cast<std::size_t>(size)});
-    } catch (const std::system_error& error) {
-        throw Write_Error(error.code().value(), path);
-    }
+bool Is_In_Memory(Connection& connection) {
+    const char* file = sqlite3_db_filename(connection.Handle(), "main");
+    return file == nullptr || *file == '\0';
 }
 
+// The whole database as the bytes of its file.
+class Image {
+  public:
+    explicit Image(Connection& connection) : bytes_(sqlite3_serialize(connection.Handle(), "main", &size_, 0)) {
+        if (!bytes_) throw DbError(DbErrorCode::OutOfMemory);
+        // What comes from a file has the seals that it has.
+        if (Is_In_Memory(connection)) Seal_File({bytes_.get(), static_cast<std::size_t>(size_)});
+    }
+    std::string_view Bytes() const {
+        return {reinterpret_cast<const char*>(bytes_.get()), static_cast<std::size_t>(size_)};
+    }
+
+  private:
+    sqlite3_int64 size_ = 0;
+    std::unique_ptr<unsigned char, FreeImage> bytes_;
+};
+
+// The engine keeps its journal beside the report, under its name and a suffix, and takes no longer paths.
+constexpr std::size_t kLongestSuffix = std::string_view("-journal").size();
+constexpr std::size_t kLongestName = 255, kLongestPath = 512;
+
 // Found out now and not when the report is complete.
-void Require_Folder(const std::string& path) {
+void Require_Place(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
     struct stat info {};
     if (path.empty()) throw Write_Error(ENOENT, path);
     if (::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) throw Write_Error(EISDIR, path);
     if (::access(folder.c_str(), W_OK | X_OK) != 0) throw Write_Error(errno, path);
+    if (!DBEngine::Has_Room_For_Journal(path)) throw Write_Error(ENAMETOOLONG, path);
+}
+
+// What is at the path where content is to go.
+struct Target {
+    enum class Kind : std::uint8_t { Nothing, NoReport, Report } kind = Kind::Nothing;
+    std::shared_ptr<Connection> report;
+};
+
+Target Look_At_Target(const std::string& path) {
+    struct stat info {};
+    const bool isThere = ::stat(path.c_str(), &info) == 0 || errno != ENOENT;
+    auto report = isThere ? Open_For_Replacing(path) : nullptr;
+    if (report) return {Target::Kind::Report, std::move(report)};
+    // The engine would take it for the new report's own, and roll it back into it.
+    if (::access(Journal_Path(path).c_str(), F_OK) == 0) throw DbError(DbErrorCode::CannotOpen, Journal_Path(path));
+    return {isThere ? Target::Kind::NoReport : Target::Kind::Nothing, nullptr};
+}
+
+// False where there is a file of the name.
+bool Create_File(std::string_view content, const std::string& path, unsigned mode) {
+    try {
+        return Create_File_Atomically(path, content, mode);
+    } catch (const std::system_error& error) {
+        throw Write_Error(error.code().value(), path);
+    }
+}
+
+bool Replace_What_Is_No_Report(std::string_view content, const std::string& path) {
+    try {
+        return Replace_File_Atomically(path, content,
+                                       [&] { return Look_At_Target(path).kind == Target::Kind::NoReport; });
+    } catch (const std::system_error& error) {
+        throw Write_Error(error.code().value(), path);
+    }
+}
+
+// Inside the file, in one transaction: whoever has it open goes on with it.
+void Pack(Connection& report) {
+    if (report.Is_Read_Only()) throw DbError(DbErrorCode::ReadOnly, report.Path());
+    // Packing attaches a database in memory, which no statement of a report may.
+    const int most = sqlite3_limit(report.Handle(), SQLITE_LIMIT_ATTACHED, 1);
+    try {
+        report.Run_Once("VACUUM");
+    } catch (const DbError&) {
+        sqlite3_limit(report.Handle(), SQLITE_LIMIT_ATTACHED, most);
+        throw;
+    }
+    sqlite3_limit(report.Handle(), SQLITE_LIMIT_ATTACHED, most);
+}
+
+// Without the seals of another file: those of the file that takes the pages would not go with them.
+std::shared_ptr<Connection> Packed_Copy(Connection& content, const std::string& path) {
+    auto copy = Open_In_Memory(path);
+    Copy_Pages(content, *copy);
+    Pack(*copy);
+    return copy;
+}
+
+// The content becomes that of the file at `path`. Other programs may have a report open that is there: it is changed as
+// they change it, in one transaction inside the file, and only what is no report is replaced as a file.
+void Put_Content(Connection& content, const std::string& path, unsigned mode) {
+    constexpr int kTries = 3;  // somebody may make or delete a file of the name meanwhile
+    for (int tries = 1; tries <= kTries; ++tries) {
+        const Target target = Look_At_Target(path);
+        if (target.report) {
+            if (target.report->Is_Read_Only()) throw DbError(DbErrorCode::ReadOnly, path);
+            if (Is_In_Memory(content)) return Copy_Pages(content, *target.report);
+            return Copy_Pages(*Packed_Copy(content, path), *target.report);
+        }
+        const Image image(content);
+        const bool placed = target.kind == Target::Kind::Nothing ? Create_File(image.Bytes(), path, mode)
+                                                                 : Replace_What_Is_No_Report(image.Bytes(), path);
+        if (placed) return;
+    }
+    throw DbError(DbErrorCode::Locked, path);
+}
+
+// As much of the rights of `path` as a new file may have that its maker is to change.
+unsigned Rights_Of(const std::string& path) {
+    constexpr unsigned kOwners = 0600;
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 ? (info.st_mode & kUsualMode) | kOwners : kOwners;
 }
 
 }  // namespace
 
+bool DBEngine::Has_Room_For_Journal(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(path, error);
+    return !error && whole.native().size() + kLongestSuffix <= kLongestPath &&
+           whole.filename().native().size() + kLongestSuffix <= kLongestName;
+}
+
 // Texts compare by code page 1252 in every report file; other sort orders there are none.
 Database DBEngine::CreateDatabase(const std::string& path, std::string_view) {
-    Require_Folder(path);
+    Require_Place(path);
     Database created;
     created.connection_ = Open_In_Memory(path);
     return created;
@@ -61,8 +166,7 @@ void DBEngine::Finish_Creation(Database& created) {
     if (sqlite3_get_autocommit(connection.Handle()) == 0) {
         throw DbError(DbErrorCode::InvalidOperation, "a job is under way");
     }
-    const auto replaced = Hold_File(connection.Path(), HoldFor::Replacing);
-    Write_Image(connection, connection.Path());
+    Put_Content(connection, connection.Path(), kUsualMode);
     connection.Close();
 }
 
@@ -84,27 +188,27 @@ void DBEngine::RepairDatabase(const std::string& path) {
     if (connection->Has_Rebuilt_Index() && connection->Is_Read_Only()) throw DbError(DbErrorCode::ReadOnly, path);
 }
 
-// The copy is made and packed in memory: a kill leaves nothing behind.
 void DBEngine::CompactDatabase(const std::string& from, const std::string& to) {
     const auto source = Open_File(from, OpenFor::Work);
-    const auto copy = Open_In_Memory(to);
-    const auto replaced = Hold_File(to, HoldFor::Replacing);
-    Copy_Pages(*source, *copy);
+    const auto same = Id_Of(from);
+    if (same && same == Id_Of(to)) return Pack(*source);
+    const auto copy = Packed_Copy(*source, to);
     source->Close();
-    copy->Run_Once("VACUUM");
-    Write_Image(*copy, to);
+    Put_Content(*copy, to, Rights_Of(from));
 }
 
 void DBEngine::CopyDatabase(const std::string& from, const std::string& to) {
-    const auto source = Hold_File(from, HoldFor::Reading);
-    std::error_code ignored;
-    const bool ontoItself = std::filesystem::equivalent(from, to, ignored);
-    const auto replaced = ontoItself ? nullptr : Hold_File(to, HoldFor::Replacing);
-    try {
-        Copy_File_Atomically(from, to);
-    } catch (const std::system_error& error) {
-        throw Write_Error(error.code().value(), to);
-    }
+    Require_Place(to);
+    const auto same = Id_Of(from);
+    if (same && same == Id_Of(to)) return;
+    const auto source = Hold_For_Reading(from);
+    Put_Content(*source, to, Rights_Of(from));
+}
+
+bool DBEngine::CopyToNewFile(const std::string& from, const std::string& to) {
+    Require_Place(to);
+    const auto source = Hold_For_Reading(from);
+    return Look_At_Target(to).kind == Target::Kind::Nothing && Create_File(Image(*source).Bytes(), to, Rights_Of(from));
 }
 
 }  // namespace tallmar

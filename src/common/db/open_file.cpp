@@ -70,6 +70,18 @@ std::shared_ptr<Connection> Own(HandleOwner& handle, const std::string& path, bo
     return connection;
 }
 
+HandleOwner Open_Checked(const std::string& path, const FileCheck& check) {
+    HandleOwner handle = Open_Handle(check.path, check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, path);
+    sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
+    return handle;
+}
+
+// Whoever is writing the file has looked at its head.
+void Check_Head_Held_Still(sqlite3* handle, const FileCheck& check, const std::string& path) {
+    const HeldStill still(handle);
+    if (still) Check_Header(handle, check, path);
+}
+
 // A new file, and one that is compacted, gets room for the seals of its pages.
 void Leave_Room_For_Seals(Connection& connection) {
     int reserved = kSealSize;
@@ -203,30 +215,41 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
     return connection;
 }
 
-std::shared_ptr<Connection> Hold_File(const std::string& path, HoldFor purpose) {
+std::shared_ptr<Connection> Hold_For_Reading(const std::string& path) {
+    const FileCheck check = Check_File(path);
+    HandleOwner handle = Open_Checked(path, check);
+    Check_Head_Held_Still(handle.get(), check, path);
+    auto held = Own(handle, path, check.readOnly);
+    held->Run_Once("BEGIN");
+    // The state to be held is that of the first read.
+    Single_Text(*held, "SELECT Count(*) FROM sqlite_schema");
+    return held;
+}
+
+std::shared_ptr<Connection> Open_For_Replacing(const std::string& path) {
+    const FileCheck check = Check_File(path);
+    HandleOwner handle = Open_Checked(path, check);
     try {
-        const FileCheck check = Check_File(path);
-        const int flags = check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-        HandleOwner handle = Open_Handle(check.path, flags, path);
-        Check_Header(handle.get(), check, path);
-        sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
-        auto held = Own(handle, path, check.readOnly);
-        const bool reads = purpose == HoldFor::Reading || check.readOnly;
-        held->Run_Once(reads ? "BEGIN" : "BEGIN IMMEDIATE");
-        Single_Text(*held, "SELECT Count(*) FROM sqlite_schema");
-        return held;
+        Check_Head_Held_Still(handle.get(), check, path);
     } catch (const DbError& error) {
-        if (error.Code() == DbErrorCode::Locked) throw;
-        return nullptr;
+        if (error.Code() == DbErrorCode::NotADatabase) return nullptr;
+        if (error.Code() != DbErrorCode::NewerLayout) throw;
     }
+    return Own(handle, path, check.readOnly);
 }
 
 void Copy_Pages(Connection& from, Connection& to) {
     sqlite3_backup* backup = sqlite3_backup_init(to.Handle(), "main", from.Handle(), "main");
     if (backup == nullptr) throw to.Failure(sqlite3_errcode(to.Handle()));
-    sqlite3_backup_step(backup, -1);
+    // No page yet, but the lock of a change: the file must still be the one that bears the name.
+    int moved = 0;
+    if (sqlite3_backup_step(backup, 0) == SQLITE_OK) {
+        sqlite3_file_control(to.Handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+        if (moved == 0) sqlite3_backup_step(backup, -1);
+    }
     const int result = sqlite3_backup_finish(backup);
-    if (result != SQLITE_OK) throw Error_Of(to.Handle(), result, from.Path());
+    if (result != SQLITE_OK) throw Error_Of(to.Handle(), result, to.Path());
+    if (moved != 0) throw DbError(DbErrorCode::Locked, to.Path());
     to.Forget_Shapes();
     Leave_Room_For_Seals(to);  // the pages have brought their own
 }

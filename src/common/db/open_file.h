@@ -18,12 +18,13 @@ enum class OpenFor : std::uint8_t {
 // The whole file is checked. Throws what DBEngine::OpenDatabase throws.
 std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose);
 
-enum class HoldFor : std::uint8_t { Reading, Replacing };
+// Keeps every other program from committing a change to the report at `path` for as long as the answer lives; those who
+// read it go on. Throws what DBEngine::OpenDatabase throws; the content is not checked.
+std::shared_ptr<Connection> Hold_For_Reading(const std::string& path);
 
-// Keeps every other program from changing the report file at `path` for as long as the answer lives; those who read it
-// go on. What a killed program left unfinished is taken back first, so that no journal stays beside a new file.
-// Nothing where no report file stands at `path`. Throws Locked where another program is changing it.
-std::shared_ptr<Connection> Hold_File(const std::string& path, HoldFor purpose);
+// The report at `path`, open to take other content as one change; its own is not checked. Nothing where the file is no
+// report, by its head. Throws what DBEngine::OpenDatabase throws for what is no file, or not to be read.
+std::shared_ptr<Connection> Open_For_Replacing(const std::string& path);
 
 // A new database in memory that bears `path` as its name.
 std::shared_ptr<Connection> Open_In_Memory(const std::string& path);

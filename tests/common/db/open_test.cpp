@@ -177,27 +177,32 @@ TEST_F(OpenTest, ValuesThatNoFieldHasReadAsNull) {
 }
 
 // A full disk, as a limit on what a process may write shows it. In a child: the limit is the process's.
-TEST_F(OpenTest, ACreationOnAFullDiskLeavesTheOldFile) {
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        Database created = DBEngine::CreateDatabase(path, "");
-        Make_Table(created, "A", {{"x", FieldType::Long}});
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit most{5000, 5000};
-        ::setrlimit(RLIMIT_FSIZE, &most);
-        ::_exit(Code_Of([&] { DBEngine::Finish_Creation(created); }) == DbErrorCode::DiskFull ? 0 : 1);
+TEST_F(OpenTest, ACreationOnAFullDiskLeavesWhatIsThere) {
+    const std::string fresh = folder.File("New.CRF");
+    for (const std::string& target : {path, fresh}) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            Database created = DBEngine::CreateDatabase(target, "");
+            Make_Table(created, "A", {{"x", FieldType::Long}});
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit most{5000, 5000};
+            ::setrlimit(RLIMIT_FSIZE, &most);
+            // Inside a file the engine only knows that it cannot write.
+            const DbErrorCode code = Code_Of([&] { DBEngine::Finish_Creation(created); });
+            ::_exit(code == DbErrorCode::DiskFull || (target == path && code == DbErrorCode::DiskError) ? 0 : 1);
+        }
+        int status = -1;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+        EXPECT_EQ(Bytes_Of(path) == bytes, true);
+        EXPECT_EQ(Entries(), 1);
     }
-    int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(Bytes_Of(path) == bytes, true);
-    EXPECT_EQ(Entries(), 1);
 }
 
 TEST_F(OpenTest, LeftoversOfAKilledProgramAreRemoved) {
     Put_Bytes(path + "-journal", std::string(512, '\0'));
-    Put_Bytes(path + ".tmp", bytes);
+    Put_Bytes(path + ".tallmar", bytes);
     db = DBEngine::OpenDatabase(path);
     EXPECT_EQ(Dump(db), dump);
     EXPECT_EQ(Entries(), 1);
@@ -205,6 +210,13 @@ TEST_F(OpenTest, LeftoversOfAKilledProgramAreRemoved) {
     Put_Bytes(path + "-journal", "");
     DBEngine::OpenDatabase(path).Close();
     EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(OpenTest, AFileBesideTheReportThatIsSomebodysStays) {
+    Put_Bytes(path + ".tmp", "precious");
+    DBEngine::OpenDatabase(path).Close();
+    DBEngine::CompactDatabase(path, path);
+    EXPECT_EQ(Bytes_Of(path + ".tmp"), "precious");
 }
 
 TEST_F(OpenTest, ACreatedFileIsNotThereBeforeItIsFinished) {
@@ -251,6 +263,36 @@ TEST_F(OpenTest, ACompactedFileHoldsTheSameAndLessOfNothing) {
     EXPECT_EQ(Entries(), 2);
     db = DBEngine::OpenDatabase(to);
     EXPECT_EQ(Dump(db), before);
+}
+
+TEST_F(OpenTest, ANameWithoutRoomForTheJournalIsRefused) {
+    const std::string longest = folder.File(std::string(243, 'x') + ".CRF");
+    DBEngine::CopyDatabase(path, longest);
+    Database opened = DBEngine::OpenDatabase(longest);
+    opened.Execute("DELETE * FROM A");
+    opened.Close();
+    const std::string tooLong = folder.File(std::string(244, 'x') + ".CRF");
+    EXPECT_EQ(Code_Of([&] { DBEngine::CopyDatabase(path, tooLong); }), DbErrorCode::CannotOpen);
+    EXPECT_EQ(Code_Of([&] { DBEngine::CreateDatabase(tooLong, ""); }), DbErrorCode::CannotOpen);
+    std::string deep = folder.Path();
+    while (deep.size() < 480) fs::create_directory(deep += "/" + std::string(20, 'd'));
+    deep += "/" + std::string(512 - 8 - deep.size(), 'x');
+    EXPECT_EQ(deep.size(), 505u);
+    EXPECT_EQ(Code_Of([&] { DBEngine::CopyDatabase(path, deep); }), DbErrorCode::CannotOpen);
+    deep.pop_back();
+    DBEngine::CopyDatabase(path, deep);
+    DBEngine::OpenDatabase(deep).Execute("DELETE * FROM A");
+    EXPECT_EQ(Entries(), 3);
+}
+
+// The engine would play it back into the new report.
+TEST_F(OpenTest, NoReportIsPlacedBesideAJournalOfAnother) {
+    const std::string made = folder.File("New.CRF");
+    Put_Bytes(made + "-journal", "of a report that has gone");
+    EXPECT_EQ(Error_Of([&] { DBEngine::CopyDatabase(path, made); }),
+              "The file '" + made + "-journal' cannot be opened");
+    EXPECT_FALSE(fs::exists(made));
+    EXPECT_EQ(Bytes_Of(made + "-journal"), "of a report that has gone");
 }
 
 TEST_F(OpenTest, ABadFileIsNotCompacted) {

@@ -1,5 +1,8 @@
 // A report file that two programs are at: what is read is one state, and nothing that is written gets lost.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -86,11 +89,103 @@ TEST_F(TwoProgramsTest, AFileWithAJobUnderWayIsNotReplaced) {
     EXPECT_EQ(In_The_File(path), "2;");
 }
 
-TEST_F(TwoProgramsTest, AReplacedFileTakesNoChangeOfWhoHasTheOldOne) {
+// Whoever has a report open goes on with it while others pack it or give it other content: no change of his is lost.
+TEST_F(TwoProgramsTest, APackedReportTakesTheChangesOfWhoHasItOpen) {
     Database other = DBEngine::OpenDatabase(path);
     DBEngine::CompactDatabase(path, path);
-    EXPECT_EQ(Code_Of([&] { other.Execute("UPDATE A SET x = 2"); }), DbErrorCode::Locked);
-    EXPECT_EQ(In_The_File(path), "1;");
+    EXPECT_EQ(Rows(other, "A"), "1;");
+    other.Execute("UPDATE A SET x = 2");
+    EXPECT_EQ(In_The_File(path), "2;");
+    EXPECT_EQ(Rows(db, "A"), "2;");
+}
+
+TEST_F(TwoProgramsTest, AReportWithNewContentIsSeenByWhoHasItOpen) {
+    Database other = DBEngine::OpenDatabase(path);
+    EXPECT_EQ(Rows(other, "A"), "1;");
+    Database created = DBEngine::CreateDatabase(path, "");
+    Make_Table(created, "A", {{"y", FieldType::Text, 20}, {"x", FieldType::Double}});
+    created.Execute("INSERT INTO A VALUES ('new', 2.5)");
+    DBEngine::Finish_Creation(created);
+    EXPECT_TRUE(other.Changed_Elsewhere());
+    EXPECT_EQ(Rows(other, "A"), "new|2.5;");
+    // Without asking, too: a job looks at the tables anew.
+    Job job(db);
+    EXPECT_EQ(Rows(db, "A"), "new|2.5;");
+    Run("INSERT INTO A (y) VALUES ('newer')");
+    job.Commit();
+    EXPECT_EQ(Rows(other, "SELECT y FROM A"), "new;newer;");
+}
+
+TEST_F(TwoProgramsTest, AReportKeepsItsFileAndItsOwnerWhateverIsDoneToIt) {
+    struct stat before {};
+    ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown(path.c_str(), 65534, 65534), 0);
+    }
+    ASSERT_EQ(::stat(path.c_str(), &before), 0);
+    const std::string copy = folder.File("copy.CRF");
+    DBEngine::CopyDatabase(path, copy);
+    Database created = DBEngine::CreateDatabase(path, "");
+    DBEngine::Finish_Creation(created);
+    DBEngine::CopyDatabase(copy, path);
+    DBEngine::CompactDatabase(path, path);
+    DBEngine::RepairDatabase(path);
+    struct stat after {};
+    ASSERT_EQ(::stat(path.c_str(), &after), 0);
+    EXPECT_EQ(after.st_ino, before.st_ino);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    EXPECT_EQ(after.st_mode, before.st_mode);
+}
+
+TEST_F(TwoProgramsTest, ANewCopyIsNoWiderThanItsSource) {
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+    DBEngine::CopyDatabase(path, folder.File("private.CRF"));
+    EXPECT_EQ(fs::status(folder.File("private.CRF")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    fs::permissions(path, fs::perms::owner_read);
+    DBEngine::CopyDatabase(path, folder.File("writable.CRF"));
+    EXPECT_EQ(fs::status(folder.File("writable.CRF")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+// Another program in the middle of writing the first page: what stands in it then is no reason to refuse the report.
+TEST_F(TwoProgramsTest, AReportIsJudgedWhenTheOtherHasWritten) {
+    constexpr off_t kPageCountAt = 28;
+    db.Close();
+    int tells[2];
+    ASSERT_EQ(::pipe(tells), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        sqlite3* handle = nullptr;
+        sqlite3_open(path.c_str(), &handle);
+        const bool locked = sqlite3_exec(handle, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) == SQLITE_OK;
+        const int file = ::open(path.c_str(), O_RDWR);
+        const char more[4] = {0, 1, 0, 0};
+        char count[4];
+        bool done = ::pread(file, count, sizeof count, kPageCountAt) == sizeof count &&
+                    ::pwrite(file, more, sizeof more, kPageCountAt) == sizeof more && ::write(tells[1], "w", 1) == 1;
+        ::usleep(200'000);
+        done = done && ::pwrite(file, count, sizeof count, kPageCountAt) == sizeof count;
+        ::_exit(locked && done ? 0 : 1);
+    }
+    char told = 0;
+    ASSERT_EQ(::read(tells[0], &told, 1), 1);
+    db = DBEngine::OpenDatabase(path);
+    EXPECT_EQ(Rows(db, "A"), "1;");
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    ::close(tells[0]);
+    ::close(tells[1]);
+}
+
+TEST_F(TwoProgramsTest, AReadOnlyReportGetsNoOtherContent) {
+    const std::string copy = folder.File("copy.CRF");
+    DBEngine::CopyDatabase(path, copy);
+    fs::permissions(copy, fs::perms::owner_read);
+    const std::string before = Bytes_Of(copy);
+    EXPECT_EQ(Code_Of([&] { DBEngine::CopyDatabase(path, copy); }), DbErrorCode::ReadOnly);
+    EXPECT_EQ(Code_Of([&] { DBEngine::CompactDatabase(copy, copy); }), DbErrorCode::ReadOnly);
+    EXPECT_TRUE(Bytes_Of(copy) == before);
 }
 
 // The journal of a killed job belongs to the old file and must never be played back into the new one.
