@@ -1,8 +1,10 @@
 // The command line as a whole: help, version, wrong lines, message boxes, where results go.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <optional>
 
 #include "cli/commands.h"
 #include "cli_test.h"
@@ -182,24 +184,23 @@ TEST_F(CommandLine, AChangedReportLeavesABackupInTheDataFolder) {
     EXPECT_EQ(backups, 1);
 }
 
+// In a child: the environment is the process's.
 TEST_F(CommandLine, TheDataFolderIsNeverARelativeOne) {
-    const auto variable = [](const char* name) {
-        const char* text = std::getenv(name);
-        return text == nullptr ? std::nullopt : std::optional<std::string>(text);
-    };
-    const auto restore = [](const char* name, const std::optional<std::string>& text) {
-        text ? setenv(name, text->c_str(), 1) : unsetenv(name);
-    };
-    const auto home = variable("HOME"), data = variable("XDG_DATA_HOME");
-    setenv("HOME", "/home/mary", 1);
-    setenv("XDG_DATA_HOME", "/data", 1);
-    EXPECT_EQ(User_Data_Folder(), "/data/Tallmar 1728");
-    for (const char* none : {"relative", "./relative", ""}) {
-        setenv("XDG_DATA_HOME", none, 1);
-        EXPECT_EQ(User_Data_Folder(), "/home/mary/.local/share/Tallmar 1728");
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        setenv("HOME", "/home/mary", 1);
+        setenv("XDG_DATA_HOME", "/data", 1);
+        bool right = User_Data_Folder() == "/data/Tallmar 1728";
+        for (const char* none : {"relative", "./relative", ""}) {
+            setenv("XDG_DATA_HOME", none, 1);
+            right = right && User_Data_Folder() == "/home/mary/.local/share/Tallmar 1728";
+        }
+        _exit(right ? 0 : 1);
     }
-    restore("HOME", home);
-    restore("XDG_DATA_HOME", data);
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 }  // namespace
