@@ -151,7 +151,6 @@ bool Report_Open(const std::string& path, OpenFor use) {
             Upgrade_CRF();
             Tell_Forbidden_Sublines();
         } else if (CRF_Needs_Upgrade()) {
-            db = DBEngine::OpenCopy(Native_Path(CRFPath));
             Upgrade_Copy();
         }
     } catch (const std::exception& error) {
