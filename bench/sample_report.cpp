@@ -7,7 +7,7 @@
 
 #include "common/csv.h"
 #include "common/db/sql_text.h"
-#include "screens/cell_entry.h"
+#include "screens/cell_batch.h"
 
 namespace tallmar {
 

@@ -7,7 +7,7 @@
 
 #include "calc/driver.h"
 #include "sample_report.h"
-#include "screens/cell_entry.h"
+#include "screens/cell_batch.h"
 #include "screens/cell_text.h"
 #include "screens/dispatch.h"
 #include "screens/form_rows.h"

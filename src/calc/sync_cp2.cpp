@@ -7,7 +7,6 @@
 #include "calc/w_c.h"
 #include "calc/w_s3.h"
 #include "common/db/sql_text.h"
-#include "common/format.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/build_worksheet.h"
@@ -26,8 +25,8 @@ std::vector<CodeOfArea> Read_Codes() {
     Recordset rows = db.OpenRecordset("Select Col_1, Col_2 From S3p3 Where Int([LineNum]) = 29 Order By LineNum;",
                                       RecordsetType::Snapshot);
     for (; !rows.Eof(); rows.MoveNext()) {
-        if (!Is_Blank(rows["Col_1"])) msas.push_back({Format(rows["Col_1"], "0000"), false});
-        if (!Is_Blank(rows["Col_2"])) cbsas.push_back({Format(rows["Col_2"], "00000"), true});
+        if (!Is_Blank(rows["Col_1"])) msas.push_back({MSA_Code(rows["Col_1"]), false});
+        if (!Is_Blank(rows["Col_2"])) cbsas.push_back({CBSA_Code(rows["Col_2"]), true});
     }
     msas.insert(msas.end(), cbsas.begin(), cbsas.end());
     // A code that is listed twice has one instance and one line.

@@ -52,8 +52,12 @@ void Sync_A4() {
     Execute_All(kSync);
 }
 
+Currency Next_A4_Line() {
+    return Next_Line(Read_Currency("SELECT Max(LineNum) AS HighLN FROM A4 WHERE LineNum < 30;"));
+}
+
 Currency Add_A4_Row() {
-    const Currency line = Next_Line(Read_Currency("SELECT Max(LineNum) AS HighLN FROM A4 WHERE LineNum < 30;"));
+    const Currency line = Next_A4_Line();
     db.Execute(Sql("Insert Into A4 (LineNum, Col_4, Col_7) Values (", line, ", 0, 0);"));
     return line;
 }

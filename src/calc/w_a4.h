@@ -13,6 +13,8 @@ void Calc_A4();
 // Clears the sides without a cost center number and takes the names anew from the chart.
 void Sync_A4();
 
+// The line of the next new row.
+Currency Next_A4_Line();
 // A new last row with amounts of 0; its line. Throws DuplicateKey after line 29.99.
 Currency Add_A4_Row();
 // Deletes the entry and closes the gap.

@@ -4,10 +4,10 @@
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
-#include "common/format.h"
 #include "common/numbers.h"
 #include "common/platform.h"
 #include "common/variant.h"
+#include "report/code_lists.h"
 #include "report/registry.h"
 
 namespace tallmar {
@@ -137,11 +137,11 @@ void Cost_Visits(const std::string& table, bool split) {
 }  // namespace
 
 std::string Cp2_Item_Of_MSA(std::string_view code) {
-    return "Cp2m" + Format(Value(code), "0000");
+    return "Cp2m" + MSA_Code(Value(code));
 }
 
 std::string Cp2_Item_Of_CBSA(std::string_view code) {
-    return "Cp2c" + Format(Value(code), "00000");
+    return "Cp2c" + CBSA_Code(Value(code));
 }
 
 void Build_Cp2(const Item& item) {

@@ -4,9 +4,9 @@
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
-#include "common/format.h"
 #include "common/text.h"
 #include "common/variant.h"
+#include "report/code_lists.h"
 
 namespace tallmar {
 
@@ -84,7 +84,7 @@ void Build_Cp4() {
     for (int serial = 1; !codes.Eof(); codes.MoveNext()) {
         // Padded as the match with the codes pads them, so that what is typed on the line stays with its code.
         const Value code = codes["Col_1"];
-        Insert_Code_Line(serial++, {Is_Blank(code) ? "" : Format(code, "0000"), false}, 0, 0, Null);
+        Insert_Code_Line(serial++, {MSA_Code(code), false}, 0, 0, Null);
     }
     Finish_Table("Cp4", "ndx", 8);
 }

@@ -9,7 +9,7 @@
 #include "common/text.h"
 #include "report/backup.h"
 #include "report/open_report.h"
-#include "screens/cell_entry.h"
+#include "screens/cell_batch.h"
 
 namespace tallmar {
 
@@ -48,10 +48,16 @@ CellList Read_Cells(std::istream& in, Refusals& refusals) {
     return list;
 }
 
-void Enter(const CellList& list, Refusals& refusals) {
+// What the closing of a form dropped goes to `dropped`.
+void Enter(const CellList& list, CommandContext& context, Refusals& refusals, std::vector<std::string>& dropped) {
+    const BatchListener listener{
+        .cell = [&](std::size_t at) { context.platform.Name_Boxes("line " + std::to_string(list.lines[at]) + ": "); },
+        .dropped = [&](std::string_view text) { dropped.emplace_back(text); },
+    };
     Job job(db);
     try {
-        const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells);
+        const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells, listener);
+        context.platform.Name_Boxes("");
         for (std::size_t i = 0; i < outcomes.size(); ++i) {
             if (!outcomes[i].stored) refusals.emplace(list.lines[i], outcomes[i].title + ": " + outcomes[i].text);
         }
@@ -81,6 +87,7 @@ int Run_Enter(CommandContext& context) {
     }
     std::istream& in = fromFile ? file : context.in;
     Refusals refusals;
+    std::vector<std::string> dropped;
     const CellList list = Read_Cells(in, refusals);
     if (in.bad()) {
         context.err << (fromFile ? path : "Standard input") << " cannot be read.\n";
@@ -88,10 +95,11 @@ int Run_Enter(CommandContext& context) {
     }
     if (!list.cells.empty()) {
         Keep_Backup();
-        Enter(list, refusals);
+        Enter(list, context, refusals, dropped);
     }
     for (const auto& [line, reason] : refusals) context.err << "line " << line << ": " << One_Line(reason) << '\n';
-    return refusals.empty() ? 0 : 1;
+    for (const std::string& text : dropped) context.err << One_Line(text) << '\n';
+    return refusals.empty() && dropped.empty() ? 0 : 1;
 }
 
 }  // namespace tallmar

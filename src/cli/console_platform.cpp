@@ -41,7 +41,7 @@ ConsolePlatform::ConsolePlatform(std::ostream& out, std::ostream& err, ConsoleOp
 
 Answer ConsolePlatform::Message_Box(std::string_view prompt, int buttons, std::string_view title) {
     Progress("");
-    err_ << One_Line(title) << ": " << One_Line(prompt) << '\n' << std::flush;
+    err_ << boxPlace_ << One_Line(title) << ": " << One_Line(prompt) << '\n' << std::flush;
     const ButtonRow& row = Row_Of(buttons);
     for (const Answer answer : row.answers) {
         if (options_.answer == answer && answer != Answer::None) return answer;

@@ -24,6 +24,9 @@ class ConsolePlatform final : public Platform {
     // Where the collected messages of a job go: to `out` as JSON lines, or to `err` as text.
     void Print_Messages_As_Json(bool json) { messagesAsJson_ = json; }
 
+    // Stands before the boxes from now on: "line 12: ".
+    void Name_Boxes(std::string place) { boxPlace_ = std::move(place); }
+
     // "TITLE: TEXT" on standard error, in one line; answers the default button unless --answer names another one of the
     // box.
     Answer Message_Box(std::string_view prompt, int buttons, std::string_view title) override;
@@ -54,6 +57,7 @@ class ConsolePlatform final : public Platform {
     std::ostream& out_;
     std::ostream& err_;
     ConsoleOptions options_;
+    std::string boxPlace_;
     bool messagesAsJson_ = false;
     std::size_t progressWidth_ = 0;
 };

@@ -323,6 +323,19 @@ std::string From_Cp1252(std::string_view bytes) {
     return result;
 }
 
+std::string Outside_Cp1252(std::string_view utf8) {
+    std::string result;
+    for (std::size_t at = 0; at < utf8.size();) {
+        const Character c = Decode(utf8, at);
+        if (c.code != '?' && Page_Byte(c.code) == '?') {
+            const std::string quoted = "'" + std::string(utf8.substr(at, c.size)) + "'";
+            if (result.find(quoted) == std::string::npos) result += (result.empty() ? "" : ", ") + quoted;
+        }
+        at += c.size;
+    }
+    return result;
+}
+
 bool Is_Valid_Utf8(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const Character c = Decode(text, at);

@@ -39,6 +39,8 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
 // Code page 1252 at the borders of the house. A character that the page has not, or a stray byte, becomes '?'.
 std::string To_Cp1252(std::string_view utf8);
 std::string From_Cp1252(std::string_view bytes);
+// The characters that the page does not have, each once, in quotes: "'日', '本'".
+std::string Outside_Cp1252(std::string_view utf8);
 bool Is_Valid_Utf8(std::string_view text);
 
 }  // namespace tallmar

@@ -144,6 +144,16 @@ bool Has_Line(Currency line) {
            (TableExists("A", true) && Has_Line("Select LineNum, CCGroup From A Where int(LineNum)=5;", line));
 }
 
+// No other line of the group is in the chart: with 5.02 beside it, 5.01 keeps its number.
+bool Stands_Alone(Currency line) {
+    Recordset rows =
+        db.OpenRecordset("Select LineNum, CCGroup From CostCenters Where int(LineNum)=5;", RecordsetType::Snapshot);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (rows["LineNum"].To_Currency() != line) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 void Load_AGOption() {
@@ -168,10 +178,10 @@ void Follow_AG_Option() {
     const int option = Read_Option();
     const Direction& direction = option == 0 ? kUnsplit : kSplit;
     if (Has_Line(direction.from) && !Has_Line(direction.to)) {
-        if (option == 0) {
-            UnsplitAG();
-        } else {
+        if (option != 0) {
             SplitAG();
+        } else if (Stands_Alone(direction.from)) {
+            UnsplitAG();
         }
     }
     Load_AGOption();

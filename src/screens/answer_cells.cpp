@@ -6,7 +6,6 @@
 #include "common/dates.h"
 #include "common/format.h"
 #include "common/numbers.h"
-#include "common/platform.h"
 #include "screens/cell_check.h"
 
 namespace tallmar {
@@ -33,6 +32,7 @@ constexpr BoxText kVoluntaryOrNot{kTitle, "Please enter V or I."};
 constexpr BoxText kStatementKind{kTitle, "Please enter A, C or R."};
 
 constexpr Date kFirstCertification{24289};  // 7/1/1966
+constexpr Date kLastDate{2958465};          // 12/31/9999
 constexpr int kControlTypes = 13;
 constexpr int kOptions = 2;
 
@@ -174,8 +174,8 @@ CellResult Check_Answer(AnswerKind kind, std::string_view text, int length) {
             return Check_Date(trimmed, kNoDate);
         case AnswerKind::Certification:
             return Check_Certification(trimmed);
-        case AnswerKind::PastDate:
-            if (!Is_Valid_Date(trimmed, The_Platform().Now())) return Refuse(kNoValidDate);
+        case AnswerKind::DateAvailable:
+            if (!Is_Valid_Date(trimmed, kLastDate)) return Refuse(kNoValidDate);
             return Check_Date(trimmed, kNoValidDate);
         case AnswerKind::State:
             return Length(trimmed) == 2 ? Accept(trimmed) : Refuse(kStateLength);

@@ -22,7 +22,7 @@ enum class AnswerKind : std::uint8_t {
     SplitOption,  // 0 to 2
     Date,
     Certification,  // a date from 7/1/1966 on
-    PastDate,       // a date not later than today
+    DateAvailable,  // a date from 1/1/1966 on, also one to come
     State,
     Zip,
 };

@@ -73,6 +73,9 @@ class QuietBoxes {
 };
 // A box of a check that only warns.
 void Warn(const Refusal& box);
+// What answers for a question where nothing is asked.
+inline constexpr BoxText kEnterAlone{"Entry Error",
+                                     "This answer changes other worksheets.  Please enter it by itself."};
 // A question of a check, the icon among the buttons. Answer::None where nothing is asked: the entry is refused then.
 Answer Ask(const Refusal& box, int buttons);
 

@@ -47,14 +47,18 @@ class OpenForm {
     const GridColumn* Find_Column(std::string_view column) const;
 
     // Puts the cursor in the row; the row before must have been left. False where the form does not show the line and
-    // could not make it.
+    // Add could not make it; Without_Row then says why.
     bool Go_To(Currency line);
+    CellOutcome Without_Row(Currency line) const;
     const RowUnderEdit& Under_Edit() const { return row_; }
     // Something was entered in the row and is not stored.
     bool Has_Entries() const { return !row_.Entered().empty(); }
     bool Is_Locked(const GridColumn& column) const { return Is_Locked(column, row_); }
     // Of any row of the form.
-    bool Is_Locked(const GridColumn& column, const RowUnderEdit& row) const;
+    bool Is_Locked(const GridColumn& column, const RowUnderEdit& row) const { return !Why_Locked(column, row).empty(); }
+    // Why the cell takes nothing, as screens/lock_reasons.h says it; empty where it takes an entry. Lives as long as
+    // the columns.
+    std::string_view Why_Locked(const GridColumn& column, const RowUnderEdit& row) const;
     CellOutcome Enter(const GridColumn& column, std::string_view text);
     // Commit_Grid: writes the row under edit. A refusal keeps it under edit, an engine's error too.
     CellOutcome Leave_Row();
@@ -65,14 +69,15 @@ class OpenForm {
     void Cancel_Row();
     // Brings other worksheets up to the rows stored since the last time; nothing where none was.
     void Follow_Changes();
-    // Follow_Changes and the form's closing step. The last row must have been left.
-    void Close();
+    // Follow_Changes and the form's closing step. The last row must have been left. What the closing dropped, a
+    // sentence each.
+    std::vector<std::string> Close();
 
     // cmdAdd on the row of line `current`, 0 without one: the line of the new row. cmdDelete. Both in one step of the
     // file; they throw DbError, and nothing has changed then. Require that the description has them and that the row
-    // was left.
+    // was left. Remove_Row: false where the person was asked and keeps the row.
     Currency Add_Row(Currency current);
-    void Remove_Row(Currency line);
+    bool Remove_Row(Currency line);
 
     // Takes the last step back: a row as it was stored, a row that came or went, or a whole OneStep. Former values go
     // in by the way of every entry but its check. Cells that no longer hold what the step stored stay. Requires that
@@ -111,17 +116,5 @@ class OpenForm {
     std::vector<EditStep> steps_;
     bool grouped_ = false;  // the last step still grows
 };
-
-// One cell as text: the line is left empty on a table without LineNum.
-struct CellText {
-    std::string item, line, column, value;
-};
-
-// Checks and stores a list of cells, row by row in an order of its own, so that the order of the list changes nothing
-// but which of two entries of one cell wins: the later. Answers in the order of the list. A row that its form would
-// not let go refuses all its cells.
-std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells);
-// One cell, with its row's and its form's closing rules.
-CellOutcome Enter_Cell(const CellText& cell);
 
 }  // namespace tallmar

@@ -23,6 +23,10 @@ std::string Label_At(const OpenForm& form, const GridColumn& column, Currency li
 
 std::string Head_Text(const OpenForm& form, const GridColumn& column, Currency line) {
     const std::string label = Label_At(form, column, line);
+    constexpr std::string_view kNumbered = "Col_";
+    if (column.number.empty() && label.empty() && Begins_With(column.field, kNumbered)) {
+        return column.field.substr(kNumbered.size());
+    }
     if (column.number.empty()) return label.empty() ? column.field : label;
     return label.empty() ? column.number : column.number + ' ' + label;
 }

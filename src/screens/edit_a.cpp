@@ -1,8 +1,10 @@
 // frmEditA, frmEditA1 to frmEditA3 and their views: amounts in whole dollars by cost center.
+#include <algorithm>
 #include <array>
 
 #include "calc/worksheet.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -13,7 +15,7 @@ constexpr int kNameLength = 36;
 
 constexpr std::array kColumnsA{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"CCGroup", "", "CC Group", CellKind::Shown, 0, "000#"},
+    FormColumn{"CCGroup", "", "CC Group", CellKind::Shown, 0, "000#", why::kFromChart},
     FormColumn{"CCName", "", "Cost Center", CellKind::Text, kNameLength},
     FormColumn{"Col_1", "1", "Salaries", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "Employee Benefits", CellKind::Number, 0, kAmount},
@@ -53,15 +55,31 @@ constexpr std::array kCompensation{
     FormColumn{"Col_9", "9", "Total", CellKind::Shown, 0, kAmount},
 };
 
-// Before 10/1/2000 these come from A-1, A-2 and A-3.
-bool Hidden_A(std::string_view field) {
-    return Is_Cost_Limit_Period() && (field == "Col_1" || field == "Col_2" || field == "Col_4");
+// The columns that have an analysis of their own before 10/1/2000.
+struct AnalysedColumn {
+    std::string_view field;
+    std::string_view why;
+};
+constexpr std::array kAnalysed{
+    AnalysedColumn{"Col_1", "in fiscal years that begin before 10/1/2000 it comes from Worksheet A-1"},
+    AnalysedColumn{"Col_2", "in fiscal years that begin before 10/1/2000 it comes from Worksheet A-2"},
+    AnalysedColumn{"Col_4", "in fiscal years that begin before 10/1/2000 it comes from Worksheet A-3"},
+};
+
+const AnalysedColumn* Find_Analysed(std::string_view field) {
+    const auto found = std::ranges::find(kAnalysed, field, &AnalysedColumn::field);
+    return found == kAnalysed.end() ? nullptr : &*found;
+}
+
+std::string_view Hidden_A(std::string_view field) {
+    const AnalysedColumn* column = Is_Cost_Limit_Period() ? Find_Analysed(field) : nullptr;
+    return column == nullptr ? std::string_view() : column->why;
 }
 
 // The capital lines take no salaries, benefits or contracted services.
-bool Locked_A(const CellPlace& place) {
-    const std::string& field = place.column.field;
-    return place.row.Line() < 3_cur && (field == "Col_1" || field == "Col_2" || field == "Col_4");
+std::string_view Locked_A(const CellPlace& place) {
+    const bool isCapital = place.row.Line() < 3_cur;
+    return isCapital && Find_Analysed(place.column.field) != nullptr ? why::kShaded : std::string_view();
 }
 
 constexpr FormDescription Edit_Compensation(std::string_view name) {

@@ -1,4 +1,5 @@
 // frmEditA4: reclassifications, grouped by code.
+#include <algorithm>
 #include <array>
 
 #include "calc/w_a4.h"
@@ -6,7 +7,9 @@
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
+#include "screens/cell_text.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -18,10 +21,10 @@ constexpr std::array kColumns{
     FormColumn{"LineNum", "", "Line #"},
     FormColumn{"Explanation", "", "Explanation Of Reclassification", CellKind::Text, 40},
     FormColumn{"Col_1", "1", "Code", CellKind::Own},
-    FormColumn{"Col_2", "2", "Up CC Name"},
+    FormColumn{"Col_2", "2", "Up CC Name", CellKind::Shown, 0, "", why::kNamedByNumber},
     FormColumn{"Col_3", "3", "Up CC #", CellKind::Own},
     FormColumn{"Col_4", "4", "Up Amount", CellKind::Own, 0, kAmount},
-    FormColumn{"Col_5", "5", "Dn CC Name"},
+    FormColumn{"Col_5", "5", "Dn CC Name", CellKind::Shown, 0, "", why::kNamedByNumber},
     FormColumn{"Col_6", "6", "Dn CC #", CellKind::Own},
     FormColumn{"Col_7", "7", "Dn Amount", CellKind::Own, 0, kAmount},
 };
@@ -77,14 +80,43 @@ std::optional<Refusal> Leave_A4(const Item&, const RowUnderEdit& row) {
     return Fill_Box(kBlankExplanation);
 }
 
-void Close_A4(const Item&) {
-    Sync_A4();
-    Renumber_A4();
+bool Is_Unused(const Row& row, const Side& side) {
+    return Nz_Currency(row[side.number]) == Currency();
 }
 
-bool Can_Make(Currency line) {
-    if (line >= 1_cur && line <= 29_cur) return line.Is_Whole();
-    return line > 29_cur && line < 30_cur && (line * 100_cur).Is_Whole();
+// What is typed and goes as the form closes: rows without a cost center, amounts beside none. A row that was only added
+// holds nothing.
+std::vector<std::string> Tell_Dropped() {
+    std::vector<std::string> dropped;
+    for (const Row& row : db.Read_Rows("SELECT * FROM A4 WHERE LineNum < 30 ORDER BY LineNum;")) {
+        const std::string place = Sql("Worksheet A-4: row ", Line_Text(row["LineNum"].To_Currency()));
+        bool holdsAmount = false;
+        for (const Side& side : kSides) holdsAmount = holdsAmount || Nz_Currency(row[side.amount]) != Currency();
+        if (std::ranges::all_of(kSides, [&](const Side& side) { return Is_Unused(row, side); })) {
+            if (holdsAmount || !Is_Blank(row["Explanation"]) || !Is_Blank(row["Col_1"])) {
+                dropped.push_back(place + " has no cost center and was dropped.");
+            }
+            continue;
+        }
+        for (const Side& side : kSides) {
+            const Currency amount = Nz_Currency(row[side.amount]);
+            if (!Is_Unused(row, side) || amount == Currency()) continue;
+            dropped.push_back(Sql(place, ": the amount ", amount.To_Text(), " has no cost center and was dropped."));
+        }
+    }
+    return dropped;
+}
+
+std::vector<std::string> Close_A4(const Item&) {
+    std::vector<std::string> dropped = Tell_Dropped();
+    Sync_A4();
+    Renumber_A4();
+    return dropped;
+}
+
+std::optional<Currency> Next_Line(const Item&, Currency line) {
+    if (line < 1_cur || line >= 30_cur) return std::nullopt;
+    return Next_A4_Line();
 }
 
 Currency Add(const Item&, Currency) {
@@ -102,7 +134,7 @@ constinit const FormDescription kEditA4{.name = "frmEditA4",
                                         .check = Validate_A4,
                                         .leaveRow = Leave_A4,
                                         .closing = Close_A4,
-                                        .canMake = Can_Make,
+                                        .nextLine = Next_Line,
                                         .newRow = {"Col_4, Col_7", "0, 0"},
                                         .add = Add,
                                         .remove = Remove};

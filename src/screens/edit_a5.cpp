@@ -2,8 +2,12 @@
 #include <array>
 
 #include "calc/w_a5.h"
+#include "calc/worksheet.h"
+#include "common/db/sql_text.h"
 #include "screens/cell_check.h"
+#include "screens/entry_cells.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -16,7 +20,7 @@ constexpr std::array kColumns{
     FormColumn{"Description", "", "Description", CellKind::Text, 90},
     FormColumn{"Col_1", "1", "Basis/Code", CellKind::Own},
     FormColumn{"Col_2", "2", "Amount", CellKind::Own, 0, kAmount},
-    FormColumn{"Col_3", "3", "Cost Center"},
+    FormColumn{"Col_3", "3", "Cost Center", CellKind::Shown, 0, "", why::kNamedByNumber},
     FormColumn{"Col_4", "4", "CC #", CellKind::Own},
 };
 
@@ -26,19 +30,31 @@ constexpr BoxText kInvalidBasis{
     "an 'A' or a 'B'.  Your entry or modification is being discarded.  Select OK to continue."};
 
 constexpr Currency kRelatedLine = 5_cur;
+constexpr std::string_view kFromRelated = "it comes from Worksheet A-6";
+constexpr std::string_view kFromTherapies = "it comes from Worksheet A-8-3";
 
 bool Is_User_Line(Currency line) {
     return line >= 13_cur && line < 21_cur;
 }
 
-bool Can_Make(Currency line) {
-    return Is_User_Line(line) && (line * 100_cur).Is_Whole();
+constexpr std::array kUserLines{UserLines{13_cur, 20.99_cur, 0.01_cur}};
+
+// A line before all others has none that it could be added behind.
+std::optional<Currency> Next_Line(const Item& item, Currency line) {
+    const Currency before =
+        Read_Currency(Sql("Select Max(LineNum) as HighLN From A5 Where LineNum>=13 And LineNum < ", line, ";"));
+    return Next_In_Group<kUserLines>(item, before == Currency() && Is_User_Line(line) ? kUserLines[0].to : line);
 }
 
 // The wording of lines 1 to 12 is the form's.
-bool Locked(const CellPlace& place) {
-    if (place.row.Line() == kRelatedLine) return true;
-    return place.column.field == "Description" && !Is_User_Line(place.row.Line());
+std::string_view Locked(const CellPlace& place) {
+    if (place.column.field == "Description") return Is_User_Line(place.row.Line()) ? std::string_view() : why::kWording;
+    return place.row.Line() == kRelatedLine ? kFromRelated : std::string_view();
+}
+
+// The therapy lines and the total.
+std::string_view Not_Shown(Currency line) {
+    return line.Int() == 10_cur ? kFromTherapies : why::kComputed;
 }
 
 CellResult Check(const CellPlace& place, std::string_view text) {
@@ -62,8 +78,9 @@ constinit const FormDescription kEditA5{.name = "frmEditA5",
                                         .where = "Int(LineNum) Not In(10, 21)",
                                         .columns = kColumns,
                                         .locked = Locked,
+                                        .notShown = Not_Shown,
                                         .check = Check,
-                                        .canMake = Can_Make,
+                                        .nextLine = Next_Line,
                                         .add = Add,
                                         .remove = Remove};
 

@@ -4,9 +4,13 @@
 #include "calc/w_a6.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
+#include "common/variant.h"
+#include "report/open_report.h"
 #include "screens/answer_cells.h"
 #include "screens/cell_check.h"
+#include "screens/entry_cells.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -51,18 +55,27 @@ const PopupList* Popup_A(const CellPlace& place) {
     return place.column.field == "Answer" ? Popup_Of(AnswerKind::YesNo) : nullptr;
 }
 
-CellResult Check_B(const CellPlace&, std::string_view text) {
+// A name that was typed without a number is not cleared with one.
+CellResult Check_B(const CellPlace& place, std::string_view text) {
+    if (Is_Blank_Text(text) && Is_Blank(place.row["Col_1"])) return Accept(Null);
     return Validate_Cost_Center(text, "Col_2");
+}
+std::string_view Locked_B(const CellPlace& place) {
+    const bool isNamed = place.column.field == "Col_2" && !Is_Blank(place.row["Col_1"]);
+    return isNamed ? why::kNamedByNumber : std::string_view();
 }
 
 // Lines 1 to 3 as the form has them, what goes beyond in hundredths behind the last.
-bool Can_Make_B(Currency line) {
-    if (line < 3_cur) return line >= 1_cur && line.Is_Whole();
-    return line < 4_cur && (line * 100_cur).Is_Whole();
+Currency Next_Line_B() {
+    const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM A6pB WHERE LineNum < 4;");
+    return last < 3_cur ? last.Int() + 1_cur : last + 0.01_cur;
+}
+std::optional<Currency> Next_B(const Item&, Currency line) {
+    if (line < 1_cur || line >= 4_cur) return std::nullopt;
+    return Next_Line_B();
 }
 Currency Add_B(const Item&, Currency) {
-    const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM A6pB WHERE LineNum < 4;");
-    const Currency line = last < 3_cur ? last.Int() + 1_cur : last + 0.01_cur;
+    const Currency line = Next_Line_B();
     db.Execute(Sql("INSERT INTO A6pB (LineNum) VALUES (", line, ");"));
     return line;
 }
@@ -81,9 +94,7 @@ CellResult Check_C(const CellPlace& place, std::string_view text) {
 }
 
 // Above 999 the form moves its rows.
-bool Can_Make_C(Currency line) {
-    return line.Is_Whole() && line >= 1_cur && line <= 999_cur;
-}
+constexpr std::array kLinesC{UserLines{1_cur, 999_cur, 1_cur}};
 Currency Add_C(const Item&, Currency current) {
     return Add_A6pC_Row(current);
 }
@@ -98,14 +109,15 @@ constinit const FormDescription kEditA6pA{
 constinit const FormDescription kEditA6pB{.name = "frmEditA6pB",
                                           .where = "LineNum < 4",
                                           .columns = kColumnsB,
+                                          .locked = Locked_B,
                                           .check = Check_B,
-                                          .canMake = Can_Make_B,
+                                          .nextLine = Next_B,
                                           .add = Add_B,
                                           .remove = Remove_B};
 constinit const FormDescription kEditA6pC{.name = "frmEditA6pC",
                                           .columns = kColumnsC,
                                           .check = Check_C,
-                                          .canMake = Can_Make_C,
+                                          .nextLine = Next_In_Group<kLinesC>,
                                           .newRow = {"Col_4, Col_5", "0, 0"},
                                           .add = Add_C,
                                           .remove = Remove_C};

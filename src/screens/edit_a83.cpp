@@ -6,6 +6,7 @@
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -65,14 +66,13 @@ constexpr std::array kEntries5{
 
 // The worksheet ends on 10/1/2000.
 template <const auto& kCells>
-bool Locked(const CellPlace& place) {
-    return !Is_Cost_Limit_Period() || Locked_Elsewhere<kCells>(place);
+std::string_view Locked(const CellPlace& place) {
+    return Is_Cost_Limit_Period() ? Locked_Elsewhere<kCells>(place) : why::kLimitYears;
 }
 
-// Weeks, visits and miles are whole; rates and hours have two decimals.
+// Weeks and visits are whole; rates, hours and miles have two decimals.
 CellResult Check_1(const CellPlace& place, std::string_view text) {
-    const Currency line = place.row.Line();
-    const bool isCount = line < 5_cur || line == 11_cur;
+    const bool isCount = place.row.Line() < 5_cur;
     return Validate_Numeric(text, isCount ? 0 : place.column.limit, kInvalidNonNumeric);
 }
 

@@ -8,6 +8,7 @@
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -138,8 +139,8 @@ std::vector<GridColumn> View_Columns_B(const Item&) {
 }
 
 // On its own line a column holds its total.
-bool Locked(const CellPlace& place) {
-    return place.row.Line() == Column_CC(place.column.field);
+std::string_view Locked(const CellPlace& place) {
+    return place.row.Line() == Column_CC(place.column.field) ? why::kComputed : std::string_view();
 }
 
 const Warning* Find_Warning(const GridColumn& column, bool overridden) {
@@ -159,6 +160,8 @@ void Insert_Override(const CellPlace& place, double amount) {
 CellResult Check(const CellPlace& place, std::string_view text) {
     CellResult result = Validate_Number(text, place.column.limit);
     if (result.refusal) return result;
+    // What stands is no modification.
+    if (result.value.To_Double() == Nz_Double(place.row[place.column.field])) return result;
     const std::string where = Sql(" WHERE ColCCNum = '", place.column.field, "' And RowCCNum=", place.row.Line(), ";");
     const bool overridden = static_cast<bool>(db.Read_Row(Sql("SELECT * FROM B1X", where)));
     const Warning* warning = Find_Warning(place.column, overridden);

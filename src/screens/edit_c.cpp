@@ -5,6 +5,7 @@
 #include "common/variant.h"
 #include "screens/entry_cells.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -56,7 +57,7 @@ constexpr std::array kColumns3{
 constexpr std::array kColumns4{
     FormColumn{"LineNum", "", "Line #"},
     FormColumn{"Description", "", "Description"},
-    FormColumn{"MSA_Code", "", "MSA/CBSA Code"},
+    FormColumn{"MSA_Code", "", "MSA/CBSA Code", CellKind::Shown, 0, "", "it comes from Worksheet S-3 Part III"},
     FormColumn{"Col_1", "1", "Medicare Program Unduplicated Census Count", CellKind::Number, 2, kCents},
     FormColumn{"Col_2", "2", "Per Beneficiary Annual Limitation", CellKind::Number, 2, kCents},
     FormColumn{"Col_3", "3", "Part A", CellKind::Shown, 0, kAmount},
@@ -98,17 +99,33 @@ std::vector<GridColumn> Total_Post(const Item&) {
              .tag = {}}};
 }
 
+// The visits of a limit are those of the line of its discipline. From 10/1/2000 there are no limits, and the
+// calculation clears their lines.
+constexpr std::array kSources2{
+    SourcedCells{8_cur, 13_cur, "Col_5 Col_6", "it comes from lines 1 to 6"},
+};
+constexpr std::array kLimits2{
+    SourcedCells{8_cur, 13_cur, "Col_4 Col_5 Col_6 Col_7 Col_10", why::kLimitYears},
+};
+std::string_view Locked_2(const CellPlace& place) {
+    const std::span<const SourcedCells> sources =
+        Is_Cost_Limit_Period() ? std::span<const SourcedCells>(kSources2) : kLimits2;
+    const std::string_view why = Find_Source(sources, place.row.Line(), place.column.field);
+    return why.empty() ? Locked_Elsewhere<kEntries2>(place) : why;
+}
+
 // The fixed sublines 15.01 and 16.01 are in use in a split period only. A cost center of the chart may have taken one
 // of the numbers; that line is its own.
-bool Locked_3(const CellPlace& place) {
+std::string_view Locked_3(const CellPlace& place) {
     const Currency line = place.row.Line();
-    if (line != 15.01_cur && line != 16.01_cur) return false;
-    return !Is_Split_Period() && Nz_Currency(place.row["Col_1"]).Is_Whole();
+    if (line != 15.01_cur && line != 16.01_cur) return {};
+    const bool isUnused = !Is_Split_Period() && Nz_Currency(place.row["Col_1"]).Is_Whole();
+    return isUnused ? why::kSplitYears : std::string_view();
 }
 
 // From 10/1/2000 the limits do not apply and the worksheet is not entered.
-bool Locked_4(const CellPlace& place) {
-    return !Is_Cost_Limit_Period() || Locked_Elsewhere<kEntries4>(place);
+std::string_view Locked_4(const CellPlace& place) {
+    return Is_Cost_Limit_Period() ? Locked_Elsewhere<kEntries4>(place) : why::kLimitYears;
 }
 
 }  // namespace
@@ -117,7 +134,7 @@ constinit const FormDescription kEditCp2{.name = "frmEditCp2mxxxx",
                                          .where = "LineNum Not In(7, 14)",
                                          .columns = kColumns2,
                                          .moreColumns = Total_Post,
-                                         .locked = Locked_Elsewhere<kEntries2>};
+                                         .locked = Locked_2};
 constinit const FormDescription kEditCp3{.name = "frmEditCp3", .columns = kColumns3, .locked = Locked_3};
 constinit const FormDescription kEditCp4{
     .name = "frmEditCp4", .where = "Int(LineNum) = 23", .columns = kColumns4, .locked = Locked_4};

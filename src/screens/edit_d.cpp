@@ -3,9 +3,12 @@
 #include <cmath>
 
 #include "common/dates.h"
+#include "common/db/sql_text.h"
+#include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -45,8 +48,11 @@ constexpr std::array kEntries1{
     EntryCells{5_cur, 6_cur, "Col_1 Col_2 Col_3"},
     EntryCells{11_cur, 11_cur, "Col_1 Col_2 Col_3"},
 };
-// Episodes are paid from both parts, though column 2 begins empty. Line 28.5 is the intermediary's and moves no
-// balance; line 25.5 is specified in its description.
+constexpr std::array kSources1{
+    SourcedCells{4.01_cur, 4.01_cur, "Col_2 Col_3", "it comes from Worksheet C Part III"},
+};
+
+// Episodes are paid from both parts, though column 2 begins empty. Line 25.5 is specified in its description.
 constexpr std::array kEntries2{
     EntryCells{12.01_cur, 12.14_cur, "Col_1 Col_2"},
     EntryCells{13_cur, 13_cur, "Col_2"},
@@ -56,7 +62,6 @@ constexpr std::array kEntries2{
     EntryCells{22_cur, 24_cur, "Col_1 Col_2"},
     EntryCells{25.5_cur, 25.99_cur, "Description Col_1 Col_2"},
     EntryCells{26_cur, 26_cur, "Col_1 Col_2"},
-    EntryCells{28.5_cur, 28.5_cur, "Col_1 Col_2"},
     EntryCells{30_cur, 30_cur, "Col_1 Col_2"},
 };
 
@@ -66,6 +71,11 @@ constexpr std::array kLumpSums{
     UserLines{3.5_cur, 3.98_cur, 0.01_cur},
 };
 constexpr NewRow kNoPayment{"Col_2, Col_4", "0, 0"};
+
+const UserLines* Group_Of(Currency line) {
+    const auto group = std::ranges::find_if(kLumpSums, [&](const UserLines& g) { return g.Has(line); });
+    return group == kLumpSums.end() ? nullptr : &*group;
+}
 
 // Lines 1 and 2 are sums over the period and have no date.
 constexpr std::array kPaymentEntries{
@@ -87,33 +97,53 @@ CellResult Check_Date(const CellPlace&, std::string_view text) {
     return Accept(Date{std::floor(date->serial)});
 }
 
+// A further payment is described as the first of its group.
+void Describe_Lump_Sum(const Item& item, Currency line) {
+    const Row first =
+        db.Read_Row(Sql("SELECT Description FROM ", item.Name(), " WHERE LineNum = ", Group_Of(line)->from));
+    db.Execute(
+        Sql("UPDATE ", item.Name(), " SET Description = ", first["Description"], " WHERE LineNum = ", line, ";"));
+}
+
 Currency Add_Lump_Sum(const Item& item, Currency current) {
-    return Add_User_Line(item, kLumpSums[kLumpSums[1].Has(current) ? 1 : 0], current, kNoPayment);
+    const Currency line = Add_User_Line(item, kLumpSums[kLumpSums[1].Has(current) ? 1 : 0], current, kNoPayment);
+    Describe_Lump_Sum(item, line);
+    return line;
 }
 
 void Remove_Lump_Sum(const Item& item, Currency line) {
-    for (const UserLines& group : kLumpSums) {
-        if (group.Has(line) && line != group.from) Delete_Line(item, line);
-    }
+    const UserLines* group = Group_Of(line);
+    if (group != nullptr && line != group->from) Delete_Line(item, line);
+}
+
+std::string_view Locked_1(const CellPlace& place) {
+    const std::string_view why = Find_Source(kSources1, place.row.Line(), place.column.field);
+    return why.empty() ? Locked_Elsewhere<kEntries1>(place) : why;
+}
+
+std::string_view Not_Shown_2(Currency line) {
+    if (line == 15_cur) return "it comes from Worksheet D Part I";
+    if (line == 28_cur) return "it comes from Worksheet D-1";
+    return line == 28.5_cur ? why::kShaded : why::kComputed;
 }
 
 }  // namespace
 
-constinit const FormDescription kEditDp1{.name = "frmEditDp1",
-                                         .where = "LineNum Not In(1, 3, 7, 8, 9, 10)",
-                                         .columns = kColumns1,
-                                         .locked = Locked_Elsewhere<kEntries1>};
+constinit const FormDescription kEditDp1{
+    .name = "frmEditDp1", .where = "LineNum Not In(1, 3, 7, 8, 9, 10)", .columns = kColumns1, .locked = Locked_1};
 constinit const FormDescription kEditDp2{.name = "frmEditDp2",
-                                         .where = "LineNum Not In(12, 14, 15, 16, 18, 21, 25, 27, 28, 29, 31)",
+                                         .where = "LineNum Not In(12, 14, 15, 16, 18, 21, 25, 27, 28, 28.5, 29, 31)",
                                          .columns = kColumns2,
-                                         .locked = Locked_Elsewhere<kEntries2>};
+                                         .locked = Locked_Elsewhere<kEntries2>,
+                                         .notShown = Not_Shown_2};
 constinit const FormDescription kEditD1{.name = "frmEditD1",
                                         .where = "LineNum < 3.99",
                                         .columns = kPayments,
                                         .locked = Locked_Elsewhere<kPaymentEntries>,
                                         .check = Check_Date,
-                                        .canMake = Can_Make_User_Line<kLumpSums>,
+                                        .nextLine = Next_In_Group<kLumpSums>,
                                         .newRow = kNoPayment,
+                                        .rowMade = Describe_Lump_Sum,
                                         .add = Add_Lump_Sum,
                                         .remove = Remove_Lump_Sum};
 

@@ -6,6 +6,7 @@
 #include "report/open_report.h"
 #include "screens/entry_cells.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -92,18 +93,30 @@ bool Has_Line(std::span<const UserLines> groups, Currency line) {
     return std::ranges::any_of(groups, [&](const UserLines& group) { return group.Has(line); });
 }
 
-bool Locked_1(const CellPlace& place) {
+std::string_view Locked_1(const CellPlace& place) {
     const Currency line = place.row.Line();
-    if (place.column.field == "Description") {
-        return !Has_Line(kOwnLines1, line) && (line.Is_Whole() || !Has_Line(kDetailLines1, line));
-    }
-    return Locked_Elsewhere<kEntries1>(place);
+    if (place.column.field != "Description") return Locked_Elsewhere<kEntries1>(place);
+    const bool isUsers = Has_Line(kOwnLines1, line) || (!line.Is_Whole() && Has_Line(kDetailLines1, line));
+    return isUsers ? std::string_view() : why::kWording;
+}
+
+std::string_view Not_Shown_1(Currency line) {
+    return line == 4_cur ? "it comes from Worksheet A" : why::kComputed;
+}
+
+UserLines Sublines_Of(Currency line) {
+    return {line.Int() + 0.01_cur, line.Int() + 0.99_cur, 0.01_cur};
+}
+
+std::optional<Currency> Next_Line_1(const Item& item, Currency line) {
+    if (line.Is_Whole() || !Has_Line(kDetailLines1, line)) return std::nullopt;
+    return Next_User_Line(item, Sublines_Of(line), line);
 }
 
 // A subline of the line that the cursor is in; elsewhere of the last user's line.
 Currency Add_1(const Item& item, Currency current) {
-    const Currency of = (Has_Line(kDetailLines1, current) ? current : kDetailLines1.back().to).Int();
-    return Add_User_Line(item, {of + 0.01_cur, of + 0.99_cur, 0.01_cur}, current, kNoAmount);
+    const Currency of = Has_Line(kDetailLines1, current) ? current : kDetailLines1.back().to;
+    return Add_User_Line(item, Sublines_Of(of), current, kNoAmount);
 }
 
 void Remove_1(const Item& item, Currency line) {
@@ -111,16 +124,21 @@ void Remove_1(const Item& item, Currency line) {
 }
 
 // The whole lines first, what goes beyond in hundredths behind the last.
-Currency Add_2(const Item& item, Currency current) {
+UserLines Lines_To_Add_2(const Item& item, Currency current) {
     const UserLines& group = kOwnLines2[current < 10_cur ? 0 : 1];
     const Currency last = group.to.Int();
     const Row full =
         db.Read_Row(Sql("SELECT Count(LineNum) AS Cnt FROM ", item.Name(), " WHERE LineNum = Int(LineNum) ",
                         "AND LineNum BETWEEN ", group.from, " AND ", last, ";"));
-    if (full["Cnt"].To_Currency() < last - group.from + 1_cur) {
-        return Add_User_Line(item, {group.from, last, group.step}, current, kNoDetail);
-    }
-    return Add_User_Line(item, {last + 0.01_cur, group.to, 0.01_cur}, current, kNoDetail);
+    const bool isFull = full["Cnt"].To_Currency() >= last - group.from + 1_cur;
+    return isFull ? UserLines{last + 0.01_cur, group.to, 0.01_cur} : UserLines{group.from, last, group.step};
+}
+std::optional<Currency> Next_Line_2(const Item& item, Currency line) {
+    if (!Has_Line(kOwnLines2, line)) return std::nullopt;
+    return Next_User_Line(item, Lines_To_Add_2(item, line), line);
+}
+Currency Add_2(const Item& item, Currency current) {
+    return Add_User_Line(item, Lines_To_Add_2(item, current), current, kNoDetail);
 }
 
 void Remove_2(const Item& item, Currency line) {
@@ -137,7 +155,8 @@ constinit const FormDescription kEditF1{.name = "frmEditF1",
                                         .where = "LineNum Not In(3, 4, 17, 18, 32, 33)",
                                         .columns = kColumns1,
                                         .locked = Locked_1,
-                                        .canMake = Can_Make_User_Line<kDetailLines1>,
+                                        .notShown = Not_Shown_1,
+                                        .nextLine = Next_Line_1,
                                         .newRow = kNoAmount,
                                         .add = Add_1,
                                         .remove = Remove_1};
@@ -145,7 +164,7 @@ constinit const FormDescription kEditF2{.name = "frmEditF2",
                                         .where = "LineNum Not In(2, 3, 9, 10, 16, 17)",
                                         .columns = kColumns2,
                                         .locked = Locked_Elsewhere<kEntries2>,
-                                        .canMake = Can_Make_User_Line<kOwnLines2>,
+                                        .nextLine = Next_Line_2,
                                         .newRow = kNoDetail,
                                         .add = Add_2,
                                         .remove = Remove_2};

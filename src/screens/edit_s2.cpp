@@ -9,6 +9,7 @@
 #include "screens/cell_check.h"
 #include "screens/forms.h"
 #include "screens/identity_cells.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -88,11 +89,17 @@ std::span<const std::string_view> Heads(Currency line) {
 }
 
 // The home office has lines of its own only in a chain; what stands there from before can be cleared.
-bool Locked(const CellPlace& place) {
+std::string_view Closed(const CellPlace& place) {
+    if (place.row.Line() <= 29_cur) return {};
+    const bool isChain = Is_Yes(db.Read_Row("Select Col_1 From S2 Where LineNum = 29;")["Col_1"]);
+    return isChain ? std::string_view() : "answer line 29 with Y first";
+}
+
+std::string_view Locked(const CellPlace& place) {
     const Currency line = place.row.Line();
-    if (Find_Answer(kAnswers, line, place.column.field) == nullptr) return true;
-    if (line <= 29_cur || !Is_Blank(place.row[place.column.field])) return false;
-    return !Is_Yes(db.Read_Row("Select Col_1 From S2 Where LineNum = 29;")["Col_1"]);
+    if (Find_Answer(kAnswers, line, place.column.field) != nullptr) return {};
+    const bool isComputed = line == 13_cur && place.column.field == "Col_1";
+    return isComputed ? why::kComputed : why::kNoAnswer;
 }
 
 bool Is_Hospice_Name(Currency line, std::string_view field) {
@@ -100,8 +107,6 @@ bool Is_Hospice_Name(Currency line, std::string_view field) {
 }
 
 constexpr BoxText kFormsStayOpen{"Close form frmEditS2", "The option was not changed, since forms are open."};
-// Among many cells nothing is asked.
-constexpr BoxText kAsks{"Entry Error", "This answer changes other worksheets.  Please enter it by itself."};
 constexpr BoxText kHospiceStays{"Remove Hospice", "The hospice was not removed."};
 
 CellResult Already_Answered(const BoxText& box) {
@@ -123,7 +128,7 @@ CellResult Check(const CellPlace& place, std::string_view text) {
     if (result.refusal) return result;
     const bool cleared = result.value.Is_Null() && !Is_Blank(place.row.Stored(place.column.field));
     const bool asks = cleared && Is_Hospice_Name(line, place.column.field) && Form_Hooks().hospiceCleared != nullptr;
-    if (QuietBoxes::Is_On() && (kind == AnswerKind::SplitOption || asks)) return Refuse(kAsks);
+    if (QuietBoxes::Is_On() && (kind == AnswerKind::SplitOption || asks)) return Refuse(kEnterAlone);
     if (kind == AnswerKind::SplitOption && Forms_Stay_Open()) return Already_Answered(kFormsStayOpen);
     if (asks && !Form_Hooks().hospiceCleared(line)) return Already_Answered(kHospiceStays);
     return result;
@@ -165,6 +170,7 @@ FormHooks& Form_Hooks() {
 constinit const FormDescription kEditS2{.name = kForm,
                                         .columns = kColumns,
                                         .locked = Locked,
+                                        .closed = Closed,
                                         .check = Check,
                                         .leaveRow = Leave_Identity_Row,
                                         .storeRow = Store_Identity_Row,

@@ -6,6 +6,7 @@
 #include "screens/answer_cells.h"
 #include "screens/cell_check.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -21,11 +22,11 @@ constexpr std::array kColumns{
 
 constexpr std::array kAnswers{
     AnswerCell{1_cur, 14_cur, 1, AnswerKind::YesNo},
-    AnswerCell{1_cur, 2_cur, 2, AnswerKind::PastDate},
+    AnswerCell{1_cur, 2_cur, 2, AnswerKind::DateAvailable},
     AnswerCell{2_cur, 2_cur, 3, AnswerKind::VoluntaryInvoluntary},
     AnswerCell{4_cur, 4_cur, 2, AnswerKind::Statement},
-    AnswerCell{4_cur, 4_cur, 3, AnswerKind::PastDate},
-    AnswerCell{9_cur, 10_cur, 2, AnswerKind::PastDate},
+    AnswerCell{4_cur, 4_cur, 3, AnswerKind::DateAvailable},
+    AnswerCell{9_cur, 10_cur, 2, AnswerKind::DateAvailable},
     AnswerCell{15_cur, 17_cur, 1, AnswerKind::Text},
     AnswerCell{15_cur, 15_cur, 2, AnswerKind::Text},
     AnswerCell{15_cur, 15_cur, 3, AnswerKind::Text},
@@ -56,24 +57,25 @@ std::span<const std::string_view> Heads(Currency line) {
 }
 
 // Lines 7 and 8 follow from line 6, lines 11 to 13 from 9 or 10.
-bool Is_Open(Currency line) {
+std::string_view Why_Not_Asked(Currency line) {
     const bool onSix = line == 7_cur || line == 8_cur;
     const bool onNineOrTen = line >= 11_cur && line <= 13_cur;
-    if (!onSix && !onNineOrTen) return true;
+    if (!onSix && !onNineOrTen) return {};
     Recordset leads = db.OpenRecordset("Select * From S21 Where LineNum In(6,9,10);", RecordsetType::Snapshot);
     for (; !leads.Eof(); leads.MoveNext()) {
-        if (onSix == (leads["LineNum"].To_Currency() == 6_cur) && Is_Yes(leads["Col_1"])) return true;
+        if (onSix == (leads["LineNum"].To_Currency() == 6_cur) && Is_Yes(leads["Col_1"])) return {};
     }
-    return false;
+    return onSix ? "answer line 6 with Y first" : "answer line 9 or 10 with Y first";
+}
+std::string_view Closed(const CellPlace& place) {
+    return Why_Not_Asked(place.row.Line());
 }
 
-// The wording of the questions is the form's, but for what the user describes on line 13. An answer that is no longer
-// asked for can be cleared.
-bool Locked(const CellPlace& place) {
+// The wording of the questions is the form's, but for what the user describes on line 13.
+std::string_view Locked(const CellPlace& place) {
     const Currency line = place.row.Line();
-    if (place.column.field == "LineLabel") return line != 13_cur || !Is_Open(line);
-    if (Find_Answer(kAnswers, line, place.column.field) == nullptr) return true;
-    return Is_Blank(place.row[place.column.field]) && !Is_Open(line);
+    if (place.column.field == "LineLabel") return line == 13_cur ? Why_Not_Asked(line) : why::kWording;
+    return Find_Answer(kAnswers, line, place.column.field) == nullptr ? why::kNoAnswer : std::string_view();
 }
 
 CellResult Check(const CellPlace& place, std::string_view text) {
@@ -89,8 +91,13 @@ const PopupList* Popup(const CellPlace& place) {
 
 }  // namespace
 
-constinit const FormDescription kEditS21{
-    .name = "frmEditS21", .columns = kColumns, .locked = Locked, .check = Check, .popup = Popup, .headsAt = Heads};
+constinit const FormDescription kEditS21{.name = "frmEditS21",
+                                         .columns = kColumns,
+                                         .locked = Locked,
+                                         .closed = Closed,
+                                         .check = Check,
+                                         .popup = Popup,
+                                         .headsAt = Heads};
 constinit const FormDescription kViewS21{
     .name = "frmViewS21", .columns = kColumns, .readOnly = true, .popup = Popup, .headsAt = Heads};
 

@@ -1,12 +1,18 @@
 // frmEditS3p1 to frmEditS3p4: visits, staff, MSA and CBSA codes, payment statistics; and the view of S Part II.
+#include <algorithm>
 #include <array>
 
 #include "calc/sync_cp2.h"
+#include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/db/sql_text.h"
+#include "common/platform.h"
 #include "report/code_lists.h"
+#include "report/open_report.h"
+#include "report/registry.h"
 #include "screens/cell_check.h"
 #include "screens/forms.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
@@ -62,10 +68,12 @@ constexpr TextAbove kCounty{"tbCounty", "Label1", "Co&unty:", 0_cur, "Descriptio
 
 constexpr Currency kFirstCode = 29_cur;
 
-// Line 0 holds the county alone; line 8 is the total.
-bool Locked_Visits(const CellPlace& place) {
-    if (place.column.field == "Description") return place.row.Line() != 0_cur;
-    return place.row.Line() == 8_cur;
+// Line 0 holds the county alone; line 8 is the total. From 10/1/2000 the calculation clears the parts of the census.
+std::string_view Locked_Visits(const CellPlace& place) {
+    const Currency line = place.row.Line();
+    if (place.column.field == "Description") return line == 0_cur ? std::string_view() : why::kWording;
+    if (line == 8_cur) return why::kComputed;
+    return line > 10_cur && !Is_Cost_Limit_Period() ? why::kLimitYears : std::string_view();
 }
 
 // The census counts may have parts.
@@ -75,23 +83,98 @@ CellResult Check_Visits(const CellPlace& place, std::string_view text) {
 }
 
 // Lines 26 and 27 are the agency's own staff.
-bool Locked_Staff(const CellPlace& place) {
+std::string_view Locked_Staff(const CellPlace& place) {
     const Currency line = place.row.Line();
-    return place.column.field == "Description" && line != 26_cur && line != 27_cur;
+    const bool isUsers = place.column.field != "Description" || line == 26_cur || line == 27_cur;
+    return isUsers ? std::string_view() : why::kWording;
 }
 
-// Codes are digits, kept as typed: what is short is padded where the code is used.
+// The two kinds of codes. Each has a worksheet of C Part II.
+struct CodeKind {
+    std::string_view field;
+    std::string_view characters;
+    std::string (*code)(const Value&);
+    std::string (*worksheet)(std::string_view code);
+};
+constexpr std::array kCodeKinds{
+    CodeKind{"Col_1", "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz", MSA_Code, Cp2_Item_Of_MSA},
+    CodeKind{"Col_2", "0123456789", CBSA_Code, Cp2_Item_Of_CBSA},
+};
+const CodeKind& Kind_Of(std::string_view field) {
+    return *std::ranges::find(kCodeKinds, field, &CodeKind::field);
+}
+
+constexpr BoxText kListed{"Duplicate Code", "The code <text> is already listed."};
+constexpr BoxText kRemoveCode{
+    "Remove Code", "The visits and limits of code <text> on C Part II will be removed.  Do you wish to continue?"};
+constexpr int kRemoveButtons = kYesNo + kQuestion + kDefaultButton2;
+
+// Another line lists the code.
+bool Is_Listed(const CodeKind& kind, const std::string& code, Currency but) {
+    const auto rows = db.Read_Rows(
+        Sql("SELECT ", kind.field, " FROM S3p3 WHERE Int(LineNum) = ", kFirstCode, " AND LineNum <> ", but, ";"));
+    return std::ranges::any_of(rows, [&](const Row& row) { return kind.code(row[kind.field]) == code; });
+}
+
+// What a person keys on C Part II.
+bool Has_Typed_Figures(const std::string& worksheet) {
+    constexpr std::string_view kTypedVisits = "Col_5<>0 Or Col_6<>0 Or Col_7<>0 Or Col_10<>0";
+    constexpr std::string_view kTypedLimits = "Col_4<>0 Or Col_7<>0 Or Col_10<>0";
+    if (!TableExists(worksheet, true)) return false;
+    return static_cast<bool>(db.Read_Row(Sql("SELECT LineNum FROM ", worksheet, " WHERE LineNum < 7 And (",
+                                             kTypedVisits, ") Or LineNum BETWEEN 8 And 13 And (", kTypedLimits, ");")));
+}
+
+// Whether the code of a line, as the table holds it, may go from the list with its C Part II. Where it leaves nothing
+// typed behind nothing is asked.
+Answer Ask_To_Remove(const CodeKind& kind, const Value& typed, Currency line) {
+    const std::string code = kind.code(typed);
+    if (code.empty() || Is_Listed(kind, code, line) || !Has_Typed_Figures(kind.worksheet(code))) return Answer::Yes;
+    return Ask(Fill_Box(kRemoveCode, {.text = code}), kRemoveButtons);
+}
+
+// Codes are kept as typed: what is short is padded where the code is used.
 CellResult Check_Code(const CellPlace& place, std::string_view text) {
-    const std::string_view code = Trim(text);
-    if (code.empty()) return Accept(Null);
-    if (code.find_first_not_of("0123456789") != std::string_view::npos) {
+    const CodeKind& kind = Kind_Of(place.column.field);
+    const std::string_view typed = Trim(text);
+    if (typed.find_first_not_of(kind.characters) != std::string_view::npos) {
         return Refuse(kInvalidNonNumeric, {.text = text});
     }
-    return Validate_Text(code, place.column.limit);
+    CellResult result = typed.empty() ? Accept(Null) : Validate_Text(typed, place.column.limit);
+    if (result.refusal) return result;
+    const std::string code = kind.code(result.value);
+    if (!code.empty() && Is_Listed(kind, code, place.row.Line())) return Refuse(kListed, {.text = code});
+
+    // Asked once, when the code that the table holds is given up.
+    const Value& stored = place.row.Stored(place.column.field);
+    const std::string before = kind.code(stored);
+    if (code == before || kind.code(place.row[place.column.field]) != before) return result;
+    switch (Ask_To_Remove(kind, stored, place.row.Line())) {
+        case Answer::Yes:
+            return result;
+        case Answer::None:
+            return Refuse(kEnterAlone);
+        default:
+            result = Refuse(kRemoveCode, {.text = before});
+            result.refusal->shown = true;
+            return result;
+    }
 }
 
-bool Can_Make_Code(Currency line) {
-    return line.Int() == kFirstCode && (line * 100_cur).Is_Whole();
+// Former codes stand again: those of now go.
+bool May_Undo_Codes(const RowUnderEdit& row) {
+    return std::ranges::all_of(kCodeKinds, [&](const CodeKind& kind) {
+        const Value& stored = row.Stored(kind.field);
+        return kind.code(row[kind.field]) == kind.code(stored) ||
+               Ask_To_Remove(kind, stored, row.Line()) == Answer::Yes;
+    });
+}
+
+bool May_Remove_Codes(const Item& item, Currency line) {
+    const Row row = db.Read_Row(Sql("SELECT * FROM ", item.Name(), " WHERE LineNum = ", line, ";"));
+    return !row || line < kFirstCode || std::ranges::all_of(kCodeKinds, [&](const CodeKind& kind) {
+        return Ask_To_Remove(kind, row[kind.field], line) == Answer::Yes;
+    });
 }
 
 constexpr std::array kFollowers{SideTable{"Cp2*"}, SideTable{"Cp4"}};
@@ -103,9 +186,16 @@ void Follow_Codes() {
 }
 
 // The codes are line 29 and its sublines.
-Currency Add_Code(const Item&, Currency) {
+Currency Next_Code() {
     const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM S3p3 WHERE LineNum >= 29;");
-    const Currency line = last < kFirstCode ? kFirstCode : last + 0.01_cur;
+    return last < kFirstCode ? kFirstCode : last + 0.01_cur;
+}
+std::optional<Currency> Next_Code_Line(const Item&, Currency line) {
+    if (line.Int() != kFirstCode) return std::nullopt;
+    return Next_Code();
+}
+Currency Add_Code(const Item&, Currency) {
+    const Currency line = Next_Code();
     db.Execute(Sql("INSERT INTO S3p3 (LineNum) VALUES (", line, ");"));
     return line;
 }
@@ -131,9 +221,11 @@ constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
                                           .check = Check_Code,
                                           .follow = Follow_Codes,
                                           .sides = kFollowers,
-                                          .canMake = Can_Make_Code,
+                                          .undoAllowed = May_Undo_Codes,
+                                          .nextLine = Next_Code_Line,
                                           .add = Add_Code,
-                                          .remove = Remove_Code};
+                                          .remove = Remove_Code,
+                                          .mayRemove = May_Remove_Codes};
 constinit const FormDescription kEditS3p4{
     .name = "frmEditS3p4", .where = "LineNum Not In(42, 44)", .columns = kPayment, .nullIsShaded = true};
 

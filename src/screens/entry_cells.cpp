@@ -1,24 +1,15 @@
 #include "screens/entry_cells.h"
 
-#include <optional>
+#include <iterator>
 #include <set>
 
 #include "common/db/sql_text.h"
 #include "report/open_report.h"
+#include "screens/lock_reasons.h"
 
 namespace tallmar {
 
 namespace {
-
-// `field` is one of the words of `fields`.
-bool Is_Named(std::string_view fields, std::string_view field) {
-    while (!fields.empty()) {
-        const std::size_t end = std::min(fields.find(' '), fields.size());
-        if (fields.substr(0, end) == field) return true;
-        fields.remove_prefix(std::min(end + 1, fields.size()));
-    }
-    return false;
-}
 
 std::set<Currency> Lines_Of(const Item& item, const UserLines& group) {
     std::set<Currency> lines;
@@ -38,10 +29,39 @@ std::optional<Currency> Free_Line(const std::set<Currency>& taken, const UserLin
 
 }  // namespace
 
+bool Is_Named(std::string_view fields, std::string_view field) {
+    while (!fields.empty()) {
+        const std::size_t end = std::min(fields.find(' '), fields.size());
+        if (fields.substr(0, end) == field) return true;
+        fields.remove_prefix(std::min(end + 1, fields.size()));
+    }
+    return false;
+}
+
 bool Is_Entry_Cell(std::span<const EntryCells> cells, Currency line, std::string_view field) {
     return std::ranges::any_of(cells, [&](const EntryCells& entry) {
         return line >= entry.from && line <= entry.to && Is_Named(entry.fields, field);
     });
+}
+
+std::string_view Why_No_Entry(const CellPlace& place) {
+    if (place.column.number.empty()) return why::kWording;
+    return place.row.Stored(place.column.field).Is_Null() ? why::kShaded : why::kComputed;
+}
+
+std::string_view Find_Source(std::span<const SourcedCells> cells, Currency line, std::string_view field) {
+    const auto found = std::ranges::find_if(cells, [&](const SourcedCells& sourced) {
+        return line >= sourced.from && line <= sourced.to && Is_Named(sourced.fields, field);
+    });
+    return found == cells.end() ? std::string_view() : found->why;
+}
+
+std::optional<Currency> Next_User_Line(const Item& item, const UserLines& group, Currency line) {
+    const std::set<Currency> taken = Lines_Of(item, group);
+    const auto at = taken.lower_bound(line);
+    const Currency behind = at == taken.begin() ? Currency() : *std::prev(at);
+    const std::optional<Currency> next = Free_Line(taken, group, behind);
+    return next ? next : Free_Line(taken, group, {});
 }
 
 Currency Add_User_Line(const Item& item, const UserLines& group, Currency current, const NewRow& row) {

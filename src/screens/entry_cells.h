@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -16,13 +17,28 @@ struct EntryCells {
     std::string_view fields;
 };
 
+// `field` is one of the words of `fields`.
+bool Is_Named(std::string_view fields, std::string_view field);
 bool Is_Entry_Cell(std::span<const EntryCells> cells, Currency line, std::string_view field);
+
+// Why a cell that is not named is locked: a wording, or shaded where it is empty, or else computed.
+std::string_view Why_No_Entry(const CellPlace& place);
 
 // The `locked` rule of a form whose table names every cell that it takes.
 template <const auto& kCells>
-bool Locked_Elsewhere(const CellPlace& place) {
-    return !Is_Entry_Cell(kCells, place.row.Line(), place.column.field);
+std::string_view Locked_Elsewhere(const CellPlace& place) {
+    if (Is_Entry_Cell(kCells, place.row.Line(), place.column.field)) return {};
+    return Why_No_Entry(place);
 }
+
+// Cells that come from elsewhere, and from where.
+struct SourcedCells {
+    Currency from, to;
+    std::string_view fields;
+    std::string_view why;
+};
+// Empty for a cell of no row.
+std::string_view Find_Source(std::span<const SourcedCells> cells, Currency line, std::string_view field);
 
 // Lines that a person adds: `from`, `from` + `step` and on to `to`.
 struct UserLines {
@@ -31,11 +47,14 @@ struct UserLines {
     bool Has(Currency line) const { return line >= from && line <= to; }
 };
 
-// A line of up to two decimals in one of the groups.
+// The free line of the group behind the last one before `line`, or else its first free one; nothing where it is full.
+std::optional<Currency> Next_User_Line(const Item& item, const UserLines& group, Currency line);
+
+// The `nextLine` of a form with groups of lines.
 template <const auto& kGroups>
-bool Can_Make_User_Line(Currency line) {
-    return Currency::From_Scaled(line.Scaled() * 100).Is_Whole() &&
-           std::ranges::any_of(kGroups, [&](const UserLines& group) { return group.Has(line); });
+std::optional<Currency> Next_In_Group(const Item& item, Currency line) {
+    const auto group = std::ranges::find_if(kGroups, [&](const UserLines& g) { return g.Has(line); });
+    return group == kGroups.end() ? std::nullopt : Next_User_Line(item, *group, line);
 }
 
 // Makes the first free line behind `current`, or else the first free one of the group, and returns it. Throws DbError

@@ -34,6 +34,7 @@ struct FormColumn {
     CellKind kind = CellKind::Shown;
     int limit = 0;
     std::string_view format = {};
+    std::string_view why = {};  // of a Shown column: where its cells come from; empty: it is computed, or a wording
 };
 
 // A column as an open form has it; on B-1 they come from the chart.
@@ -42,9 +43,10 @@ struct GridColumn {
     CellKind kind = CellKind::Shown;
     int limit = 0;
     FieldType type = FieldType::Text;
-    int size = 0;         // characters that the table holds
-    bool hidden = false;  // not shown in this year
-    std::string tag;      // B-1: "ACCUM. COST", "[Source CC]", "[from CC_<n>]"
+    int size = 0;          // characters that the table holds
+    bool hidden = false;   // not shown in this year
+    std::string why = {};  // its cells take nothing
+    std::string tag;       // B-1: "ACCUM. COST", "[Source CC]", "[from CC_<n>]"
 };
 
 // The cell keeps what it held. A stop box says so, or a question that was asked already.
@@ -138,12 +140,18 @@ struct FormDescription {
     std::span<const FormColumn> columns = {};
     // Columns that hang on the report, behind the others.
     std::vector<GridColumn> (*moreColumns)(const Item&) = nullptr;
-    bool (*hidden)(std::string_view field) = nullptr;
+    // Why the column is not shown in this year; empty: it is.
+    std::string_view (*hidden)(std::string_view field) = nullptr;
     bool readOnly = false;  // a view form
 
     // A Null cell is a shaded one and takes nothing.
     bool nullIsShaded = false;
-    bool (*locked)(const CellPlace&) = nullptr;
+    // Why the cell takes nothing, as one of screens/lock_reasons.h; empty: it is open.
+    std::string_view (*locked)(const CellPlace&) = nullptr;
+    // The same of a cell that does not apply for now: it still takes a blank, where it holds something.
+    std::string_view (*closed)(const CellPlace&) = nullptr;
+    // Why a line of the table is not among the rows. Null: it is computed.
+    std::string_view (*notShown)(Currency line) = nullptr;
     // Checks cells of kind Own. Boxes that only warn or ask are shown from here.
     CellResult (*check)(const CellPlace&, std::string_view text) = nullptr;
     // What holds the cursor in the row.
@@ -158,19 +166,23 @@ struct FormDescription {
     // What other worksheets take from this one, after rows were stored: the grid has it follow each row, a list of
     // cells once.
     void (*follow)() = nullptr;
-    // As the form closes.
-    void (*closing)(const Item&) = nullptr;
+    // As the form closes. What it dropped, a sentence each.
+    std::vector<std::string> (*closing)(const Item&) = nullptr;
     std::span<const SideTable> sides = {};
     // Asked before former values, entered in the row, are stored again. False: the row stays as it is.
     bool (*undoAllowed)(const RowUnderEdit&) = nullptr;
 
-    // A line that is not there and could be made.
-    bool (*canMake)(Currency line) = nullptr;
+    // The line that Add could make where `line`, which is not there, would stand; nothing where Add makes none.
+    std::optional<Currency> (*nextLine)(const Item&, Currency line) = nullptr;
     NewRow newRow = {};
+    // What a row that was made has beyond `newRow`.
+    void (*rowMade)(const Item&, Currency line) = nullptr;
     // cmdAdd, on the row of line `current` (0 without one): the line of the new row. Null: the button is not shown.
     Currency (*add)(const Item&, Currency current) = nullptr;
     // cmdDelete. Null: not shown.
     void (*remove)(const Item&, Currency line) = nullptr;
+    // Asked before that. False: the row stays.
+    bool (*mayRemove)(const Item&, Currency line) = nullptr;
 
     // The list that opens over a cell; null where it has none.
     const PopupList* (*popup)(const CellPlace&) = nullptr;

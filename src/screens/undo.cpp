@@ -85,7 +85,8 @@ Currency OpenForm::Add_Row(Currency current) {
     return line;
 }
 
-void OpenForm::Remove_Row(Currency line) {
+bool OpenForm::Remove_Row(Currency line) {
+    if (form_.mayRemove != nullptr && !form_.mayRemove(item_, line)) return false;
     Job job(db);
     const TableState before = Read_State(table_, form_.where);
     std::vector<TableState> sides = Read_Sides(form_.sides, line);
@@ -99,9 +100,10 @@ void OpenForm::Remove_Row(Currency line) {
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
     part.structure = Difference(before, Read_State(table_, form_.where));
     // A line of the form's own stays.
-    if (part.structure->rows.empty()) return;
+    if (part.structure->rows.empty()) return true;
     part.sides = Differences(sides, Read_Sides(form_.sides, line));
     Record(std::move(part), Sql("line ", Line_Text(line), " removed"));
+    return true;
 }
 
 // Rows that moved can only go back together: none may have been changed since. Computed cells do not count.
@@ -183,10 +185,15 @@ UndoOutcome OpenForm::Undo() {
     std::size_t done = 0;
     Job job(db);
     try {
-        for (auto part = step.parts.rbegin(); part != step.parts.rend(); ++part) done += Undo_Part(*part, outcome);
+        std::vector<const EditPart*> undone;
+        for (auto part = step.parts.rbegin(); part != step.parts.rend(); ++part) {
+            const std::size_t count = Undo_Part(*part, outcome);
+            if (count > 0) undone.push_back(&*part);
+            done += count;
+        }
         Follow_Changes();
         // Tables that follow have followed: what was keyed in them comes back.
-        for (auto part = step.parts.rbegin(); part != step.parts.rend(); ++part) {
+        for (const EditPart* part : undone) {
             for (const TableChange& change : part->sides) {
                 const bool follows = std::ranges::none_of(form_.sides, [&](const SideTable& side) {
                     return !side.rowField.empty() && side.tables.Matches(change.table);

@@ -70,7 +70,7 @@ TEST_F(EnterCommand, RefusalsComeInTheOrderOfTheFile) {
               "line 2: Invalid Line: 'x' is no line number.\n"
               "line 3: A cell is Item,LineNum,Column,Value.\n"
               "line 4: Unknown Column: Worksheet A, line 6, column 'Col_99' does not exist.\n"
-              "line 5: Locked Cell: Worksheet A, line 29 is shaded or computed on the form and takes no entry.\n"
+              "line 5: Locked Cell: Worksheet A, line 29 takes no entry: it is computed.\n"
               "line 6: A quoted field goes on behind its closing quote.\n"
               "line 7: Unknown Worksheet: The report has no worksheet 'S3p3h'.\n"
               "line 8: No Edit Form: Worksheet B has no edit form.\n");
@@ -98,10 +98,63 @@ TEST_F(EnterCommand, AWarningIsTheFormsAndTheRoundedEntryIsKept) {
     const Ran ran = Run_Tallmar({"enter", crf}, "A,6,Col_1,12.5\n");
     EXPECT_EQ(ran.status, kExitDone);
     EXPECT_EQ(ran.err,
-              "Too Specific Numeric Entry: You're attempting to enter invalid data ['12.5'].  The cell you're "
+              "line 1: Too Specific Numeric Entry: You're attempting to enter invalid data ['12.5'].  The cell you're "
               "attempting to input or modify only accepts 0 digits to the right of the decimal point.  Your entry or "
               "modification is being rounded.\n");
     EXPECT_EQ(Cell("A", "6", "Col_1"), V("13"));
+}
+
+TEST_F(EnterCommand, EachBoxHasTheLineOfItsCell) {
+    const std::string exclude = "Warning: Modifying A Statistic Belonging To An 'Accumulated Costs' Type Cost Center: ";
+    const Ran ran = Run_Tallmar({"enter", crf}, "A,6,Col_1,1\nB1,6,CC_500,1\nS2,27.01,Col_1,2.5\nA,6,Col_2,3.5\n");
+    EXPECT_EQ(ran.status, kExitDone);
+    // In the order in which they are entered: S-2 first.
+    const std::size_t s2 = ran.err.find("line 3: Entry Error: You're attempting to enter invalid data ['2.5'].");
+    const std::size_t a = ran.err.find("line 4: Too Specific Numeric Entry: You're attempting to enter");
+    const std::size_t b1 = ran.err.find("line 2: " + exclude);
+    EXPECT_EQ(s2, 0U) << ran.err;
+    EXPECT_LT(a, b1) << ran.err;
+    EXPECT_NE(b1, std::string::npos) << ran.err;
+}
+
+TEST_F(EnterCommand, WhatStandsOnB1IsNoModification) {
+    Enter("B1,6,CC_500,0\nB1,7,CC_500,0\n");
+    EXPECT_EQ(Sql("SELECT Count(*) AS V FROM B1X"), V("0"));
+}
+
+TEST_F(EnterCommand, ADroppedReclassificationIsToldAndFailsTheCommand) {
+    EXPECT_EQ(Refuse("A4,1,Explanation,Move\nA4,1,Col_1,A\nA4,1,Col_4,100\nA,6,Col_1,5\n"),
+              "Worksheet A-4: row 1 has no cost center and was dropped.\n");
+    EXPECT_EQ(Cell("A", "6", "Col_1"), V("5")) << "what is not dropped is stored";
+}
+
+TEST_F(EnterCommand, ACodeWithFiguresGoesByTheAnswer) {
+    Enter("S3p3,29,1,1600\nCp2m1600,1,Col_5,120\n");
+    const std::string question =
+        "line 1: Remove Code: The visits and limits of code 1600 on C Part II will be removed.  Do you wish to "
+        "continue?\n";
+    EXPECT_EQ(Refuse("S3p3,29,1,0040\n"), question + question) << "asked, and refused";
+    EXPECT_EQ(Cell("Cp2m1600", "1", "Col_5"), V("120"));
+    const Ran ran = Run_Tallmar({"enter", crf, "--answer", "yes"}, "S3p3,29,1,0040\n");
+    EXPECT_EQ(ran.status, kExitDone);
+    EXPECT_EQ(ran.err, question);
+    EXPECT_EQ(Cell("S3p3", "29", "Col_1"), V("\"0040\""));
+}
+
+TEST_F(EnterCommand, ALineOutOfItsTurnIsRefusedWithTheNextOne) {
+    EXPECT_EQ(Refuse("A5,13.05,Col_2,5\nA6pC,2,Col_2,Parent\n"),
+              "line 1: Unknown Line: The next new line is 13.\nline 2: Unknown Line: The next new line is 1.\n");
+}
+
+TEST_F(EnterCommand, AClosedCellTellsWhatToAnswerFirst) {
+    EXPECT_EQ(Refuse("S2,29.01,Col_1,Office\n"),
+              "line 1: Locked Cell: Worksheet S2, line 29.01, column 1 Name takes no entry: answer line 29 with Y "
+              "first.\n");
+    Enter("S2,29,Col_1,Y\nS2,29.01,Col_1,Office\n");
+    Enter("S2,29,Col_1,N\n");
+    EXPECT_NE(Refuse("S2,29.01,Col_1,Other\n").find("answer line 29 with Y first"), std::string::npos);
+    Enter("S2,29.01,Col_1,\n");
+    EXPECT_EQ(Cell("S2", "29.01", "Col_1"), V("null"));
 }
 
 TEST_F(EnterCommand, ALineThatTheFormCanAddIsMade) {

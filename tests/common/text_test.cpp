@@ -186,6 +186,8 @@ TEST(TextTest, EveryByteOfThePageGoesThereAndBack) {
         EXPECT_TRUE(Is_Valid_Utf8(From_Cp1252(byte))) << i;
         EXPECT_EQ(To_Cp1252(From_Cp1252(byte)), byte) << i;
     }
+    EXPECT_EQ(Outside_Cp1252("Café € ? “Ž”"), "");
+    EXPECT_EQ(Outside_Cp1252("日本 日 Ω?"), "'日', '本', 'Ω'");
     EXPECT_EQ(To_Cp1252("€Žé"), "\x80\x8E\xE9");
     EXPECT_EQ(To_Cp1252("aΩ\xE0"), "a??");
 }

@@ -91,11 +91,28 @@ TEST_F(AnswerTest, CertificationBeginsOnTheFirstOfJuly1966) {
     EXPECT_EQ(Checked(AnswerKind::Certification, "unknown"), "Invalid date");
 }
 
-TEST_F(AnswerTest, QuestionnaireDatesAreNotInTheFuture) {
-    EXPECT_EQ(Checked(AnswerKind::PastDate, "11/15/2016"), "11/15/2016");
-    EXPECT_EQ(Checked(AnswerKind::PastDate, "11/16/2016"), "Enter a valid date.");
-    EXPECT_EQ(Checked(AnswerKind::PastDate, "12/31/1965"), "Enter a valid date.");
-    EXPECT_EQ(Checked(AnswerKind::PastDate, "no date"), "Enter a valid date.");
+TEST_F(AnswerTest, QuestionnaireDatesMayLieInTheFuture) {
+    EXPECT_EQ(Checked(AnswerKind::DateAvailable, "11/15/2016"), "11/15/2016");
+    EXPECT_EQ(Checked(AnswerKind::DateAvailable, "11/16/2016"), "11/16/2016") << "tomorrow";
+    EXPECT_EQ(Checked(AnswerKind::DateAvailable, "12/31/2039"), "12/31/2039");
+    EXPECT_EQ(Checked(AnswerKind::DateAvailable, "1/1/1966"), "01/01/1966");
+    EXPECT_EQ(Checked(AnswerKind::DateAvailable, "12/31/1965"), "Enter a valid date.");
+    EXPECT_EQ(Checked(AnswerKind::DateAvailable, "no date"), "Enter a valid date.");
+}
+
+TEST_F(AnswerTest, EveryEntryOfEveryListIsTaken) {
+    struct List {
+        AnswerKind kind;
+        std::string values;
+    };
+    for (const auto& [kind, values] :
+         {List{AnswerKind::YesNo, "Y N "}, List{AnswerKind::LowNo, "L N "},
+          List{AnswerKind::VoluntaryInvoluntary, "V I "}, List{AnswerKind::Statement, "A C R "},
+          List{AnswerKind::ControlType, "1 2 3 4 5 6 7 8 9 10 11 12 13 "}, List{AnswerKind::SplitOption, "0 1 2 "}}) {
+        std::string taken;
+        for (const PopupEntry& entry : Popup_Of(kind)->entries) taken += Checked(kind, entry.value) + " ";
+        EXPECT_EQ(taken, values);
+    }
 }
 
 TEST_F(AnswerTest, StateAndZip) {

@@ -52,6 +52,18 @@ TEST(EnterCp2, LimitsHaveCentsAndTakeTheirVisitsFromAbove) {
     EXPECT_CELL("Cp2m1600", 8, 4, 98.46);
 }
 
+TEST(EnterCp2, LimitsAreShutWhereTheCalculationClearsThem) {
+    for (const FiscalYear& year : {fy1999, fy2000, fy2016}) {
+        ReportOfArea r(year);
+        for (const char* line : {"8", "9", "10", "11", "12", "13"}) {
+            for (const char* column : {"4", "7", "10"}) {
+                EXPECT_EQ(Enter("Cp2m1600", line, column, "95").stored, year.start < kCostLimitsEnd)
+                    << line << " " << column;
+            }
+        }
+    }
+}
+
 TEST(EnterCp2, CostsRatesAndTotalsAreShut) {
     ReportOfArea r(fy1999);
     for (const char* column : {"4", "8", "9", "11", "Description", "LineNum"}) {

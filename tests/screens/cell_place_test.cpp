@@ -11,7 +11,7 @@ TEST(CellPlaceTest, ACellIsNamedByItsHeadAndItsLineAsTheFormWritesIt) {
     EXPECT_EQ(Cell_Place(a, *a.Find_Column("Col_4"), 23.2_cur),
               "Worksheet A, line 23.20, column 4 Contracted Purchased Services");
     EXPECT_EQ(Cell_Place(a, *a.Find_Column("LineNum"), 5_cur), "Worksheet A, line 5, column Line #");
-    EXPECT_EQ(Head_Text(a, *a.Find_Column("Col_10"), 5_cur), "Col_10") << "the edit form has no head for it";
+    EXPECT_EQ(Head_Text(a, *a.Find_Column("Col_10"), 5_cur), "10") << "the edit form has no head for it";
 }
 
 TEST(CellPlaceTest, AQuestionnairesColumnHasTheLabelOfItsLine) {
@@ -31,7 +31,7 @@ TEST(CellPlaceTest, WithoutLinesThePlaceIsTheWorksheet) {
 TEST(CellPlaceTest, EntryNamesAShutCellByItsHead) {
     Report r(fy2016);
     EXPECT_EQ(Enter("A", "1", "1", "5").text,
-              "Worksheet A, line 1, column 1 Salaries is shaded or computed on the form and takes no entry.");
+              "Worksheet A, line 1, column 1 Salaries takes no entry: it is shaded on the form.");
 }
 
 }  // namespace tallmar

@@ -167,9 +167,9 @@ TEST(EnterA4, ClosingGroupsRowsByCode) {
 
 TEST(EnterA4, ClosingDropsRowsWithoutACostCenterAndEmptySides) {
     Report r(fy2016);
-    EXPECT_EQ(Answer_To("A4", "4", "Explanation", "Forgotten"), kStored);
+    EXPECT_EQ(Answer_To("A4", "1", "Explanation", "Forgotten"), kStored);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A4 WHERE LineNum < 30;"), Value(0));
-    Enter_A4("7", "One side", "A", "6", "75", nullptr);
+    Enter_A4("1", "One side", "A", "6", "75", nullptr);
     EXPECT_CELL("A4", 1, 4, 75_cur);
     EXPECT_CELL("A4", 1, 7, Null);
     EXPECT_EQ(Answer_To("A4", "1", "3", ""), kStored) << "a blank empties the side";
@@ -185,7 +185,6 @@ TEST(EnterA5, AUserLineIsMadeAndTheCostCenterNamed) {
     EXPECT_CELL("A5", 13, 1, "B");
     EXPECT_CELL("A5", 13, 2, -5300_cur);
     EXPECT_CELL("A5", 13, 3, "Administrative & General");
-    EXPECT_EQ(Answer_To("A5", "20.99", "2", "1"), kStored);
     EXPECT_EQ(Title_Of("A5", "12.5", "2", "1"), "Unknown Line");
 }
 
@@ -220,20 +219,36 @@ TEST(EnterA6, PartBHasThreeLinesOfTheUsers) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("A6pB", "1", "1", "1"), kStored);
     EXPECT_CELL("A6pB", 1, 2, "Cap Rel Costs-Bldg & Fixt");
-    EXPECT_EQ(Answer_To("A6pB", "3", "4", "96,000"), kStored);
-    EXPECT_CELL("A6pB", 3, 4, 96000_cur);
-    EXPECT_CELL("A6pB", 3, 5, Null);
-    EXPECT_EQ(Title_Of("A6pB", "4", "4", "1"), kShut);
-    EXPECT_EQ(Title_Of("A6pB", "1", "6", "1"), kShut);
     EXPECT_EQ(Title_Of("A6pB", "2", "1", "77"), "Error: Invalid Entry");
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB WHERE LineNum = 2;"), Value(0)) << "a refused cell makes no row";
+    EXPECT_EQ(Answer_To("A6pB", "2", "4", "96,000"), kStored);
+    EXPECT_EQ(Answer_To("A6pB", "3", "4", "0"), kStored);
+    EXPECT_CELL("A6pB", 2, 4, 96000_cur);
+    EXPECT_CELL("A6pB", 2, 5, Null);
+    EXPECT_EQ(Title_Of("A6pB", "4", "4", "1"), kShut);
+    EXPECT_EQ(Title_Of("A6pB", "1", "6", "1"), kShut);
 }
 
 TEST(EnterA6, FurtherLinesOfPartBStandBehindTheThird) {
     Report r(fy2016);
     EXPECT_EQ(Title_Of("A6pB", "1.5", "4", "1"), "Unknown Line");
-    EXPECT_EQ(Answer_To("A6pB", "3.01", "4", "1"), kStored);
+    for (const char* line : {"1", "2", "3", "3.01", "3.02"}) EXPECT_EQ(Answer_To("A6pB", line, "4", "1"), kStored);
     EXPECT_EQ(Title_Of("A6pB", "3.005", "4", "1"), "Unknown Line");
+    EXPECT_EQ(kEditA6pB.add("A6pB", {}), 3.03_cur);
+}
+
+TEST(EnterA6, TheNumberOfPartBNamesItsCostCenter) {
+    Report r(fy2016);
+    EXPECT_EQ(Answer_To("A6pB", "1", "2", "Office of the parent"), kStored) << "a name without a number";
+    EXPECT_EQ(Answer_To("A6pB", "1", "1", ""), kStored);
+    EXPECT_CELL("A6pB", 1, 2, "Office of the parent");
+    EXPECT_EQ(Answer_To("A6pB", "1", "1", "6"), kStored);
+    EXPECT_CELL("A6pB", 1, 2, "Skilled Nursing Care");
+    EXPECT_EQ(Title_Of("A6pB", "1", "2", "Other name"), kShut);
+    EXPECT_EQ(Title_Of("A6pB", "1", "2", ""), kShut);
+    EXPECT_EQ(Answer_To("A6pB", "1", "1", ""), kStored);
+    EXPECT_CELL("A6pB", 1, 1, Null);
+    EXPECT_CELL("A6pB", 1, 2, Null);
 }
 
 TEST(EnterA6, PartCChecksSymbolsAndPercentages) {
@@ -264,6 +279,8 @@ TEST(EnterS3, PartOneShutsShadedCellsAndTheTotal) {
     EXPECT_EQ(Answer_To("S3p1", "0", "Description", "Cook"), kStored);
     EXPECT_CELL("S3p1", 0, "Description", "Cook");
     EXPECT_EQ(Title_Of("S3p1", "0", "1", "1"), kShut);
+    EXPECT_EQ(Title_Of("S3p1", "10.01", "2", "1"), kShut) << "the calculation would clear it";
+    EXPECT_EQ(Title_Of("S3p1", "10.02", "4", "1"), kShut);
     EXPECT_EQ(Title_Of("S3p1", "1", "Description", "x"), kShut);
     EXPECT_EQ(Title_Of("S3p1", "7", "1", "1"), kShut);
     EXPECT_EQ(Title_Of("S3p1", "8", "1", "1"), kShut);
@@ -307,7 +324,7 @@ TEST(EnterS3, EachCodeHasItsWorksheetOfCPartTwo) {
     EXPECT_CELL("Cp4", 23.01, "MSA_Code", "0040");
     EXPECT_CELL("Cp4", 23.02, "MSA_Code", "16580");
 
-    EXPECT_EQ(Title_Of("S3p3", "29", "1", "x"), "Invalid Non-Numeric Entry");
+    EXPECT_EQ(Title_Of("S3p3", "29", "1", "4-1"), "Invalid Non-Numeric Entry");
     EXPECT_TRUE(TableExists("Cp2m0040", true));
     EXPECT_EQ(Answer_To("S3p3", "29", "1", "41"), kStored);
     EXPECT_FALSE(TableExists("Cp2m0040", true));

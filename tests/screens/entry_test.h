@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "screens/cell_entry.h"
+#include "screens/cell_batch.h"
 #include "support/report_fixture.h"
 
 namespace tallmar {

@@ -50,6 +50,61 @@ TEST(FormsTest, EveryDescribedColumnIsInItsTable) {
     }
 }
 
+// The columns of each form, in the order of its table.
+TEST(FormsTest, EachFormShowsItsColumns) {
+    struct Shown {
+        const FormDescription& form;
+        const char* columns;
+    };
+    const std::string amounts = "LineNum CCName Col_1 Col_2 Col_3 Col_4 Col_5 Col_6 Col_7 Col_8 Col_9";
+    const char* compensation = amounts.c_str();
+    const Shown forms[] = {
+        {kEditA, "LineNum CCGroup CCName Col_1 Col_2 Col_3 Col_4 Col_5"},
+        {kViewA, "LineNum CCGroup CCName Col_1 Col_2 Col_3 Col_4 Col_5 Col_6 Col_7 Col_8 Col_9 Col_10"},
+        {kEditA1, compensation},
+        {kViewA2, compensation},
+        {kEditA3, compensation},
+        {kEditA4, "LineNum Explanation Col_1 Col_2 Col_3 Col_4 Col_5 Col_6 Col_7"},
+        {kEditA5, "LineNum Description Col_1 Col_2 Col_3 Col_4"},
+        {kEditA6pA, "Question Answer"},
+        {kEditA6pB, "LineNum Col_1 Col_2 Col_3 Col_4 Col_5 Col_6"},
+        {kEditA6pC, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_6"},
+        {kEditA7, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_6"},
+        {kEditA83p1, "LineNum LineLabel Col_1 Col_2 Col_3 Col_4"},
+        {kViewA83p2, "LineNum LineLabel Col_1"},
+        {kViewA83p3, "LineNum LineLabel Col_1"},
+        {kEditA83p4, "LineNum LineLabel Col_1 Col_2 Col_3 Col_4"},
+        {kEditA83p5, "LineNum LineLabel Col_1"},
+        {kEditB1, "LineNum CCName"},
+        {kViewB, "LineNum CCName NetExpenses SubTotal Total"},
+        {kViewCp1, "LineNum Description Col_1 Col_2 Col_3 Col_4"},
+        {kEditCp2, "LineNum Description Col_4 Col_5 Col_6 Col_7 Col_8 Col_9 Col_10 Col_11"},
+        {kEditCp3, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_6 Col_601 Col_7 Col_8 Col_9 Col_901 Col_10"},
+        {kEditCp4, "LineNum Description MSA_Code Col_1 Col_2 Col_3 Col_4 Col_5 Col_6"},
+        {kEditCp5, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_501 Col_502 Col_6 Col_7 Col_8"},
+        {kEditDp1, "LineNum Description Col_1 Col_2 Col_3"},
+        {kEditDp2, "LineNum Description Col_1 Col_2"},
+        {kEditD1, "LineNum Description Col_1 Col_2 Col_3 Col_4"},
+        {kEditF, "LineNum Description Col_1 Col_2 Col_3 Col_4"},
+        {kEditF1, "LineNum Description Col_1 Col_2"},
+        {kEditF2, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_6 Col_7 Col_8"},
+        {kEditS2, "LineNum LineLabel Col_1 Col_2 Col_3"},
+        {kEditS21, "LineNum LineLabel Col_1 Col_2 Col_3"},
+        {kEditS3p1, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_6"},
+        {kEditS3p2, "LineNum Description Col_1 Col_2 Col_3"},
+        {kEditS3p3, "LineNum Description Col_1 Col_2"},
+        {kEditS3p4, "LineNum Description Col_1 Col_2 Col_3 Col_4 Col_5 Col_6 Col_7"},
+        {kViewSp2, "LineNum Description Col_1 Col_2"},
+    };
+    for (const auto& [form, columns] : forms) {
+        std::string described;
+        for (const FormColumn& column : form.columns) {
+            described += (described.empty() ? "" : " ") + std::string(column.field);
+        }
+        EXPECT_EQ(described, columns) << form.name;
+    }
+}
+
 TEST(FormsTest, EveryWorksheetCanBeViewedAndTheComputedOnesNotEdited) {
     Report r(fy1999);
     std::string viewedOnly;
@@ -86,8 +141,10 @@ TEST(FormsTest, AViewTakesNothing) {
 
 TEST(FormsTest, AddAndDeleteKeepTheFormsNumbers) {
     Report r(fy2016);
-    EXPECT_EQ(kEditA6pB.add("A6pB", {}), 1_cur);
-    EXPECT_EQ(kEditA6pB.add("A6pB", 1_cur), 2_cur);
+    for (const Currency line : {1_cur, 2_cur, 3_cur, 3.01_cur, 3.02_cur}) {
+        EXPECT_EQ(kEditA6pB.add("A6pB", {}), line);
+    }
+    for (const Currency line : {3.02_cur, 3.01_cur, 3_cur}) kEditA6pB.remove("A6pB", line);
     kEditA6pB.remove("A6pB", 4_cur);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB;"), Value(3)) << "the totals stay";
     kEditA6pB.remove("A6pB", 2_cur);
@@ -150,8 +207,8 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
         {"Cp2c16580", "1", "6", "80"},
         {"D1", "3.02", "2", "500"},
         {"D1", "3.03", "2", "600"},
-        {"F1", "6.5", "Description", "Uniforms"},
-        {"F1", "6.5", "1", "70"},
+        {"F1", "6.01", "Description", "Uniforms"},
+        {"F1", "6.01", "1", "70"},
         {"F2", "5", "1", "30"},
         {"A", "99", "1", "1"},
     };
@@ -182,7 +239,7 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
         EXPECT_EQ(r.Read("SELECT Amount FROM B1X WHERE RowCCNum = 6 AND ColCCNum = 'CC_501';"), Value(-1.0));
         EXPECT_CELL("Cp2c16580", 1, 5, 120.0);
         EXPECT_CELL("D1", 3.03, 2, 600_cur);
-        EXPECT_CELL("F1", 6.5, "Description", "Uniforms");
+        EXPECT_CELL("F1", 6.01, "Description", "Uniforms");
         EXPECT_CELL("F2", 5, 1, 30_cur);
         std::ranges::shuffle(order, random);
     }

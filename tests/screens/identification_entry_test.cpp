@@ -61,6 +61,9 @@ TEST(EnterS2, TheHomeOfficeIsAskedForInAChainOnly) {
     EXPECT_EQ(Answer_To("S2", "29.02", "3", "Suite 4"), kStored);
     EXPECT_EQ(Answer_To("S2", "29.03", "2", "Illinois"), "Entry Error: Please only use the two character state code.");
     EXPECT_EQ(Answer_To("S2", "29", "1", "N"), kStored);
+    EXPECT_EQ(Answer_To("S2", "29.01", "1", "Other Office"),
+              "Locked Cell: Worksheet S2, line 29.01, column 1 Name takes no entry: answer line 29 with Y first.");
+    EXPECT_CELL("S2", 29.01, 1, "Head Office");
     EXPECT_EQ(Answer_To("S2", "29.01", "1", ""), kStored) << "what is there can be cleared";
     EXPECT_CELL("S2", 29.01, 1, Null);
     EXPECT_EQ(Title_Of("S2", "29.01", "1", "Head Office"), kShut);
@@ -78,6 +81,29 @@ TEST(EnterS2, TheOptionExchangesLineFive) {
     EXPECT_EQ(AGOption, 0);
     EXPECT_CELL("A", 5, "CCName", "Administrative & General");
     EXPECT_EQ(Answer_To("S2", "26", "1", "3"), "Entry Error: Valid types of controls are zero(0), one(1) or two(2).");
+}
+
+TEST(EnterS2, OptionTwoTakesTheSplitLineToo) {
+    Report r(fy2016);
+    EXPECT_EQ(Answer_To("S2", "26", "1", "2"), kStored);
+    EXPECT_EQ(AGOption, 2);
+    EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
+    EXPECT_EQ(r.Read("SELECT Count(*) FROM CostCenters WHERE LineNum = 5;"), Value(0));
+    EXPECT_EQ(Answer_To("S2", "26", "1", "1"), kStored);
+    EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
+    EXPECT_EQ(Answer_To("S2", "26", "1", "0"), kStored);
+    EXPECT_CELL("A", 5, "CCName", "Administrative & General");
+}
+
+TEST(EnterS2, OptionZeroGoesBackWhereTheSplitLineStandsAlone) {
+    Report r(fy2016);
+    EXPECT_EQ(Answer_To("S2", "26", "1", "1"), kStored);
+    r.Execute(
+        "INSERT INTO CostCenters (LineNum, CCNum, CCName, CCType, LineType) VALUES (5.02, 5.02, 'A & G Reimbursable', "
+        "'G', 'U');");
+    EXPECT_EQ(Answer_To("S2", "26", "1", "0"), kStored);
+    EXPECT_EQ(AGOption, 0);
+    EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
 }
 
 TEST(EnterS2, FormsKeptOpenKeepTheOption) {
@@ -102,6 +128,7 @@ TEST(EnterS21, AnswersCountByTheirLetter) {
     EXPECT_EQ(Answer_To("S21", "1", "2", "9/30/2016"), kStored);
     EXPECT_CELL("S21", 1, 2, "09/30/2016");
     EXPECT_EQ(Answer_To("S21", "1", "2", "13/1/2016"), "Entry Error: Enter a valid date.");
+    EXPECT_EQ(Answer_To("S21", "4", "3", "12/31/2039"), kStored) << "a statement that is still to come";
     EXPECT_EQ(Answer_To("S21", "2", "3", "x"), "Entry Error: Please enter V or I.");
     EXPECT_EQ(Answer_To("S21", "4", "2", "audited"), kStored);
     EXPECT_CELL("S21", 4, 2, "A");
@@ -122,7 +149,15 @@ TEST(EnterS21, FollowUpsOpenWithTheirLead) {
     EXPECT_EQ(Answer_To("S21", "10", "1", "Y"), kStored);
     EXPECT_EQ(Answer_To("S21", "11", "1", "Y"), kStored);
     EXPECT_EQ(Answer_To("S21", "6", "1", "N"), kStored);
+    EXPECT_EQ(Answer_To("S21", "7", "1", "N"),
+              "Locked Cell: Worksheet S21, line 7, column 1 Answer takes no entry: answer line 6 with Y first.");
+    EXPECT_CELL("S21", 7, 1, "Y");
     EXPECT_EQ(Answer_To("S21", "7", "1", ""), kStored) << "what is there can be cleared";
+    EXPECT_EQ(Title_Of("S21", "7", "1", ""), kShut) << "and is closed then";
+    EXPECT_EQ(Answer_To("S21", "10", "1", "N"), kStored);
+    EXPECT_EQ(Answer_To("S21", "11", "1", "N"),
+              "Locked Cell: Worksheet S21, line 11, column 1 Answer takes no entry: answer line 9 or 10 with Y first.");
+    EXPECT_EQ(Answer_To("S21", "11", "1", ""), kStored);
 }
 
 TEST(EnterS21, LineThirteenIsDescribedByTheUser) {

@@ -41,6 +41,7 @@ TEST(Clipboard, QuotedCells) {
     EXPECT_EQ(Parse_Clipboard("\"two\r\nlines\"\t\"a \"\"b\"\"\"\n9"),
               (ClipboardRows{{"two\r\nlines", "a \"b\""}, {"9"}}));
     EXPECT_EQ(Parse_Clipboard("\"\"\tx"), (ClipboardRows{{"", "x"}}));
+    EXPECT_EQ(Parse_Clipboard("\"a\"\""), ClipboardRows{{"\"a\"\""}}) << "the quote is never closed";
     EXPECT_EQ(Parse_Clipboard("5\" pipe\t\"Kim\" Co"), (ClipboardRows{{"5\" pipe", "\"Kim\" Co"}}));
     EXPECT_EQ(Parse_Clipboard("\"open\t1\n2"), (ClipboardRows{{"\"open", "1"}, {"2"}}));
 }
@@ -86,9 +87,9 @@ TEST(Paste, TellsOfEachRefusedCellAndShowsNoBox) {
     EXPECT_EQ(outcome.cells, 4U);
     const std::vector<std::string> told = Told(form, outcome);
     EXPECT_EQ(told, (std::vector<std::string>{
-                        "E Line 2, column 1 Salaries, '7': shaded or computed on the form.",
-                        "E Line 2, column 2 Employee Benefits, 'x': shaded or computed on the form.",
-                        "E Line 2, column 4 Contracted Purchased Services, '1': shaded or computed on the form.",
+                        "E Line 2, column 1 Salaries, '7': it is shaded on the form.",
+                        "E Line 2, column 2 Employee Benefits, 'x': it is shaded on the form.",
+                        "E Line 2, column 4 Contracted Purchased Services, '1': it is shaded on the form.",
                         "E Line 2, '9': There is no column here.",
                         "W 1 amount was rounded: 12.50 before, 13.00 after.",
                     }));

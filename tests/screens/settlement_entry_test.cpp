@@ -38,11 +38,11 @@ TEST(EnterDp1, TakesWhatTheFormAsksFor) {
 TEST(EnterDp2, TakesWhatTheFormAsksFor) {
     Report r(fy2016);
     for (const Currency line :
-         {12_cur, 14_cur, 15_cur, 16_cur, 18_cur, 21_cur, 25_cur, 27_cur, 28_cur, 29_cur, 31_cur}) {
+         {12_cur, 14_cur, 15_cur, 16_cur, 18_cur, 21_cur, 25_cur, 27_cur, 28_cur, 28.5_cur, 29_cur, 31_cur}) {
         EXPECT_EQ(Open_Columns(kEditDp2, "Dp2", line), "not shown") << line.To_Text();
     }
     for (const Currency line : {13_cur, 17_cur, 20_cur}) EXPECT_EQ(Open_Columns(kEditDp2, "Dp2", line), "2");
-    for (const Currency line : {12.01_cur, 12.14_cur, 19_cur, 22_cur, 23_cur, 24_cur, 26_cur, 28.5_cur, 30_cur}) {
+    for (const Currency line : {12.01_cur, 12.14_cur, 19_cur, 22_cur, 23_cur, 24_cur, 26_cur, 30_cur}) {
         EXPECT_EQ(Open_Columns(kEditDp2, "Dp2", line), "12") << line.To_Text();
     }
     EXPECT_EQ(Open_Columns(kEditDp2, "Dp2", 25.5_cur), "D12");
@@ -90,9 +90,11 @@ TEST(EnterD1, DatesAreChecked) {
 TEST(EnterD1, LumpSumsAreMadeWhenMissingAndCount) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("D1", "1", "2", "1000"), kStored);
-    EXPECT_EQ(Answer_To("D1", "3.49", "2", "300"), kStored);
-    EXPECT_EQ(Answer_To("D1", "3.98", "4", "50"), kStored);
-    EXPECT_CELL("D1", 3.49, 4, 0_cur);
+    EXPECT_EQ(Answer_To("D1", "3.02", "2", "300"), kStored);
+    EXPECT_EQ(Answer_To("D1", "3.51", "4", "50"), kStored);
+    EXPECT_CELL("D1", 3.02, 4, 0_cur);
+    EXPECT_CELL("D1", 3.02, "Description", "Program to Provider lump sum adjustment");
+    EXPECT_CELL("D1", 3.51, "Description", "Provider to Program lump sum adjustment");
     r.Calc("D1");
     EXPECT_CELL("D1", 4, 2, 1300_cur);
     EXPECT_CELL("D1", 4, 4, -50_cur);
@@ -104,6 +106,7 @@ TEST(EnterD1, LumpSumsAreMadeWhenMissingAndCount) {
 TEST(EnterD1, AddAndDeleteKeepTheFormsLines) {
     Report r(fy2016);
     EXPECT_EQ(kEditD1.add("D1", {}), 3.02_cur);
+    EXPECT_CELL("D1", 3.02, "Description", "Program to Provider lump sum adjustment");
     EXPECT_EQ(kEditD1.add("D1", 3.01_cur), 3.03_cur);
     EXPECT_EQ(kEditD1.add("D1", 3.5_cur), 3.51_cur);
     EXPECT_CELL("D1", 3.51, 2, 0_cur);

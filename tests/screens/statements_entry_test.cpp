@@ -65,7 +65,7 @@ TEST(EnterF1, OnlyTheUsersLinesTakeADescription) {
 
 TEST(EnterF1, ASublineIsMadeAndCounts) {
     Report r(fy2016);
-    EXPECT_EQ(Answer_To("F1", "6.5", "1", "70"), kStored);
+    EXPECT_EQ(Answer_To("F1", "6.01", "1", "70"), kStored);
     EXPECT_EQ(Answer_To("F1", "12.01", "1", "20"), kStored);
     r.Calc("F1");
     EXPECT_CELL("F1", 17, 2, 50_cur);
@@ -93,7 +93,7 @@ TEST(EnterF2, DetailIsOddAndTheBeginningEven) {
         const std::string field = std::to_string(column);
         const bool odd = column % 2 == 1;
         EXPECT_EQ(Enter("F2", "1", field, "9").stored, !odd) << field;
-        for (const char* line : {"4", "5", "8", "11", "12", "15"}) {
+        for (const char* line : {"4", "5", "6", "11", "12", "13"}) {
             EXPECT_EQ(Enter("F2", line, field, "9").stored, odd) << line << " " << field;
         }
         for (const char* line : {"2", "3", "9", "10", "16", "17"}) EXPECT_EQ(Title_Of("F2", line, field, "9"), kShut);
@@ -139,17 +139,19 @@ TEST(EnterA83, PartOneTakesWhatIsNotComputed) {
     EXPECT_CELL("A83p1O", 8, 4, 0.0);
 }
 
-TEST(EnterA83, RatesAndHoursHaveTwoDecimalsAndCountsNone) {
+TEST(EnterA83, RatesHoursAndMilesHaveTwoDecimalsAndCountsNone) {
     Report r(fy1999);
-    EXPECT_EQ(Answer_To("A83p1S", "6", "1", "0.31"), kStored);
-    EXPECT_EQ(Answer_To("A83p1S", "10", "2", "7.25"), kStored);
-    for (const char* line : {"1", "3", "4", "11"}) {
+    for (const char* line : {"5", "6", "7", "8", "10", "11"}) {
+        EXPECT_EQ(Answer_To("A83p1S", line, "1", "7.25"), kStored) << line;
+        EXPECT_CELL("A83p1S", Currency::From_Text(line).value(), 1, 7.25);
+    }
+    for (const char* line : {"1", "3", "4"}) {
         r.platform.Expect_Box_Starting("Too Specific Numeric Entry",
                                        "You're attempting to enter invalid data ['7.25'].");
         EXPECT_EQ(Answer_To("A83p1S", line, "1", "7.25"), kStored);
     }
-    EXPECT_CELL("A83p1S", 11, 1, 7.0);
-    EXPECT_EQ(Title_Of("A83p1S", "8", "1", "--"), "Invalid Non-Numeric Entry");
+    EXPECT_CELL("A83p1S", 4, 1, 7.0);
+    EXPECT_EQ(Title_Of("A83p1S", "8", "1", "eight"), "Invalid Non-Numeric Entry");
 }
 
 TEST(EnterA83, OvertimeIsTypedThoughItsCellsAreEmpty) {

@@ -57,6 +57,18 @@ TEST(EnterB1, AccumulatedCostTakesAnExclusion) {
     EXPECT_EQ(Override(r, "CC_500"), Value(-1.0));
 }
 
+TEST(EnterB1, WhatStandsIsNoModification) {
+    Report r(fy2016);
+    EXPECT_EQ(Answer_To("B1", "6", "CC_500", "0"), kStored);
+    EXPECT_EQ(Answer_To("B1", "6", "CC_500", ""), kStored) << "a blank is 0";
+    EXPECT_EQ(Override(r, "CC_500"), Null);
+    r.Execute("INSERT INTO StatLinks (FromCCNum, ToCCNum) VALUES (1, 3);");
+    r.Execute("INSERT INTO B1X (RowCCNum, ColCCNum, Amount) VALUES (6, 'CC_300', 40);");
+    r.Cell("B1", 6, "CC_300", 40.0);
+    EXPECT_EQ(Answer_To("B1", "6", "CC_300", "40"), kStored);
+    EXPECT_EQ(Override(r, "CC_300"), Value(40.0));
+}
+
 TEST(EnterB1, ACancelledExclusionIsARefusalThatWasShown) {
     Report r(fy2016);
     r.platform.Expect_Box_Starting(kAccumulated, "The statistic you just modified", Answer::Cancel);

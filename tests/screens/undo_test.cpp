@@ -244,6 +244,7 @@ TEST(Undo, ACodeComesBackWithWhatWasKeyedForIt) {
     ASSERT_EQ(Key(form, line, "1", "1600"), kStored);
     ASSERT_EQ(Enter("Cp2m1600", "1", "5", "44").title, "");
     EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
+    r.platform.Expect_Box_Starting("Remove Code", "The visits and limits of code 1600", Answer::Yes);
     form.Remove_Row(line);
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
     form.Undo();
@@ -251,6 +252,7 @@ TEST(Undo, ACodeComesBackWithWhatWasKeyedForIt) {
     EXPECT_CELL("S3p3", line, 1, "1600");
     EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
     EXPECT_EQ(gblMSACodes, std::vector<std::string>{"1600"});
+    r.platform.Expect_Box_Starting("Remove Code", "The visits and limits of code 1600", Answer::Yes);
     form.Undo();
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
 }

@@ -193,17 +193,16 @@ void EditGrid::Delete_Row() {
     const int row = currentIndex().row();
     const Currency line = Model().Line(row);
     const int before = Model().rowCount();
-    bool failed = false;
+    bool removed = false;
     try {
         const Busy busy(*this);
-        form.Remove_Row(line);
+        removed = form.Remove_Row(line);
     } catch (const DbError& error) {
-        failed = true;
         Show_Error(error);
     }
     Read_Again();
     setFocus();
-    if (failed) return;
+    if (!removed) return;
     const QString number = Qt_Text(Line_Text(line));
     if (Model().rowCount() == before) return emit Told(tr("Line %1 is the form's own and stays.").arg(number));
     emit Entered();

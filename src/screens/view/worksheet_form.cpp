@@ -23,6 +23,7 @@ namespace tallmar {
 namespace {
 
 constexpr std::string_view kWidthsSection = "Columns";
+constexpr std::string_view kDroppedTitle = "Rows Not Stored";
 constexpr int kRowsAtLeast = 4;
 
 }  // namespace
@@ -171,10 +172,17 @@ void WorksheetForm::Save_Widths() {
                                 Widths_Text(grd_->Chosen_Widths()));
 }
 
+void WorksheetForm::Tell_Dropped(const std::vector<std::string>& dropped) {
+    if (dropped.empty()) return;
+    std::string text;
+    for (const std::string& row : dropped) text += (text.empty() ? "" : "\n") + row;
+    The_Platform().Message_Box(text, kExclamation, kDroppedTitle);
+}
+
 void WorksheetForm::closeEvent(QCloseEvent* event) {
     if (!Commit_Grid()) return event->ignore();
     Save_Widths();
-    form_->Close();
+    Tell_Dropped(form_->Close());
     event->accept();
 }
 

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "screens/dispatch.h"
 #include "screens/view/grid_model.h"
@@ -86,6 +87,7 @@ class WorksheetForm : public QWidget {
     void Add_Text_Above(const TextAbove& text);
     void Load_Widths();
     void Save_Widths();
+    void Tell_Dropped(const std::vector<std::string>& dropped);
 
     FormMode mode_;
     std::unique_ptr<OpenForm> form_;

@@ -4,6 +4,7 @@
 
 #include "common/csv.h"
 #include "report/open_report.h"
+#include "screens/cell_batch.h"
 #include "screens/edit/edit_test.h"
 
 namespace tallmar {

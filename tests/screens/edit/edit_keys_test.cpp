@@ -195,7 +195,7 @@ TEST(EditKeys, ALockedCellTellsWhyAndOpensNoEditor) {
     a.Press(Qt::Key_Delete);
     ASSERT_EQ(a.told.size(), 3U);
     for (const std::string& told : a.told) {
-        EXPECT_EQ(told, "Worksheet A, line 1, column 1 Salaries is shaded or computed on the form and takes no entry.");
+        EXPECT_EQ(told, "Worksheet A, line 1, column 1 Salaries takes no entry: it is shaded on the form.");
     }
     a.At(6, 1);
     EXPECT_CELL("A", 1, 1, Null);

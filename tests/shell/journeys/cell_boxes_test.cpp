@@ -124,7 +124,7 @@ const std::vector<CellBox>& Boxes() {
         {"YesOrNo", fy2016, "S2", 14, 1, "Q", "Entry Error", "Please enter Y or N."},
         {"SplitOption", fy2016, "S2", 26, 1, "3", "Entry Error",
          "Valid types of controls are zero(0), one(1) or two(2)."},
-        {"PastDate", fy2016, "S21", 1, 2, "12/31/2099", "Entry Error", "Enter a valid date."},
+        {"DateAvailable", fy2016, "S21", 1, 2, "12/31/1965", "Entry Error", "Enter a valid date."},
         {"Voluntary", fy2016, "S21", 2, 3, "Q", "Entry Error", "Please enter V or I."},
         {"Statement", fy2016, "S21", 4, 2, "Q", "Entry Error", "Please enter A, C or R."},
     };

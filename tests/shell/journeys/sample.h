@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "screens/cell_entry.h"
+#include "screens/cell_batch.h"
 #include "support/report_fixture.h"
 
 namespace tallmar {
