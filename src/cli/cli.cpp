@@ -2,9 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <map>
 #include <new>
-#include <sstream>
+#include <utility>
 
 #include "catalogue.h"
 #include "cli/commands.h"
@@ -14,8 +15,9 @@ namespace tallmar {
 
 namespace {
 
-const std::map<std::string, Answer> kAnswers{
-    {"yes", Answer::Yes}, {"no", Answer::No}, {"ok", Answer::Ok}, {"cancel", Answer::Cancel}};
+constexpr std::array<std::pair<std::string_view, Answer>, 4> kAnswers{
+    {{"yes", Answer::Yes}, {"no", Answer::No}, {"ok", Answer::Ok}, {"cancel", Answer::Cancel}}};
+constexpr std::string_view kProgramOptions[] = {"-h", "--help", "--version"};
 
 void Add_Argument(CLI::App& command, const ArgumentSpec& spec, CommandArguments& arguments) {
     const std::string name(spec.name);
@@ -26,10 +28,16 @@ void Add_Argument(CLI::App& command, const ArgumentSpec& spec, CommandArguments&
     if (spec.required) option->required();
 }
 
-// A first word that names no command. Options of the program itself are looked at by the parser.
-bool Is_Unknown_Command(const std::vector<std::string>& args) {
-    return !args.empty() && !args[0].starts_with('-') &&
-           std::ranges::none_of(All_Commands(), [&](const Command& row) { return row.name == args[0]; });
+// What is wrong with the first word, which is a command or an option of the program itself; empty where it is neither
+// missing nor unknown.
+std::string Trouble_Of_First_Word(const std::vector<std::string>& args) {
+    if (args.empty()) return "A command is missing.";
+    const std::string& word = args[0];
+    if (word.starts_with('-')) {
+        return std::ranges::count(kProgramOptions, word) > 0 ? "" : "There is no option " + word + ".";
+    }
+    const bool known = std::ranges::any_of(All_Commands(), [&](const Command& row) { return row.name == word; });
+    return known ? "" : "There is no command " + word + ".";
 }
 
 // As the parser wants it: the trouble, or nothing.
@@ -49,12 +57,11 @@ class Installed {
     Platform* before_;
 };
 
-}  // namespace
-
-int Run_Command_Line(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
-                     ConsoleOptions options) {
-    if (Is_Unknown_Command(args)) {
-        err << "There is no command " << args[0] << ".\nRun with --help for more information.\n";
+int Run(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
+        ConsoleOptions options) {
+    Results results(out);
+    if (const std::string trouble = Trouble_Of_First_Word(args); !trouble.empty()) {
+        err << One_Line(trouble) << "\nRun with --help for more information.\n";
         return kExitUsage;
     }
     CLI::App app{"Tallmar 1728: the annual Medicare cost report of a home health agency", "tallmar"};
@@ -74,26 +81,36 @@ int Run_Command_Line(const std::vector<std::string>& args, std::istream& in, std
     try {
         app.parse(std::vector<std::string>(args.rbegin(), args.rend()));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, out, err) == 0 ? kExitDone : kExitUsage;
+        if (app.exit(error, results, err) != 0) return kExitUsage;
+        results.Write_Out();
+        return kExitDone;
     }
-    if (const auto found = kAnswers.find(answer); found != kAnswers.end()) options.answer = found->second;
+    for (const auto& [word, value] : kAnswers) {
+        if (word == answer) options.answer = value;
+    }
 
-    // Results are told when the job is done: one that fails half-way tells none.
-    std::ostringstream results;
     ConsolePlatform platform(results, err, std::move(options));
     const Installed installed(platform);
     CommandContext context{arguments, in, results, err, platform};
+    const int status = commands.at(app.get_subcommands().front())->run(context);
+    results.Write_Out();
+    return status;
+}
+
+}  // namespace
+
+int Run_Command_Line(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
+                     ConsoleOptions options) {
     try {
-        const int status = commands.at(app.get_subcommands().front())->run(context);
-        out << results.view() << std::flush;
-        if (out) return status;
-        err << "The results could not be written to standard output.\n";
-    } catch (const std::bad_alloc&) {
-        err << "Out of memory\n";
+        return Run(args, in, out, err, std::move(options));
     } catch (const DbError& error) {
         err << "Error " << error.Number() << ": " << One_Line(error.Description()) << '\n';
+    } catch (const ResultsNotWritten& error) {
+        err << error.what() << '\n';
+    } catch (const std::bad_alloc&) {
+        err << "Error: There is not enough memory.\n";
     } catch (const std::exception& error) {
-        err << "Error: " << error.what() << '\n';
+        err << "Error: " << One_Line(error.what()) << '\n';
     }
     return kExitFailed;
 }

@@ -1,4 +1,5 @@
 #include "calc/driver.h"
+#include "cli/change_report.h"
 #include "cli/commands.h"
 #include "cli/open_for_command.h"
 
@@ -6,10 +7,10 @@ namespace tallmar {
 
 int Run_Calc(CommandContext& context) {
     const OpenedReport report(context.arguments.file, OpenedReport::Use::Changing);
-    if (!report) return 1;
+    if (!report) return kExitFailed;
     context.platform.Print_Messages_As_Json(true);
-    Calc_All();
-    return 0;
+    Change_Report(context, Calc_All);
+    return kExitDone;
 }
 
 }  // namespace tallmar

@@ -3,11 +3,11 @@
 #include <istream>
 #include <map>
 
-#include "cli/commands.h"
+#include "cli/change_report.h"
 #include "cli/open_for_command.h"
+#include "cli/refusals.h"
 #include "common/csv.h"
 #include "common/text.h"
-#include "report/backup.h"
 #include "report/open_report.h"
 #include "screens/cell_batch.h"
 
@@ -16,9 +16,6 @@ namespace tallmar {
 namespace {
 
 constexpr std::size_t kFields = 4;  // Item, LineNum, Column, Value
-
-// Refused lines with the reason; an entry of the list below has its own line.
-using Refusals = std::multimap<long, std::string>;
 
 struct CellList {
     std::vector<CellText> cells;
@@ -30,18 +27,28 @@ bool Is_Head(const CsvRecord& record) {
            Same_Text(record.fields[2], "Column") && Same_Text(record.fields[3], "Value");
 }
 
+// Worksheets are named as tables are, without regard to case: the name as the report spells it, or as given.
+std::string Spelled(std::string_view item) {
+    const TableDefs tables = db.TableDefs();
+    return tables.Has(item) ? tables.Item(item).Name() : std::string(item);
+}
+
 CellList Read_Cells(std::istream& in, Refusals& refusals) {
     CellList list;
     CsvReader reader(in);
+    std::map<std::string, std::string, std::less<>> items;  // as given, and as the report spells them
     for (bool first = true; auto record = reader.Next(); first = false) {
         if (!record->trouble.empty()) {
-            refusals.emplace(record->line, record->trouble);
+            refusals.Add(record->line, record->trouble);
         } else if (record->fields.size() != kFields) {
-            refusals.emplace(record->line, "A cell is Item,LineNum,Column,Value.");
+            refusals.Add(record->line, "A cell is Item,LineNum,Column,Value.");
         } else if (!first || !Is_Head(*record)) {
             auto& fields = record->fields;
-            list.cells.push_back({std::string(Trim(fields[0])), std::string(Trim(fields[1])),
-                                  std::string(Trim(fields[2])), std::move(fields[3])});
+            const std::string_view given = Trim(fields[0]);
+            auto item = items.find(given);
+            if (item == items.end()) item = items.emplace(given, Spelled(given)).first;
+            list.cells.push_back(
+                {item->second, std::string(Trim(fields[1])), std::string(Trim(fields[2])), std::move(fields[3])});
             list.lines.push_back(record->line);
         }
     }
@@ -54,17 +61,10 @@ void Enter(const CellList& list, CommandContext& context, Refusals& refusals, st
         .cell = [&](std::size_t at) { context.platform.Name_Boxes("line " + std::to_string(list.lines[at]) + ": "); },
         .dropped = [&](std::string_view text) { dropped.emplace_back(text); },
     };
-    Job job(db);
-    try {
-        const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells, listener);
-        context.platform.Name_Boxes("");
-        for (std::size_t i = 0; i < outcomes.size(); ++i) {
-            if (!outcomes[i].stored) refusals.emplace(list.lines[i], outcomes[i].title + ": " + outcomes[i].text);
-        }
-        job.Commit();
-    } catch (...) {
-        job.Roll_Back();
-        throw;
+    const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells, listener);
+    context.platform.Name_Boxes("");
+    for (std::size_t i = 0; i < outcomes.size(); ++i) {
+        if (!outcomes[i].stored) refusals.Add(list.lines[i], outcomes[i].title + ": " + outcomes[i].text);
     }
 }
 
@@ -72,7 +72,7 @@ void Enter(const CellList& list, CommandContext& context, Refusals& refusals, st
 
 int Run_Enter(CommandContext& context) {
     const OpenedReport report(context.arguments.file, OpenedReport::Use::Changing);
-    if (!report) return 1;
+    if (!report) return kExitFailed;
 
     std::ifstream file;
     const std::string& path = context.arguments.cells;
@@ -82,7 +82,7 @@ int Run_Enter(CommandContext& context) {
         // A folder opens but does not read.
         if (!file || (file.peek() == std::ifstream::traits_type::eof() && !file.eof())) {
             context.err << path << " cannot be read.\n";
-            return 1;
+            return kExitFailed;
         }
     }
     std::istream& in = fromFile ? file : context.in;
@@ -91,15 +91,14 @@ int Run_Enter(CommandContext& context) {
     const CellList list = Read_Cells(in, refusals);
     if (in.bad()) {
         context.err << (fromFile ? path : "Standard input") << " cannot be read.\n";
-        return 1;
+        return kExitFailed;
     }
     if (!list.cells.empty()) {
-        Keep_Backup();
-        Enter(list, context, refusals, dropped);
+        Change_Report(context, [&] { Enter(list, context, refusals, dropped); });
     }
-    for (const auto& [line, reason] : refusals) context.err << "line " << line << ": " << One_Line(reason) << '\n';
+    refusals.Print(context.err);
     for (const std::string& text : dropped) context.err << One_Line(text) << '\n';
-    return refusals.empty() && dropped.empty() ? 0 : 1;
+    return refusals.Empty() && dropped.empty() ? kExitDone : kExitFailed;
 }
 
 }  // namespace tallmar

@@ -40,9 +40,9 @@ void Print_Info_Json(std::ostream& out) {
 
 void Print_Info_Text(std::ostream& out) {
     const Row master = db.Read_Row("SELECT * FROM Master;");
-    out << ProviderName << "\nProvider     " << ProviderNumber << "\nForm         CMS " << FormNum << "\nFiscal year  "
-        << General_Date(FYStart) << " to " << General_Date(FYEnd) << "\nBuilt        " << master["BuildDate"].To_Text()
-        << '\n';
+    out << One_Line(ProviderName) << "\nProvider     " << One_Line(ProviderNumber) << "\nForm         CMS " << FormNum
+        << "\nFiscal year  " << General_Date(FYStart) << " to " << General_Date(FYEnd) << "\nBuilt        "
+        << master["BuildDate"].To_Text() << '\n';
     for (const char* count : kCounts) {
         out << std::left << std::setw(13) << count << (master[count].Is_Null() ? "-" : master[count].To_Text()) << '\n';
     }
@@ -51,7 +51,7 @@ void Print_Info_Text(std::ostream& out) {
     for (Recordset registry = db.OpenRecordset(kRegistry, RecordsetType::Snapshot); !registry.Eof();
          registry.MoveNext()) {
         out << std::right << std::setw(5) << registry["Calc_Lvl"].To_Text() << "  " << std::left << std::setw(16)
-            << Nz_Str(registry["Item"]) << "  " << Nz_Str(registry["ItemName"]) << '\n';
+            << One_Line(Nz_Str(registry["Item"])) << "  " << One_Line(Nz_Str(registry["ItemName"])) << '\n';
     }
 }
 

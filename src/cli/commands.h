@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/console_platform.h"
+#include "cli/cli.h"
+#include "cli/results.h"
 
 namespace tallmar {
 
@@ -26,7 +27,7 @@ struct CommandArguments {
 struct CommandContext {
     const CommandArguments& arguments;
     std::istream& in;
-    std::ostream& out;  // held back until the command is done, and dropped where it throws
+    Results& out;
     std::ostream& err;
     ConsolePlatform& platform;
 };

@@ -95,8 +95,19 @@ void ConsolePlatform::End_Program() {
 std::string One_Line(std::string_view text) {
     std::string line;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-        line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const unsigned char next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
+        if (byte == '\r' && next == '\n') continue;
+        if (byte == '\r' || byte == '\n' || byte == '\t') {
+            line += ' ';
+        } else if (byte < 0x20 || byte == 0x7F) {
+            line += '?';
+        } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) {  // U+0080 to U+009F
+            line += '?';
+            ++i;
+        } else {
+            line += text[i];
+        }
     }
     return line;
 }

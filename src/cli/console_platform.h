@@ -62,7 +62,8 @@ class ConsolePlatform final : public Platform {
     std::size_t progressWidth_ = 0;
 };
 
-// A text of several lines, for one line of output.
+// A text as one line of output: line breaks and tabs become blanks, other control characters, which a terminal would
+// obey, become question marks.
 std::string One_Line(std::string_view text);
 // The per-user data folder of the system, or empty where the user has no home. A relative XDG_DATA_HOME does not count.
 std::string User_Data_Folder();

@@ -1,6 +1,7 @@
 #include "common/csv.h"
 
 #include "common/text.h"
+#include "common/text_input.h"
 
 namespace tallmar {
 
@@ -12,85 +13,104 @@ std::string As_Utf8(std::string field) {
     return Is_Valid_Utf8(field) ? field : From_Cp1252(field);
 }
 
+bool Is_Line_Break(int c) {
+    return c == '\n' || c == '\r';
+}
+
 // Past the rest of a line; a CR LF counts once.
 void Skip_Line(std::istream& in) {
-    for (int c = in.get(); c != kEnd; c = in.get()) {
-        if (c == '\n') return;
-        if (c == '\r') {
-            if (in.peek() == '\n') in.get();
-            return;
+    int c = in.get();
+    while (c != kEnd && !Is_Line_Break(c)) c = in.get();
+    if (c == '\r' && in.peek() == '\n') in.get();
+}
+
+// The field that is being read.
+struct FieldText {
+    std::string text;
+    bool quoted = false;  // inside quotes
+    bool closed = false;  // its closing quote has been read
+};
+
+// Takes a character that ends neither the field nor the record; `next` comes behind it. True where `next` is taken,
+// too.
+bool Take(FieldText& field, char c, int next, std::string& trouble) {
+    if (field.quoted) {
+        const bool doubled = c == '"' && next == '"';
+        if (c == '"' && !doubled) {
+            field.quoted = false;
+            field.closed = true;
+        } else {
+            field.text += c;
         }
+        return doubled;
     }
+    if (c == '"' && field.text.empty() && !field.closed) {
+        field.quoted = true;
+        return false;
+    }
+    if (field.closed) trouble = "A quoted field goes on behind its closing quote.";
+    field.text += c;
+    return false;
+}
+
+void Finish_Field(FieldText& field, CsvRecord& record) {
+    if (field.text.find('\0') != std::string::npos) {
+        record.trouble = "The line holds a zero byte.  Save the list as UTF-8 text.";
+    }
+    record.fields.push_back(As_Utf8(std::move(field.text)));
+    field = {};
 }
 
 }  // namespace
 
-std::optional<CsvRecord> CsvReader::Next() {
-    if (!started_) {
-        started_ = true;
-        for (const int byte : {0xEF, 0xBB, 0xBF}) {
-            if (in_.peek() != byte) break;
-            in_.get();
-        }
-    }
-    for (int c = in_.peek(); c == '\n' || c == '\r' || c == '#'; c = in_.peek()) {
+CsvRecord CsvReader::End_With(std::string_view trouble, long line) {
+    ended_ = true;
+    return {.line = line, .fields = {}, .trouble = std::string(trouble)};
+}
+
+void CsvReader::Pass_Blank_Lines() {
+    for (int c = in_.peek(); Is_Line_Break(c) || c == '#'; c = in_.peek()) {
         Skip_Line(in_);
         ++line_;
     }
-    if (in_.peek() == kEnd) return std::nullopt;
+}
 
+std::optional<CsvRecord> CsvReader::Next() {
+    if (ended_) return std::nullopt;
+    if (!started_) {
+        started_ = true;
+        if (Pass_Byte_Order_Mark(in_) == TextStart::Utf16) return End_With(kUtf16Trouble, line_);
+    }
+    Pass_Blank_Lines();
+    if (in_.peek() == kEnd) return std::nullopt;
     CsvRecord record{.line = line_, .fields = {}, .trouble = {}};
-    std::string field;
-    std::size_t bytes = 0;
-    bool quoted = false;  // inside quotes
-    bool closed = false;  // the field's closing quote has been read
-    const auto finish_field = [&] {
-        if (field.find('\0') != std::string::npos) record.trouble = "The line holds a zero byte.";
-        record.fields.push_back(As_Utf8(std::move(field)));
-        field.clear();
-        closed = false;
-    };
-    while (true) {
+    Read_Fields(record);
+    return record;
+}
+
+void CsvReader::Read_Fields(CsvRecord& record) {
+    FieldText field;
+    for (std::size_t bytes = 1;; ++bytes) {
         const int c = in_.get();
-        if (++bytes > kMaxRecord) {
-            record.trouble = "The line is longer than a million characters.";
-            if (c != '\n' && c != kEnd) Skip_Line(in_);
-            ++line_;
-            return record;
+        if (bytes > kMaxRecord) {
+            record = End_With("The line is longer than a million characters.  The rest of the list was not read.",
+                              record.line);
+            return;
         }
         if (c == kEnd) {
-            if (quoted) record.trouble = "A quote is opened and never closed.";
-            finish_field();
-            return record;
+            if (field.quoted) record.trouble = "A quote is opened and never closed.";
+            return Finish_Field(field, record);
         }
-        const bool lineBreak = c == '\n' || c == '\r';
-        if (lineBreak) {
-            if (c == '\r' && in_.peek() == '\n') {
-                in_.get();
-                if (quoted) field += '\r';
-            }
+        if (Is_Line_Break(c)) {
+            const bool two = c == '\r' && in_.peek() == '\n';
+            if (two) in_.get();
             ++line_;
-        }
-        if (quoted) {
-            if (c == '"' && in_.peek() == '"') {
-                in_.get();
-                field += '"';
-            } else if (c == '"') {
-                quoted = false;
-                closed = true;
-            } else {
-                field += lineBreak ? '\n' : static_cast<char>(c);
-            }
-        } else if (lineBreak) {
-            finish_field();
-            return record;
-        } else if (c == ',') {
-            finish_field();
-        } else if (c == '"' && field.empty() && !closed) {
-            quoted = true;
-        } else {
-            if (closed) record.trouble = "A quoted field goes on behind its closing quote.";
-            field += static_cast<char>(c);
+            if (!field.quoted) return Finish_Field(field, record);
+            field.text += two ? "\r\n" : "\n";
+        } else if (c == ',' && !field.quoted) {
+            Finish_Field(field, record);
+        } else if (Take(field, static_cast<char>(c), in_.peek(), record.trouble)) {
+            in_.get();
         }
     }
 }

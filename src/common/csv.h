@@ -4,6 +4,7 @@
 #include <istream>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tallmar {
@@ -15,8 +16,9 @@ struct CsvRecord {
 };
 
 // Reads records one after another. Lines end with LF, CR LF or CR; a byte order mark is passed over; bytes that are
-// no UTF-8 are taken as code page 1252. A record longer than kMaxRecord bytes or with an open quote at the end of the
-// file comes back with its trouble said.
+// no UTF-8 are taken as code page 1252. A record with an open quote at the end of the file comes back with its trouble
+// said. So does one longer than kMaxRecord bytes, and UTF-16: these are the last, for what follows may be the inside of
+// a quoted text.
 class CsvReader {
   public:
     static constexpr std::size_t kMaxRecord = 1 << 20;
@@ -26,9 +28,14 @@ class CsvReader {
     std::optional<CsvRecord> Next();
 
   private:
+    CsvRecord End_With(std::string_view trouble, long line);
+    void Pass_Blank_Lines();
+    void Read_Fields(CsvRecord& record);
+
     std::istream& in_;
     long line_ = 1;
     bool started_ = false;
+    bool ended_ = false;
 };
 
 }  // namespace tallmar

@@ -42,6 +42,10 @@ constexpr EntryBox kFacilityName = {true, kExclamation, "Error: Invalid Facility
 constexpr EntryBox kLongFacilityName = {true, kExclamation, "Error: Invalid Facility Name",
                                         "Facility Name must be at most 36 characters.  Please (re-)enter."};
 
+constexpr EntryBox kUnprintableFacilityName = {
+    true, kExclamation, "Error: Invalid Facility Name",
+    "Facility Name holds a line break or another character that cannot be printed.  Please (re-)enter."};
+
 constexpr std::size_t kShortestName = 8, kLongestName = 36;
 constexpr int kLongestYear = 365;
 
@@ -90,6 +94,16 @@ EntryField Check_Dates(NewReportEntries& entries, const char* dateFormat, Fiscal
     return EntryField::None;
 }
 
+// U+0000 to U+001F and U+007F to U+009F.
+bool Has_Control_Character(std::string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte < 0x20 || byte == 0x7F) return true;
+        if (byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 const EntryBox* Check_Provider_Number(std::string& providerNumber) {
@@ -127,6 +141,7 @@ const EntryBox* Long_Year_Question(const FiscalYear& year) {
 }
 
 const EntryBox* Check_Facility_Name(std::string_view name) {
+    if (Has_Control_Character(name)) return &kUnprintableFacilityName;
     const std::size_t length = Length(name);
     if (length < kShortestName) return &kFacilityName;
     return length > kLongestName ? &kLongFacilityName : nullptr;

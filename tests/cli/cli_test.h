@@ -36,6 +36,18 @@ inline ConsoleOptions Keeping_Backups_In(const std::string& folder) {
     return options;
 }
 
+// Gives `text` and then fails, as a disk or a folder does.
+class BrokenText : public std::streambuf {
+  public:
+    explicit BrokenText(std::string text) : text_(std::move(text)) {
+        setg(text_.data(), text_.data(), text_.data() + text_.size());
+    }
+
+  private:
+    int_type underflow() override { throw std::ios_base::failure("a read error"); }
+    std::string text_;
+};
+
 inline std::string Read_Bytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

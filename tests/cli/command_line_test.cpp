@@ -88,8 +88,28 @@ TEST_F(CommandLine, AnUnknownCommandIsNamed) {
 }
 
 TEST_F(CommandLine, WithoutACommandItIsWrong) {
-    Fail({}, "", kExitUsage);
-    Fail({"--bogus"}, "", kExitUsage);
+    EXPECT_EQ(Fail({}, "", kExitUsage), "A command is missing.\nRun with --help for more information.\n");
+    EXPECT_EQ(Fail({"--bogus"}, "", kExitUsage),
+              "There is no option --bogus.\nRun with --help for more information.\n");
+    EXPECT_EQ(Fail({"--answer", "yes"}, "", kExitUsage),
+              "There is no option --answer.\nRun with --help for more information.\n");
+}
+
+// Each of them in turn: one that is missing must not be taken for another, or for an empty one.
+TEST_F(CommandLine, EachRequiredArgumentIsRequired) {
+    for (const Command& command : All_Commands()) {
+        for (const ArgumentSpec& left : command.arguments) {
+            if (!left.required) continue;
+            Args args{std::string(command.name), crf};
+            for (const ArgumentSpec& spec : command.arguments) {
+                if (!spec.required || &spec == &left) continue;
+                if (spec.name.starts_with("--")) args.emplace_back(spec.name);
+                args.emplace_back("x");
+            }
+            EXPECT_TRUE(Holds(Fail(args, "", kExitUsage), std::string(left.name))) << command.name << ' ' << left.name;
+        }
+    }
+    EXPECT_TRUE(Names().empty());
 }
 
 TEST_F(CommandLine, MissingAndUnknownArgumentsAreWrong) {
@@ -149,6 +169,67 @@ TEST_F(CommandLine, ResultsThatCannotBeWrittenAreAFailure) {
     std::ostringstream err;
     EXPECT_EQ(Run_Command_Line({"dump", crf}, in, out, err), kExitFailed);
     EXPECT_EQ(err.str(), "The results could not be written to standard output.\n");
+}
+
+TEST_F(CommandLine, HelpThatCannotBeWrittenIsAFailure) {
+    for (const Args& args : {Args{"--help"}, Args{"--version"}, Args{"calc", "--help"}}) {
+        std::istringstream in;
+        std::ofstream out("/dev/full");
+        std::ostringstream err;
+        EXPECT_EQ(Run_Command_Line(args, in, out, err), kExitFailed) << args[0];
+        EXPECT_EQ(err.str(), "The results could not be written to standard output.\n");
+    }
+}
+
+// Whoever calls the calculation again for want of an answer must find the report as it was.
+TEST_F(CommandLine, ACalculationWhoseMessagesCannotBeWrittenIsNotKept) {
+    New();
+    Sql("UPDATE A SET Col_1 = 500000000000000 WHERE LineNum < 3");
+    const std::string before = Read_Bytes(crf);
+    std::istringstream in;
+    std::ofstream out("/dev/full");
+    std::ostringstream err;
+    EXPECT_EQ(Run_Command_Line({"calc", crf}, in, out, err), kExitFailed);
+    EXPECT_EQ(err.str(), "The results could not be written to standard output.\n");
+    EXPECT_TRUE(Read_Bytes(crf) == before);
+    EXPECT_NE(Succeed({"calc", crf}), "") << "there are messages";
+}
+
+TEST_F(CommandLine, NoControlCharacterReachesTheTerminal) {
+    EXPECT_EQ(One_Line("a\r\nb\tc\x1b[31md\x7f\xC2\x9B\xC3\xA9"), "a b c?[31md??\xC3\xA9");
+    EXPECT_EQ(Fail({"\x1b[31mcalc"}, "", kExitUsage),
+              "There is no command ?[31mcalc.\nRun with --help for more information.\n");
+}
+
+// As a shell's <&- and >&- leave it: the number of a closed stream goes to no file that is opened later.
+TEST_F(CommandLine, AClosedStandardStreamIsAFailure) {
+    New();
+    const std::string before = Read_Bytes(crf);
+    const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar ";
+    const auto run = [&](const std::string& command) {
+        return std::system((program + command + " 2>/dev/null").c_str());
+    };
+    EXPECT_EQ(WEXITSTATUS(run("sql '" + crf + "' - <&-")), kExitFailed);
+    EXPECT_EQ(WEXITSTATUS(run("enter '" + crf + "' <&-")), kExitFailed);
+    EXPECT_EQ(WEXITSTATUS(run("dump '" + crf + "' >&-")), kExitFailed);
+    EXPECT_EQ(WEXITSTATUS(run("sql '" + crf + "' 'UPDATE A SET Col_1 = 5' >&-")), kExitFailed);
+    EXPECT_EQ(WEXITSTATUS(run("sql '" + crf + "' - </")), kExitFailed);
+    EXPECT_TRUE(Read_Bytes(crf) == before);
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
+}
+
+// A reader that goes away is a failed write, and no death in the middle of a job.
+TEST_F(CommandLine, AReaderThatGoesAwayIsAFailure) {
+    New();
+    const std::string before = Read_Bytes(crf);
+    const std::string status = Path("status");
+    const std::string command = "(sleep 0.1; " + std::string(TALLMAR_BIN_DIR) + "/tallmar sql '" + crf +
+                                "' 'UPDATE A SET Col_1 = 5' 2>/dev/null; echo $? >'" + status + "') | true";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(Read_Bytes(status), "1\n");
+    EXPECT_TRUE(Read_Bytes(crf) == before);
+    std::filesystem::remove(status);
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
 }
 
 TEST_F(CommandLine, ProgressIsShownOnATerminalOnly) {

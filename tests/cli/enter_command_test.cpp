@@ -2,6 +2,7 @@
 #include <chrono>
 
 #include "cli_test.h"
+#include "common/csv.h"
 
 namespace tallmar {
 
@@ -52,6 +53,13 @@ TEST_F(EnterCommand, ColumnsAreNamedWithoutRegardToCaseOrNumbered) {
     EXPECT_EQ(Cell("A", "6", "Col_1"), V("1"));
     EXPECT_EQ(Cell("A", "6", "Col_2"), V("2"));
     EXPECT_EQ(Cell("A", "6", "CCName"), V(R"("Admin, \"General\" & 'Other'")"));
+}
+
+TEST_F(EnterCommand, WorksheetsAreNamedWithoutRegardToCase) {
+    Enter("a,6,col_1,100\ns2,1,Col_1,Mill Road\nA,7,Col_1,200\n");
+    EXPECT_EQ(Cell("A", "6", "Col_1"), V("100"));
+    EXPECT_EQ(Cell("A", "7", "Col_1"), V("200"));
+    EXPECT_EQ(Cell("S2", "1", "Col_1"), V("\"Mill Road\""));
 }
 
 TEST_F(EnterCommand, ARefusedCellIsToldAndTheOthersAreStored) {
@@ -202,6 +210,37 @@ TEST_F(EnterCommand, HostileValuesAreTextsOrRefused) {
 
 TEST_F(EnterCommand, AnOpenQuoteIsToldAtItsLine) {
     EXPECT_EQ(Refuse("A,6,Col_1,5\nA,7,Col_1,\"6\nA,8,Col_1,7\n"), "line 2: A quote is opened and never closed.\n");
+    EXPECT_EQ(Cell("A", "6", "Col_1"), V("5"));
+}
+
+TEST_F(EnterCommand, LinesInsideAnOverlongTextAreNoCells) {
+    std::string cells = "S2,1,Col_1,\"";
+    while (cells.size() <= CsvReader::kMaxRecord) cells += "x\n";
+    EXPECT_EQ(Refuse(cells + "A,6,Col_5,999\n\"\nA,7,Col_5,999\n"),
+              "line 1: The line is longer than a million characters.  The rest of the list was not read.\n");
+    EXPECT_EQ(Cell("A", "6", "Col_5"), V("0"));
+    EXPECT_EQ(Cell("A", "7", "Col_5"), V("0"));
+}
+
+TEST_F(EnterCommand, AReadErrorStoresNothing) {
+    const std::string before = Read_Bytes(crf);
+    BrokenText text("A,6,Col_1,5\nA,7,Col_1,6\n");
+    std::istream in(&text);
+    std::ostringstream out, err;
+    EXPECT_EQ(Run_Command_Line({"enter", crf}, in, out, err), kExitFailed);
+    EXPECT_EQ(err.str(), "Standard input cannot be read.\n");
+    EXPECT_EQ(Read_Bytes(crf), before);
+}
+
+TEST_F(EnterCommand, RefusalsEndWithACount) {
+    std::string cells;
+    for (int i = 0; i < 1'500; ++i) cells += "A,6,Nope,1\n";
+    cells += "x\nA,6,Col_1,5\n";
+    const std::string told = Refuse(cells);
+    EXPECT_TRUE(told.starts_with("line 1: Unknown Column: ")) << told.substr(0, 200);
+    EXPECT_NE(told.find("\nline 1000: "), std::string::npos);
+    EXPECT_TRUE(told.ends_with("\n501 more were refused.\n")) << told.substr(told.size() - 200);
+    EXPECT_EQ(std::ranges::count(told, '\n'), 1'001);
     EXPECT_EQ(Cell("A", "6", "Col_1"), V("5"));
 }
 

@@ -1,3 +1,4 @@
+#include "cli/results.h"
 #include "cli_test.h"
 
 namespace tallmar {
@@ -95,6 +96,62 @@ TEST_F(SqlCommand, OneBadLineTakesAllLinesBack) {
 TEST_F(SqlCommand, TablesMadeByABatchGoWithIt) {
     Fail({"sql", crf, "-"}, "CREATE TABLE T (N Long);\nINSERT INTO T VALUES (7);\nSELECT N FROM T;\nDELETE FROM Tt;\n");
     Fail({"sql", crf, "SELECT N FROM T"});
+}
+
+// What came before the error is no reason to store half of the statements.
+TEST_F(SqlCommand, AReadErrorStoresNothing) {
+    const std::string before = Read_Bytes(crf);
+    BrokenText text("UPDATE Sp2 SET Col_1 = 5\nUPDATE Sp2 SET Col_1 = 6");
+    std::istream in(&text);
+    std::ostringstream out, err;
+    EXPECT_EQ(Run_Command_Line({"sql", crf, "-"}, in, out, err), kExitFailed);
+    EXPECT_EQ(err.str(), "Standard input cannot be read.\n");
+    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(Read_Bytes(crf), before);
+}
+
+TEST_F(SqlCommand, Utf16IsRefused) {
+    EXPECT_EQ(Fail({"sql", crf, "-"}, std::string("\xFF\xFES\0", 4)),
+              "The text is UTF-16.  Save it as UTF-8 and try again.\n");
+}
+
+TEST_F(SqlCommand, ALineThatIsNoStatementHasItsNumber) {
+    EXPECT_TRUE(Fail({"sql", crf, "-"}, "SELECT LineNum FROM Sp2\nSELECT \"\n").starts_with("line 2: Error "));
+}
+
+// Twenty seven million rows would take gigabytes.
+TEST_F(SqlCommand, ResultsGoOutAsTheyComeAndAreNotHeld) {
+    class Counter : public std::streambuf {
+      public:
+        std::size_t bytes = 0;
+
+      protected:
+        int_type overflow(int_type c) override { return c; }
+        std::streamsize xsputn(const char*, std::streamsize size) override {
+            bytes += static_cast<std::size_t>(size);
+            if (bytes > 3 * Results::kMostHeld) throw std::ios_base::failure("nobody reads on");
+            return size;
+        }
+    } counter;
+    std::istringstream in;
+    std::ostream out(&counter);
+    std::ostringstream err;
+    EXPECT_EQ(
+        Run_Command_Line({"sql", crf, "SELECT X.CCName FROM A AS X, A AS Y, A AS Z, A AS U, A AS V"}, in, out, err),
+        kExitFailed);
+    EXPECT_EQ(err.str(), "The results could not be written to standard output.\n");
+    EXPECT_LT(counter.bytes, 4 * Results::kMostHeld + 1024);
+}
+
+TEST_F(SqlCommand, AChangeWhoseResultsCannotBeWrittenIsNotMade) {
+    const std::string before = Read_Bytes(crf);
+    std::istringstream in;
+    std::ofstream out("/dev/full");
+    std::ostringstream err;
+    EXPECT_EQ(Run_Command_Line({"sql", crf, "UPDATE Sp2 SET Col_1 = 5"}, in, out, err), kExitFailed);
+    EXPECT_EQ(err.str(), "The results could not be written to standard output.\n");
+    EXPECT_TRUE(Read_Bytes(crf) == before);
+    EXPECT_EQ(Names(), std::set<std::string>{"r.CRF"});
 }
 
 TEST_F(SqlCommand, RowsComeInTheOrderAsked) {

@@ -221,6 +221,16 @@ void Connection::End_Job() {
     }
 }
 
+void Connection::Write_Job_Ahead() {
+    Require_Whole_Job();
+    const int result = sqlite3_db_cacheflush(Handle());
+    if (result == SQLITE_OK || (result & kPrimaryCode) == SQLITE_BUSY) return;
+    const DbError error = Failure(result);
+    // What went out before the disk was full is taken back with the next reading: now.
+    Run_Quietly("SELECT 1 FROM sqlite_schema");
+    throw error;
+}
+
 void Connection::Roll_Back_Job() {
     if (!Is_Open() || jobDepth_ == 0) return;
     if (!jobLost_) Lose_Job(Given_Up());

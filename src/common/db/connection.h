@@ -73,6 +73,7 @@ class Connection {
     void End_Job();
     void Roll_Back_Job();
     bool Is_Outermost_Job() const { return jobDepth_ == 1; }
+    void Write_Job_Ahead();
 
     // True where another connection has committed to the file since the last call. What is known of the tables is read
     // anew then. False while the file is being changed: the next call tells.

@@ -1,5 +1,3 @@
-#include <limits>
-
 #include "common/db/execute.h"
 #include "common/db/recordset_state.h"
 #include "common/db/statement.h"
@@ -88,15 +86,28 @@ Recordset Database::OpenRecordset(std::string_view source, RecordsetType type) {
 }
 
 Row Database::Read_Row(std::string_view select) {
-    std::vector<Row> rows;
-    Row names = Read_Whole_Rows(Open_Connection(connection_), select, 1, rows);
-    return rows.empty() ? names : std::move(rows.front());
+    Row first;
+    Row names = Visit_Rows(Open_Connection(connection_), select, [&](Row row) {
+        first = std::move(row);
+        return false;
+    });
+    return first ? first : names;
 }
 
 std::vector<Row> Database::Read_Rows(std::string_view select) {
     std::vector<Row> rows;
-    Read_Whole_Rows(Open_Connection(connection_), select, std::numeric_limits<std::size_t>::max(), rows);
+    Visit_Rows(Open_Connection(connection_), select, [&](Row row) {
+        rows.push_back(std::move(row));
+        return true;
+    });
     return rows;
+}
+
+void Database::For_Each_Row(std::string_view select, const std::function<void(const Row&)>& visit) {
+    Visit_Rows(Open_Connection(connection_), select, [&](const Row& row) {
+        visit(row);
+        return true;
+    });
 }
 
 void Database::Write_Label(std::string_view table, std::string_view field, Currency line, std::string_view label) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -159,6 +160,8 @@ class Row {
     // Without regard to case. Throws ItemNotFound for a name that the statement has not.
     const Value& operator[](std::string_view name) const;
     const Value& operator[](int position) const;
+    // In the order of the statement; null in a row of nothing.
+    const Names& Field_Names() const { return names_; }
 
   private:
     Names names_;  // null in a row of nothing
@@ -186,6 +189,8 @@ class Database {
     Row Read_Row(std::string_view select);
     // All of them.
     std::vector<Row> Read_Rows(std::string_view select);
+    // Hands each of them on as it is read and holds none. `visit` must leave the file alone.
+    void For_Each_Row(std::string_view select, const std::function<void(const Row&)>& visit);
 
     // Writes a label of the form into a text field of the row of `line`. The field's size, the limit of what a person
     // may type, does not bind the form's own words: a few of them are longer.
@@ -255,6 +260,9 @@ class Job {
     Job& operator=(const Job&) = delete;
     // Commit now and report a failure (disk full): the destructor can only swallow it.
     void Commit();
+    // Brings what the job has written so far to the disk, still uncommitted: a disk that is full is found out before
+    // anyone is told of the change. Where somebody reads the file just now, that is left to Commit.
+    void Write_Ahead();
     void Roll_Back();
 
   private:

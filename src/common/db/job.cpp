@@ -30,6 +30,10 @@ void Job::Commit() {
     connection->End_Job();
 }
 
+void Job::Write_Ahead() {
+    if (connection_) connection_->Write_Job_Ahead();
+}
+
 void Job::Roll_Back() {
     if (!connection_) return;
     const auto connection = std::move(connection_);

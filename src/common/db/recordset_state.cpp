@@ -142,7 +142,7 @@ std::shared_ptr<RecordsetState> Open_Rows(const std::shared_ptr<Connection>& con
     return state;
 }
 
-Row Read_Whole_Rows(Connection& connection, std::string_view select, std::size_t most, std::vector<Row>& rows) {
+Row Visit_Rows(Connection& connection, std::string_view select, const std::function<bool(Row)>& visit) {
     const std::string source = Is_Table_Name(select) ? Whole_Select(select) : std::string(select);
     LiftedStatement lifted;
     const std::shared_ptr<CachedPlan> plan = connection.Plan_Of(source, lifted);
@@ -154,13 +154,13 @@ Row Read_Whole_Rows(Connection& connection, std::string_view select, std::size_t
     std::vector<std::string> columns;
     for (const OutputColumn& column : read.columns) columns.push_back(column.name);
     const auto names = std::make_shared<const std::vector<std::string>>(std::move(columns));
-    while (rows.size() < most && statement.Step()) {
+    for (bool goOn = true; goOn && statement.Step();) {
         std::vector<Value> values;
         values.reserve(read.columns.size());
         for (std::size_t i = 0; i < read.columns.size(); ++i) {
             values.push_back(statement.Read(static_cast<int>(i), read.columns[i].type));
         }
-        rows.emplace_back(names, std::move(values));
+        goOn = visit(Row(names, std::move(values)));
     }
     return {names, {}};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -88,8 +89,9 @@ struct RecordsetState {
 // Throws DbError on a source that is no SELECT and no table, and on a table recordset over a SELECT.
 std::shared_ptr<RecordsetState> Open_Rows(const std::shared_ptr<Connection>& connection, std::string_view source,
                                           RecordsetType type);
-// Appends up to `most` rows of a SELECT; the row without values that bears their names.
-Row Read_Whole_Rows(Connection& connection, std::string_view select, std::size_t most, std::vector<Row>& rows);
+// Hands on the rows of a SELECT, one after another, until `visit` answers False; the row without values that bears
+// their names.
+Row Visit_Rows(Connection& connection, std::string_view select, const std::function<bool(Row)>& visit);
 
 // The keys of a table's rows in the order of an index.
 void Read_Keys_In_Index_Order(RecordsetState& state, const TableShape& table, const IndexDef& index);
