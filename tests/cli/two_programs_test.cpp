@@ -5,6 +5,7 @@
 #include "cli_test.h"
 #include "common/db/database.h"
 #include "support/other_window.h"
+#include "support/short_wait.h"
 
 namespace tallmar {
 
@@ -74,6 +75,7 @@ class TwoPrograms : public CliTest {
 };
 
 TEST_F(TwoPrograms, AChangeIsRefusedWhileTheOtherChangesTheReport) {
+    const ShortWait wait;
     OtherProgram other(crf);
     const std::string inUse = "The file '" + crf + "' is in use\n";
     for (const Args& command : {Args{"calc", crf}, Args{"enter", crf}, Args{"sql", crf, "UPDATE A SET Col_1 = 5"}}) {
@@ -98,6 +100,7 @@ TEST_F(TwoPrograms, ReadingGoesOnAndSeesTheStateBefore) {
 }
 
 TEST_F(TwoPrograms, AReportInUseIsNotReplaced) {
+    const ShortWait wait;
     Succeed({"save-as", crf, Path("copy.CRF")});
     OtherProgram other(crf);
     Args again = New_Command(crf);

@@ -2,9 +2,9 @@
 
 #include <new>
 
+#include "common/db/busy_timeout.h"
 #include "common/db/collation.h"
 #include "common/db/functions.h"
-#include "common/db/limits.h"
 #include "common/db/open_file.h"
 #include "common/db/schema_reader.h"
 #include "common/db/sqlite_error.h"
@@ -43,7 +43,7 @@ const DbError& Given_Up() {
 class NoWaiting {
   public:
     explicit NoWaiting(sqlite3* handle) : handle_(handle) { sqlite3_busy_timeout(handle_, 0); }
-    ~NoWaiting() { sqlite3_busy_timeout(handle_, kBusyMilliseconds); }
+    ~NoWaiting() { sqlite3_busy_timeout(handle_, Busy_Milliseconds()); }
     NoWaiting(const NoWaiting&) = delete;
     NoWaiting& operator=(const NoWaiting&) = delete;
 

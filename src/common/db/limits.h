@@ -10,7 +10,4 @@ inline constexpr std::size_t kMostLiterals = 30'000;
 inline constexpr int kDeepestTree = 250;  // nodes from the top of an expression or of a join to its leaves
 inline constexpr std::size_t kMostTables = 32;
 
-// How long a statement waits for another program to be done.
-inline constexpr int kBusyMilliseconds = 2000;
-
 }  // namespace tallmar

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "common/atomic_file.h"
+#include "common/db/busy_timeout.h"
 #include "common/db/file_check.h"
-#include "common/db/limits.h"
 #include "common/db/page_seal.h"
 #include "common/db/rollback_trial.h"
 #include "common/db/side_files.h"
@@ -72,7 +72,7 @@ std::shared_ptr<Connection> Own(HandleOwner& handle, const std::string& path, bo
 
 HandleOwner Open_Checked(const std::string& path, const FileCheck& check) {
     HandleOwner handle = Open_Handle(check.path, check.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, path);
-    sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
+    sqlite3_busy_timeout(handle.get(), Busy_Milliseconds());
     return handle;
 }
 
@@ -177,7 +177,7 @@ void Remove_Stale_Journal(Connection& connection, const std::string& journal) {
     } catch (const DbError&) {
         // In use: whoever uses it looks after it.
     }
-    sqlite3_busy_timeout(connection.Handle(), kBusyMilliseconds);
+    sqlite3_busy_timeout(connection.Handle(), Busy_Milliseconds());
 }
 
 }  // namespace
@@ -195,7 +195,7 @@ std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose) 
     try {
         Check_Before_Reading(handle.get(), check, path, purpose);
         for (const Limit& row : kLimits) sqlite3_limit(handle.get(), row.what, row.most);
-        sqlite3_busy_timeout(handle.get(), kBusyMilliseconds);
+        sqlite3_busy_timeout(handle.get(), Busy_Milliseconds());
         const bool readOnly = check.readOnly || sqlite3_db_readonly(handle.get(), "main") == 1;
         connection = Own(handle, path, readOnly);
         for (const std::string_view setting : kFileSettings) Single_Text(*connection, setting);

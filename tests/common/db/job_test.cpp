@@ -9,6 +9,7 @@
 
 #include "common/db/database.h"
 #include "common/db/db_fixture.h"
+#include "support/short_wait.h"
 
 namespace tallmar {
 namespace {
@@ -158,6 +159,7 @@ TEST_F(JobTest, AClosedFileHasNoJobs) {
 }
 
 TEST_F(JobTest, AFileInUseIsSaidToBe) {
+    const ShortWait wait;
     Job job(db);
     Run("INSERT INTO A (x) VALUES (2)");
     Database other = DBEngine::OpenDatabase(path);

@@ -11,6 +11,7 @@
 
 #include "common/db/database.h"
 #include "common/db/db_fixture.h"
+#include "support/short_wait.h"
 
 namespace tallmar {
 namespace {
@@ -30,6 +31,7 @@ class TwoProgramsTest : public DbTest {
 };
 
 TEST_F(TwoProgramsTest, AJobForReadingSeesOneState) {
+    const ShortWait wait;
     Database other = DBEngine::OpenDatabase(path);
     Job reading(db, Job::Kind::Reading);
     EXPECT_EQ(Rows(db, "A"), "1;");
@@ -39,6 +41,34 @@ TEST_F(TwoProgramsTest, AJobForReadingSeesOneState) {
     reading.Commit();
     other.Execute("UPDATE A SET x = 2");
     EXPECT_EQ(Rows(db, "A"), "2;");
+}
+
+// Within its time a statement waits, and then goes on.
+TEST_F(TwoProgramsTest, AChangeWaitsForTheOtherToBeDone) {
+    const ShortWait wait(20'000);
+    db.Close();
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        Database other = DBEngine::OpenDatabase(path);
+        Job job(other);
+        other.Execute("UPDATE A SET x = x + 10");
+        const bool told = ::write(ready[1], "r", 1) == 1;
+        ::usleep(50'000);
+        job.Commit();
+        ::_exit(told ? 0 : 1);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    db = DBEngine::OpenDatabase(path);
+    db.Execute("UPDATE A SET x = x + 1");
+    EXPECT_EQ(Rows(db, "A"), "12;");
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    ::close(ready[0]);
+    ::close(ready[1]);
 }
 
 TEST_F(TwoProgramsTest, JobsForReadingDoNotHinderEachOther) {
@@ -77,6 +107,7 @@ TEST_F(TwoProgramsTest, ACopyHoldsTheStateBeforeTheJobUnderWay) {
 }
 
 TEST_F(TwoProgramsTest, AFileWithAJobUnderWayIsNotReplaced) {
+    const ShortWait wait;
     const std::string copy = folder.File("copy.CRF");
     DBEngine::CopyDatabase(path, copy);
     Job job(db);
