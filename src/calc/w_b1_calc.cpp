@@ -1,6 +1,7 @@
 // The step-down: one pass over the columns of B-1, each allocated to the lines below its cost center before the next.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "calc/worksheet.h"
 #include "common/db/convert.h"
 #include "common/db/sql_text.h"
+#include "common/numbers.h"
 #include "common/platform.h"
 #include "common/text.h"
 #include "common/variant.h"
@@ -114,11 +116,17 @@ Value& Cell(Allocation& b, int record, int field) {
 // A cell that has the value already is not written again.
 void Store(Allocation& b, int record, int field, const Value& value) {
     const FieldDef& def = b.fields[static_cast<std::size_t>(field)];
-    Value stored = Convert_For_Field(value, def);
+    const Currency line = b.lines[static_cast<std::size_t>(record)];
+    Value stored;
+    try {
+        stored = Convert_For_Field(value, def);
+    } catch (const DbError& error) {
+        if (error.Code() != DbErrorCode::Overflow) throw;
+        throw DbError(error.Code(), {"B", line.To_Text(), def.name});
+    }
     Value& cell = Cell(b, record, field);
     if (cell == stored) return;
-    db.Execute(Sql("UPDATE B SET ", def.name, " = ", stored,
-                   " WHERE LineNum = ", b.lines[static_cast<std::size_t>(record)], ";"));
+    db.Execute(Sql("UPDATE B SET ", def.name, " = ", stored, " WHERE LineNum = ", line, ";"));
     cell = std::move(stored);
 }
 
@@ -282,6 +290,15 @@ void Allocate_Remainder(Allocation& b, int field, Currency cc, double remainder)
     if (!cell.Is_Null()) Store(b, most, field, cell.To_Double() + remainder);
 }
 
+// Beyond what an amount can be no statistic means anything: nothing would be allocated by it, or everything.
+double Unit_Cost(std::string_view column, double cost, double total) {
+    constexpr double kMost = 1e14, kLeast = 1e-14;
+    if (!(std::abs(total) >= kLeast && std::abs(total) <= kMost)) {
+        throw DbError(DbErrorCode::Overflow, {"B1", kTotalLine.To_Text(), std::string(column)});
+    }
+    return Round_Half(cost / total, 6);
+}
+
 // One column of B-1, or a reconciliation column and its own. Returns the position it ended on.
 int Calc_Column(const Statistics& b1, Allocation& b, int position) {
     The_Platform().Do_Events();
@@ -315,7 +332,7 @@ int Calc_Column(const Statistics& b1, Allocation& b, int position) {
     const std::vector<Value> statistics = Read_Statistics(column);
     const int ownLine = Find_Line(b1.lines, cc);
     const double total = ownLine < 0 ? 0 : Nz_Double(statistics[static_cast<std::size_t>(ownLine)]);
-    const double unit = total == 0 ? 0 : Round_Half(cost / total, 6);
+    const double unit = total == 0 || cost == 0 ? 0 : Unit_Cost(column, cost, total);
     if (!b1.hasUnitLine) throw DbError(DbErrorCode::NoCurrentRecord);
     Store_Statistic(column, unit, kUnitLine);
     if (cost < 0) {

@@ -23,6 +23,17 @@ FieldDef Find_Field(const Item& item, std::string_view field) {
     return *found;
 }
 
+// A total that overflows belongs to the line that it is for, not to those it is of.
+Row Read_Totals(const Item& item, const std::string& select, std::string_view total) {
+    try {
+        return db.Read_Row(select);
+    } catch (const DbError& error) {
+        if (error.Code() != DbErrorCode::Overflow) throw;
+        const Row line = db.Read_Row(Sql("SELECT LineNum FROM ", item.Name(), " WHERE ", total, ";"));
+        throw DbError(error.Code(), {item.Name(), Nz_Str(line[0]), error.Where().field});
+    }
+}
+
 }  // namespace
 
 void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows) {
@@ -63,7 +74,7 @@ void Store_Totals(const Item& item, std::span<const std::string_view> columns, s
         const std::string_view number = column.substr(column.find('_') + 1);
         select += Sql(column == columns.front() ? "" : ", ", "Sum(", column, ") AS Tot_", number);
     }
-    Store_Row(item, columns, db.Read_Row(Sql(select, " FROM ", item.Name(), " WHERE ", rows, ";")), total);
+    Store_Row(item, columns, Read_Totals(item, Sql(select, " FROM ", item.Name(), " WHERE ", rows, ";"), total), total);
 }
 
 void Store_Row(const Item& item, std::span<const std::string_view> columns, const Row& values, std::string_view where) {

@@ -1,6 +1,8 @@
 #include "report/step.h"
 
 #include <exception>
+#include <stdexcept>
+#include <string>
 
 #include "common/db/error.h"
 #include "common/text.h"
@@ -16,6 +18,20 @@ bool Is_File_Trouble(const std::exception& error) {
     return dbError != nullptr && dbError->Ends_Work();
 }
 
+// What a step's error says in the log, which takes no double quotes. Behind an overflow stand figures of another run:
+// the report goes on with them, and that is not to be seen from the figures.
+std::string Text_Of(const Item& item, const std::exception& error) {
+    const auto* dbError = dynamic_cast<const DbError*>(&error);
+    const bool overflow = dbError != nullptr ? dbError->Code() == DbErrorCode::Overflow
+                                             : dynamic_cast<const std::overflow_error*>(&error) != nullptr;
+    std::string text = Replace(error.what(), "\"", "'");
+    if (!overflow) return text;
+    if (dbError == nullptr || dbError->Where().table.empty()) text += " in a figure of worksheet " + item.Name();
+    return text + ".  Worksheet " + item.Name() +
+           " was not calculated to its end: some of its figures, and of those that follow from them, are of an "
+           "earlier calculation.";
+}
+
 }  // namespace
 
 bool Run_Step(const Item& item, const std::function<void()>& step) {
@@ -26,8 +42,7 @@ bool Run_Step(const Item& item, const std::function<void()>& step) {
         throw;
     } catch (const std::exception& error) {
         if (Is_File_Trouble(error)) throw;
-        // The log takes no double quotes.
-        Report_Msg(Replace(error.what(), "\"", "'"), kStop, "Error: Worksheet " + item.Name());
+        Report_Msg(Text_Of(item, error), kStop, "Error: Worksheet " + item.Name());
         return false;
     }
 }

@@ -192,7 +192,9 @@ TEST_F(DriverTest, ErrorInOneWorksheetIsListedAndTheChainGoesOn) {
     EXPECT_EQ(rows[0].form, "A");
     EXPECT_EQ(rows[0].message.find('"'), std::string::npos);
     EXPECT_EQ(rows[1].form, "A5");
-    EXPECT_EQ(rows[1].message, "Overflow");
+    EXPECT_EQ(rows[1].message,
+              "Overflow in a figure of worksheet A5.  Worksheet A5 was not calculated to its end: some of its figures, "
+              "and of those that follow from them, are of an earlier calculation.");
     EXPECT_EQ(Read("SELECT Col_1 FROM A;"), Value("half"));
     EXPECT_EQ(MsgLogPrefix, "");
 }

@@ -40,6 +40,30 @@ TEST_F(CalcCommand, MessagesAreJsonLines) {
               "{\"ErrLevel\":\"E\",\"ErrForm\":\"B1\",\"ErrMessage\":\"No current record\"}\n");
 }
 
+TEST_F(CalcCommand, AnOverflowNamesItsCellAndWhatIsOld) {
+    std::string cells;
+    for (int line = 6; line < 16; ++line) cells += "A," + std::to_string(line) + ",Col_1,99999999999999\n";
+    Succeed({"enter", crf}, cells);
+    EXPECT_EQ(
+        Succeed({"calc", crf}),
+        R"({"ErrLevel":"E","ErrForm":"A","ErrMessage":"Overflow in A, line 29, column Col_1.  Worksheet A was not )"
+        R"(calculated to its end: some of its figures, and of those that follow from them, are of an earlier )"
+        "calculation.\"}\n");
+}
+
+// A statistic by which nothing can be allocated, or everything.
+TEST_F(CalcCommand, AStatisticWithoutMeaningIsTold) {
+    for (const char* statistic : {"1E-308", "1E308"}) {
+        Sql("UPDATE A SET Col_5 = 146500 WHERE LineNum = 1");
+        Sql("UPDATE B1 SET CC_100 = 0");
+        Sql(std::string("UPDATE B1 SET CC_100 = ") + statistic + " WHERE LineNum = 6");
+        const std::string told = Succeed({"calc", crf});
+        EXPECT_NE(told.find("Overflow in B1, line 29, column CC_100.  Worksheet B1 was not calculated"),
+                  std::string::npos)
+            << told;
+    }
+}
+
 TEST_F(CalcCommand, KnowsNoEditChecksYet) {
     const std::string before = Read_Bytes(crf);
     EXPECT_NE(Fail({"calc", crf, "--check"}, "", kExitUsage).find("--check"), std::string::npos);

@@ -1,6 +1,7 @@
 #include "common/db/error.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/text.h"
 
@@ -88,6 +89,14 @@ std::string Placed_Text(DbErrorCode code, std::string_view argument, std::string
     return text + " of: " + Shortened(statement, kLongestStatement);
 }
 
+std::string Text_At(DbErrorCode code, const DbPlace& where) {
+    std::string text = Text_Of(code, {});
+    if (!where.table.empty()) text += " in " + where.table;
+    if (!where.line.empty()) text += ", line " + where.line;
+    if (!where.field.empty()) text += (where.table.empty() ? " in column " : ", column ") + where.field;
+    return text;
+}
+
 }  // namespace
 
 DbError::DbError(DbErrorCode code, std::string_view argument)
@@ -103,5 +112,8 @@ bool DbError::Ends_Work() const {
     const DbErrorText* text = Find_Text(code_);
     return text != nullptr && text->scope == Scope::File;
 }
+
+DbError::DbError(DbErrorCode code, DbPlace where)
+    : std::runtime_error(Text_At(code, where)), code_(code), where_(std::move(where)) {}
 
 }  // namespace tallmar

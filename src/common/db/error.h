@@ -48,6 +48,11 @@ enum class DbErrorCode : int {
     Engine = 3000,  // anything else that the engine says
 };
 
+// A cell of the report; what is not known is empty.
+struct DbPlace {
+    std::string table, line, field;
+};
+
 class DbError : public std::runtime_error {
   public:
     // `argument` fills the placeholder of the code's text.
@@ -56,15 +61,19 @@ class DbError : public std::runtime_error {
     DbError(DbErrorCode code, std::string_view argument, std::string_view reason);
     // The statement's text and where in it, as a byte offset, the trouble stands: the description quotes the place.
     DbError(DbErrorCode code, std::string_view argument, std::string_view statement, std::size_t offset);
+    // "Overflow in A, line 29, column Col_5"
+    DbError(DbErrorCode code, DbPlace where);
 
     DbErrorCode Code() const { return code_; }
     int Number() const { return static_cast<int>(code_); }
     std::string Description() const { return what(); }
     // True where the file, the disk or the memory is the trouble: the next statement can do no better.
     bool Ends_Work() const;
+    const DbPlace& Where() const { return where_; }
 
   private:
     DbErrorCode code_;
+    DbPlace where_;
 };
 
 }  // namespace tallmar

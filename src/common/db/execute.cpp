@@ -3,6 +3,7 @@
 #include <optional>
 #include <unordered_set>
 
+#include "common/db/overflow.h"
 #include "common/db/table_design.h"
 
 namespace tallmar::db_detail {
@@ -102,12 +103,8 @@ std::int64_t Update_By_Match(Connection& connection, CachedPlan& plan, const std
     return applied;
 }
 
-}  // namespace
-
-std::int64_t Execute_Action(Connection& connection, std::string_view sql) {
-    connection.Require_Whole_Job();
-    LiftedStatement lifted;
-    const std::shared_ptr<CachedPlan> plan = connection.Plan_Of(sql, lifted);
+std::int64_t Run_Plan(Connection& connection, const std::shared_ptr<CachedPlan>& plan, std::string_view sql,
+                      const LiftedStatement& lifted) {
     switch (plan->plan.kind) {
         case Plan::Kind::Select:
             throw DbError(DbErrorCode::InvalidOperation, sql);
@@ -130,6 +127,19 @@ std::int64_t Execute_Action(Connection& connection, std::string_view sql) {
             return 0;
     }
     return 0;
+}
+
+}  // namespace
+
+std::int64_t Execute_Action(Connection& connection, std::string_view sql) {
+    connection.Require_Whole_Job();
+    LiftedStatement lifted;
+    const std::shared_ptr<CachedPlan> plan = connection.Plan_Of(sql, lifted);
+    try {
+        return Run_Plan(connection, plan, sql, lifted);
+    } catch (const DbError& error) {
+        throw Placed(error, connection, sql, lifted.literals);
+    }
 }
 
 }  // namespace tallmar::db_detail

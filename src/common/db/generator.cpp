@@ -407,4 +407,60 @@ SqliteText Generate_Find(const BoundFind& find) {
     return sql.Take();
 }
 
+namespace {
+
+const Bound* First_Field(const Bound& value) {
+    if (value.kind == BoundKind::Column) return &value;
+    for (const BoundPtr& part : value.args) {
+        if (const Bound* field = First_Field(*part)) return field;
+    }
+    return nullptr;
+}
+
+// Named by the first field that the value is made of.
+ProbedValue Probed_Read(const BoundSelect& select, const Bound& value, const std::string& otherwise) {
+    const Bound* field = First_Field(value);
+    if (field == nullptr) return {{}, otherwise, {}};
+    return {select.tables[static_cast<std::size_t>(field->index)].shape->name, field->field->name, {}};
+}
+
+}  // namespace
+
+Probe Generate_Probe(const BoundStatement& statement) {
+    const BoundSelect& select = statement.select;
+    const bool byRow = select.Has_Keys();
+    Probe probe;
+    probe.target = statement.target;
+    probe.table = statement.table;
+    if (select.tables.empty()) return probe;
+    const TableShape& table = *select.tables[static_cast<std::size_t>(statement.target)].shape;
+    probe.table = table.name;
+    if (const FieldDef* line = table.Find_Field(kLineField)) probe.lineField = line->name;
+    if (byRow) {
+        SqlWriter keys;
+        Write_Keys(keys, "SELECT ", select);
+        keys.From(select);
+        Write_Where(keys, select.where.get());
+        probe.keys = keys.Take();
+    }
+    const auto text_of = [&](const Bound& value) {
+        if (byRow) return Row_By_Keys(select, {&value});
+        SqlWriter sql;
+        Write_Select(sql, select, {&value});
+        return sql.Take();
+    };
+    const auto add = [&](ProbedValue named, const Bound& value) {
+        named.sql = text_of(value);
+        probe.values.push_back(std::move(named));
+    };
+    for (const BoundValue& each : statement.values) {
+        const bool read = statement.fromSelect;
+        add(read ? Probed_Read(select, *each.value, each.field) : ProbedValue{table.name, each.field, {}}, *each.value);
+    }
+    for (const BoundOutput& output : select.outputs) {
+        add(Probed_Read(select, *output.value, output.column.name), *output.value);
+    }
+    return probe;
+}
+
 }  // namespace tallmar

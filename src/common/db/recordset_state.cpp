@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "common/db/overflow.h"
 #include "common/db/storage.h"
 #include "common/text.h"
 
@@ -136,8 +137,12 @@ std::shared_ptr<RecordsetState> Open_Rows(const std::shared_ptr<Connection>& con
     state->rows = std::make_shared<RowList>();
     const bool haveKeys = !state->Select().keys.sql.empty();
     state->updatable = haveKeys && type != RecordsetType::Snapshot;
-    if (haveKeys) Read_Keys(*connection, *state);
-    if (!state->updatable) Read_Values(*connection, *state);
+    try {
+        if (haveKeys) Read_Keys(*connection, *state);
+        if (!state->updatable) Read_Values(*connection, *state);
+    } catch (const DbError& error) {
+        throw Placed(error, *connection, state->source, state->literals);
+    }
     state->Go(0);
     return state;
 }
@@ -154,7 +159,14 @@ Row Visit_Rows(Connection& connection, std::string_view select, const std::funct
     std::vector<std::string> columns;
     for (const OutputColumn& column : read.columns) columns.push_back(column.name);
     const auto names = std::make_shared<const std::vector<std::string>>(std::move(columns));
-    for (bool goOn = true; goOn && statement.Step();) {
+    const auto step = [&] {
+        try {
+            return statement.Step();
+        } catch (const DbError& error) {
+            throw Placed(error, connection, source, lifted.literals);
+        }
+    };
+    for (bool goOn = true; goOn && step();) {
         std::vector<Value> values;
         values.reserve(read.columns.size());
         for (std::size_t i = 0; i < read.columns.size(); ++i) {

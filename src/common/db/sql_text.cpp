@@ -1,11 +1,27 @@
 #include "common/db/sql_text.h"
 
+#include <cmath>
 #include <cstdio>
 
 #include "common/dates.h"
+#include "common/db/error.h"
+#include "common/numbers.h"
 #include "common/text.h"
 
 namespace tallmar {
+
+namespace {
+
+std::string Finite_Text(double number) {
+    if (!std::isfinite(number)) throw DbError(DbErrorCode::Overflow);
+    return Number_Text(number);
+}
+
+}  // namespace
+
+void Append_Sql(std::string& sql, double part) {
+    sql += Finite_Text(part);
+}
 
 void Append_Sql(std::string& sql, const Value& part) {
     struct {
@@ -13,7 +29,7 @@ void Append_Sql(std::string& sql, const Value& part) {
         std::string operator()(bool v) const { return v ? "True" : "False"; }
         std::string operator()(std::int32_t v) const { return std::to_string(v); }
         std::string operator()(Currency v) const { return v.To_Text(); }
-        std::string operator()(double v) const { return Number_Text(v); }
+        std::string operator()(double v) const { return Finite_Text(v); }
         std::string operator()(Date v) const { return Date_Literal(v); }
         std::string operator()(const std::string& v) const { return Quoted(v); }
     } visitor;

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "common/numbers.h"
 #include "common/value.h"
 
 namespace tallmar {
@@ -24,9 +23,8 @@ inline void Append_Sql(std::string& sql, int part) {
 inline void Append_Sql(std::string& sql, Currency part) {
     sql += part.To_Text();
 }
-inline void Append_Sql(std::string& sql, double part) {
-    sql += Number_Text(part);
-}
+// Throws Overflow for a number that is not finite: no statement has a word for it.
+void Append_Sql(std::string& sql, double part);
 // A value read from the report: Null as the word Null, a number with every digit, a text in double quotes with the
 // quotes in it doubled, a date between # signs.
 void Append_Sql(std::string& sql, const Value& part);
