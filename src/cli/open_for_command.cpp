@@ -1,5 +1,7 @@
 #include "cli/open_for_command.h"
 
+#include <exception>
+
 #include "report/report_lock.h"
 
 namespace tallmar {

@@ -1,6 +1,7 @@
 #include "report/report_lock.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -116,6 +117,29 @@ TEST_F(ReportLockTest, AReportOpenInAnotherWindowIsRefused) {
     other.Close();
     EXPECT_EQ(Files(), Names{"Agency.CRF"});
     EXPECT_TRUE(Report_Open(report));
+}
+
+// What a made-up lock file says reaches no terminal.
+TEST_F(ReportLockTest, AHolderThatIsNoPlainTextIsNotNamed) {
+    Closed_Report();
+    for (const char* holder :
+         {"Tallmar 1728\x1b[31m", "Tallmar 1728, user \x01", "Tallmar 1728\xff", "\tTallmar 1728"}) {
+        Write(lock, holder);
+        const int file = ::open(lock.c_str(), O_RDWR);
+        ASSERT_EQ(::flock(file, LOCK_EX), 0);
+        const bool ours = std::string_view(holder).starts_with("Tallmar");
+        if (ours) {
+            platform.Expect_Box(
+                kInUse,
+                "The report " + report +
+                    " is open in another program.  Nothing was changed.  Close the report there and try "
+                    "again.",
+                Answer::Ok, kStop);
+        }
+        EXPECT_EQ(Report_Open(report), !ours) << "a file of somebody else's is no lock";
+        Report_Release();
+        ::close(file);
+    }
 }
 
 TEST_F(ReportLockTest, AKilledWindowHoldsNobodyUp) {
