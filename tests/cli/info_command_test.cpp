@@ -19,6 +19,14 @@ TEST_F(InfoCommand, TheTextTellsIdentityCountsAndRegistry) {
     }
 }
 
+// A name that another program wrote is shown, and not obeyed by the terminal.
+TEST_F(InfoCommand, ControlCharactersOfANameAreNotPrinted) {
+    New();
+    Sql("UPDATE Master SET ProviderName = \"Prairie \x1b[31mHearth\r\nProvider 99\"");
+    const std::string text = Succeed({"info", crf});
+    EXPECT_TRUE(text.starts_with("Prairie ?[31mHearth Provider 99\nProvider     14-7100\n")) << text.substr(0, 80);
+}
+
 TEST_F(InfoCommand, JsonTellsTheSame) {
     New();
     const auto info = nlohmann::json::parse(Succeed({"info", crf, "--json"}));

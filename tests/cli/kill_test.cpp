@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-constexpr int kKillsACommand = 24;
+constexpr int kKillsACommand = 20;
 
 pid_t Start(const Args& args) {
     const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar";
@@ -135,6 +135,13 @@ TEST_F(KillTest, SaveAsLeavesNoCopyOrAWholeOne) {
     Make_Sample(Path("original-r.CRF"));
     Kill_At_Random_Moments({{"r.CRF", Path("original-r.CRF")}}, {"save-as", Path("r.CRF"), Path("copy.CRF")},
                            "copy.CRF", 5);
+}
+
+TEST_F(KillTest, SaveAsOverAnOlderReportLeavesOneOfTheTwo) {
+    Make_Sample(Path("original-r.CRF"));
+    ASSERT_EQ(Run_Tallmar(New_Command(Path("original-old.CRF"), "An Older Home Health Agency")).status, 0);
+    Kill_At_Random_Moments({{"r.CRF", Path("original-r.CRF")}, {"copy.CRF", Path("original-old.CRF")}},
+                           {"save-as", Path("r.CRF"), Path("copy.CRF"), "--answer", "yes"}, "copy.CRF", 7);
 }
 
 TEST_F(KillTest, CompactKeepsEveryCell) {

@@ -35,6 +35,17 @@ TEST_F(NewCommand, NamesMayHoldQuotesAndBrackets) {
     EXPECT_EQ(Sql("SELECT Col_1 FROM S2 WHERE LineNum = 2"), "{\"Col_1\":\"[\\\"O'Hara\\\", Sons & \\\\ Co.]\"}\n");
 }
 
+TEST_F(NewCommand, AFacilityNameHoldsNoControlCharacters) {
+    for (const char* name : {"Prairie \x1b[31mHearth", "Prairie\nHearth", "Prairie\tHearth", "Prairie\x7fHearth",
+                             "Prairie\xC2\x9BHearth"}) {
+        EXPECT_EQ(Fail({"new", crf, "--provider", "14-7100", "--start", "10/1/2015", "--name", name}),
+                  "Error: Invalid Facility Name: Facility Name holds a line break or another character that cannot be "
+                  "printed.  Please (re-)enter.\n");
+    }
+    EXPECT_TRUE(Names().empty());
+    Succeed({"new", crf, "--provider", "14-7100", "--start", "10/1/2015", "--name", "Soins \xC3\xA0 Domicile"});
+}
+
 TEST_F(NewCommand, EachEntryIsCheckedAndNothingMade) {
     struct Case {
         std::string provider, start, end, name, box;
