@@ -12,6 +12,7 @@
 #include "common/worksheets.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
+#include "report/entry_age.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
 #include "report/run_log.h"
@@ -154,6 +155,7 @@ void Calc_All() {
         job.Roll_Back();
         throw;
     }
+    Entry_Age().Calculated(Msg_Log_Count(kLogPrefix));
     The_Platform().Progress(" Calculations completed.");
     End_Msg_Log(kLogPrefix);
 }

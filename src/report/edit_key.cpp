@@ -4,6 +4,7 @@
 #include "common/format.h"
 #include "common/platform.h"
 #include "report/backup.h"
+#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/store.h"
 #include "report/upgrade.h"
@@ -79,6 +80,17 @@ void Store_Identity(const Identity& identity) {
     FormNum = "1728";
 }
 
+namespace {
+
+// From the editor: on S-2 the cells are counted.
+void Save_Identity(const Identity& identity) {
+    const bool isOther = identity != Present_Identity();
+    Store_Identity(identity);
+    if (isOther) Entry_Age().Other_Entry();
+}
+
+}  // namespace
+
 NewReportEntries Load_Edit_Key() {
     return {.formNum = FormNum,
             .providerNumber = ProviderNumber,
@@ -90,14 +102,14 @@ NewReportEntries Load_Edit_Key() {
 EntryField Save_Edit_Key(NewReportEntries& entries) {
     Identity identity;
     const EntryField failed = Check_Edit_Key(entries, identity);
-    if (failed == EntryField::None) Store_Identity(identity);
+    if (failed == EntryField::None) Save_Identity(identity);
     return failed;
 }
 
 bool Save_Edit_Key_As(NewReportEntries& entries, const std::string& path) {
     Identity identity;
     if (Check_Edit_Key(entries, identity) != EntryField::None || !Report_Save_As(path)) return false;
-    Store_Identity(identity);
+    Save_Identity(identity);
     return true;
 }
 
@@ -105,7 +117,7 @@ bool Save_Edit_Key_As_Dialog(NewReportEntries& entries, EntryField& failed) {
     Identity identity;
     failed = Check_Edit_Key(entries, identity);
     if (failed != EntryField::None || !Report_Save_As_Dialog()) return false;
-    Store_Identity(identity);
+    Save_Identity(identity);
     return true;
 }
 

@@ -73,12 +73,8 @@ bool Is_Log(const std::string& table) {
 }
 
 void Show_Log(std::string_view prefix) {
+    if (Msg_Log_Count(prefix) == 0) return;
     const std::string table = Log_Table(prefix);
-    TableDefs tables = db.TableDefs();
-    tables.Refresh();
-    if (!tables.Has(table)) return;
-    if (db.Read_Row(Sql("Select Count(ErrMessage) as Cnt From ", table, ";"))["Cnt"].To_Long() == 0) return;
-
     std::vector<Platform::BatchMessage> messages;
     Recordset rows =
         db.OpenRecordset(Sql("Select * From ", table, " Order By ErrForm, ErrLevel;"), RecordsetType::Snapshot);
@@ -109,6 +105,15 @@ void End_Msg_Log(std::string_view prefix, bool quiet) {
         ~Release() { MsgLogPrefix.clear(); }
     } release;
     if (!quiet) Show_Log(prefix);
+}
+
+std::size_t Msg_Log_Count(std::string_view prefix) {
+    const std::string table = Log_Table(prefix);
+    TableDefs tables = db.TableDefs();
+    tables.Refresh();
+    if (!tables.Has(table)) return 0;
+    const Row count = db.Read_Row(Sql("Select Count(ErrMessage) as Cnt From ", table, ";"));
+    return static_cast<std::size_t>(count["Cnt"].To_Long());
 }
 
 Answer Report_Msg(std::string_view prompt, int buttons, std::string_view title) {

@@ -8,6 +8,7 @@
 #include "report/chart.h"
 #include "report/close_file.h"
 #include "report/code_lists.h"
+#include "report/entry_age.h"
 #include "report/master.h"
 #include "report/paths.h"
 #include "report/replace.h"
@@ -62,6 +63,7 @@ void Load_Values() {
     Load_HeaderLines();
     Load_MSA();
     Load_AGOption();
+    Entry_Age().Report_Opened();
 }
 
 bool System_Error(const std::exception& error) {
@@ -199,10 +201,14 @@ bool Report_Save_As(const std::string& path) {
     return copied && Report_Is_Open();
 }
 
-bool Report_Save_As_Dialog() {
+std::optional<std::string> Ask_Save_As_Path() {
     const std::string folder = Dialog_Folder();
-    const auto path =
-        The_Platform().Save_File({folder, folder + "\\*.CRF", "Save Cost Report File As ...", kExtension, kFilter});
+    return The_Platform().Save_File(
+        {folder, folder + "\\" + CRFTitle, "Save Cost Report File As ...", kExtension, kFilter});
+}
+
+bool Report_Save_As_Dialog() {
+    const auto path = Ask_Save_As_Path();
     return path && Report_Save_As(*path);
 }
 
@@ -246,6 +252,7 @@ bool CreateCRF() {
         return System_Error(error);
     }
     Load_HeaderLines();
+    Entry_Age().Report_Opened();
     return true;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ bool Report_Save_As(const std::string& path);
 // The same for a job without a window: the report is closed, and the copy is not opened. `trouble` takes the reason
 // that the box does not tell.
 bool Report_Copy_To(const std::string& path, std::string& trouble);
+// The path that the dialog of Save As answers, which offers the present name. Nothing when it was cancelled.
+std::optional<std::string> Ask_Save_As_Path();
 bool Report_Save_As_Dialog();
 // Repairs, compacts and closes. False where the user kept a form open; the report then stays open.
 bool Report_Close();

@@ -35,9 +35,13 @@ std::string Window_Caption() {
     return caption;
 }
 
+std::string Path_Line() {
+    return db.Is_Open() && db.Is_Read_Only() ? CRFPath + " (read only)" : CRFPath;
+}
+
 void Show_Caption() {
     The_Platform().Set_Text("frmMain", Window_Caption());
-    The_Platform().Set_Text("lblCRFName", CRFPath);
+    The_Platform().Set_Text("lblCRFName", Path_Line());
     The_Platform().Set_Enabled("mnuReportSubmit", false);
 }
 
@@ -58,7 +62,7 @@ void Show_Report() {
     window.Set_Text("tmrMain.Tag", "");
     window.Set_Text("tmrMain.Interval", "100");
     window.Set_Enabled("tmrMain", true);
-    window.Set_Text("lblCRFName", CRFPath);
+    window.Set_Text("lblCRFName", Path_Line());
     window.Set_Visible("fraWelcome", false);
     window.Set_Enabled("mnuReportSubmit", false);
 }

@@ -14,6 +14,8 @@ void Load_ProductTitle();
 std::string Short_Version();
 // "<product title> Tallmar 1728 (version 1.0)", with " -- <CRFTitle>" behind it while a report is open.
 std::string Window_Caption();
+// CRFPath, with " (read only)" behind it where the report cannot be written.
+std::string Path_Line();
 void Show_Caption();
 void Show_No_Report();
 void Show_Report();

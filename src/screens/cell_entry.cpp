@@ -8,6 +8,7 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "common/variant.h"
+#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/cell_place.h"
@@ -223,9 +224,28 @@ CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
     } catch (const DbError& error) {
         return Refused(kNotStored, error.Description());
     }
+    Note_Entries();
     stored = std::exchange(row_, {});
     changed_ = true;
     return {};
+}
+
+// Names that a number fills in beside it are no entries, nor is what stands in a table that is no worksheet.
+void OpenForm::Note_Entries() const {
+    if (Find_Family(item_) == nullptr) return;
+    if (!row_.Exists()) Entry_Age().Row_Added_Or_Removed(table_, row_.Line());
+    for (const auto& [field, value] : row_.Entered()) {
+        const GridColumn* column = Find_Column(field);
+        if (column == nullptr || column->kind == CellKind::Shown) continue;
+        Entry_Age().Cell_Stored(table_, row_.Line(), field, row_.Stored(field), value);
+    }
+}
+
+void OpenForm::Note_Rows(const TableChange& change) const {
+    if (Find_Family(item_) == nullptr) return;
+    for (const RowChange& row : change.rows) {
+        if (row.before.empty() != row.after.empty()) Entry_Age().Row_Added_Or_Removed(table_, row.line);
+    }
 }
 
 void OpenForm::Cancel_Row() {

@@ -99,6 +99,9 @@ class OpenForm {
 
   private:
     CellOutcome Store_Row(RowUnderEdit& stored);
+    // What goes into the table counts as not calculated: the entries of the row, and rows that came or went.
+    void Note_Entries() const;
+    void Note_Rows(const TableChange& change) const;
     void Record_Row(const RowUnderEdit& stored);
     void Record(EditPart part, std::string_view what);
     void Settle_Sides();

@@ -81,6 +81,7 @@ Currency OpenForm::Add_Row(Currency current) {
     job.Commit();
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
     part.structure = Difference(before, Read_State(table_, form_.where));
+    Note_Rows(*part.structure);
     Record(std::move(part), Sql("line ", Line_Text(line), " added"));
     return line;
 }
@@ -102,6 +103,7 @@ bool OpenForm::Remove_Row(Currency line) {
     // A line of the form's own stays.
     if (part.structure->rows.empty()) return true;
     part.sides = Differences(sides, Read_Sides(form_.sides, line));
+    Note_Rows(*part.structure);
     Record(std::move(part), Sql("line ", Line_Text(line), " removed"));
     return true;
 }
@@ -174,6 +176,7 @@ std::size_t OpenForm::Undo_Part(const EditPart& part, UndoOutcome& outcome) {
         return 0;
     }
     Put_Back(*part.structure);
+    Note_Rows(*part.structure);
     changed_ = true;
     return 1;
 }

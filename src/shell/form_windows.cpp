@@ -13,6 +13,7 @@
 #include "common/platform.h"
 #include "common/text.h"
 #include "common/wait_pointer.h"
+#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/window.h"
 #include "screens/view/qt_text.h"
@@ -29,6 +30,9 @@ constexpr std::string_view kFormBeginnings[] = {"FRMEDIT", "FRMVIEW"};
 // Forms that stay open when the identity of the report changes.
 constexpr std::string_view kIdentityForms[] = {"frmEditS2", "frmViewS2"};
 constexpr std::string_view kCostCenterForm = "frmEditCCs";
+constexpr std::string_view kReadOnlyTitle = "Read Only Report";
+constexpr std::string_view kReadOnlyText =
+    "The report is read only and cannot be calculated.  Report File > Save As makes a copy that can.";
 constexpr int kMainHeightPercent = 90;
 constexpr int kMinZoom = 50, kMaxZoom = 300;
 
@@ -178,6 +182,12 @@ void FormWindows::Requery_All() {
     }
 }
 
+void FormWindows::Show_Age() {
+    for (WorksheetForm* form : Forms()) {
+        if (auto* view = qobject_cast<ViewForm*>(form)) view->Show_Age();
+    }
+}
+
 // The grid is still at work on the row that it has stored: windows close when it is done.
 void FormWindows::Follow_Identity(WorksheetForm& form) {
     const Identity identity = Present_Identity();
@@ -214,6 +224,10 @@ void FormWindows::Drop_All() {
 }
 
 bool Calculate_Report() {
+    if (db.Is_Read_Only()) {
+        The_Platform().Message_Box(kReadOnlyText, kExclamation, kReadOnlyTitle);
+        return false;
+    }
     const WaitPointer wait;
     try {
         Calc_All();
@@ -235,6 +249,7 @@ void FormWindows::Recalculate(WorksheetForm& form) {
     form.Grid().setFocus();
     Requery_All();
     if (edits && calculated) Open_Worksheet_Form(FormMode::View, item);
+    emit Stored(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : tr("Not calculated."));
 }
 
 std::vector<WorksheetForm*> FormWindows::Forms() const {

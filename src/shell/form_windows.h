@@ -38,6 +38,8 @@ class FormWindows : public QObject {
     bool Commit_Rows();
     // Reads all forms' rows again, keeping their places; a form whose worksheet is gone goes too.
     void Requery_All();
+    // The views say whether their figures are older than the entries.
+    void Show_Age();
 
     // The identity of the report was changed, `by` a form or by the identity editor: the other forms of Worksheet S-2
     // read their rows again, and every other form closes but the cost centers'.
@@ -63,6 +65,7 @@ class FormWindows : public QObject {
   signals:
     // A form was opened, closed or brought up.
     void Changed();
+    // What was stored or calculated, for the line at the foot of the window.
     void Stored(const QString& what);
 
   protected:

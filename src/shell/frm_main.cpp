@@ -16,6 +16,7 @@
 
 #include "common/db/error.h"
 #include "common/platform.h"
+#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/store.h"
 #include "report/window.h"
@@ -36,7 +37,6 @@ constexpr int kMargin = 6;
 constexpr QSize kFirstSize{1100, 760};
 constexpr int kHelpLines = 22;
 constexpr int kHelpColumns = 60;
-constexpr int kTellMilliseconds = 8000;
 
 }  // namespace
 
@@ -49,6 +49,7 @@ FrmMain::FrmMain(const JobGuard& guard)
       picLogo_(new QLabel(head_)),
       lblCRFName_(new QLabel(head_)),
       lblForm_(new QLabel(head_)),
+      lblEntries_(new QLabel(this)),
       txtCalcMsg_(new QLabel(this)),
       help_(new HelpScroller(area_->viewport())),
       forms_(new FormWindows(area_)),
@@ -128,7 +129,10 @@ void FrmMain::Lay_Out() {
     txtCalcMsg_->setTextFormat(Qt::PlainText);
     txtCalcMsg_->setVisible(false);
     statusBar()->setObjectName("sbrMain");
+    lblEntries_->setObjectName("lblEntries");
+    lblEntries_->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(txtCalcMsg_);
+    statusBar()->addPermanentWidget(lblEntries_);
 }
 
 void FrmMain::Draw() {
@@ -155,6 +159,27 @@ void FrmMain::Refresh_Menus() {
     if (!CRFPath.empty() && Report_Is_Open()) Add_Recent_File(CRFPath);
     menus_->Set_Enabled("mnuReportRecent", !Recent_Files().empty());
     for (WorksheetForm* form : forms_->Forms()) form->Refresh_Neighbours();
+    Tell_Of_Report();
+    Show_Age();
+}
+
+void FrmMain::Tell_Of_Report() {
+    const std::string path = Report_Is_Open() ? CRFPath : std::string();
+    if (std::exchange(reportPath_, path) == path || path.empty()) return;
+    const QString title = Qt_Text(CRFTitle);
+    Tell(db.Is_Read_Only() ? tr("%1 is read only and takes no entry. Save As makes a copy that does.").arg(title)
+                           : tr("%1 opened.").arg(title));
+}
+
+void FrmMain::Show_Age() {
+    QString text;
+    if (Report_Is_Open()) {
+        Entry_Age().Remember();
+        text = db.Is_Read_Only() ? tr("Read only") : Qt_Text(Entry_Age().Text());
+    }
+    lblEntries_->setText(text);
+    lblEntries_->setAccessibleName(text);
+    forms_->Show_Age();
 }
 
 void FrmMain::Set_Enabled(std::string_view control, bool enabled) {
@@ -212,13 +237,14 @@ void FrmMain::Show_Progress(const QString& text) {
 }
 
 void FrmMain::Tell(const QString& what) {
-    statusBar()->showMessage(what, kTellMilliseconds);
+    statusBar()->showMessage(what);
+    Show_Age();
 }
 
 void FrmMain::Look_For_Changes() {
     if (guard_.Is_On() || QApplication::activeModalWidget() != nullptr || !Report_Is_Open()) return;
     Refresh_Menus();
-    if (!db.Changed_Elsewhere()) return;
+    if (!Entry_Age().Look_Elsewhere()) return;
     forms_->Requery_All();
     Tell(tr("Another program has changed the report: its worksheets were read again."));
 }
@@ -231,6 +257,7 @@ void FrmMain::Forms_Changed() {
     menus_->Set_Enabled("mnuEditUndo", edits);
     menus_->Set_Enabled("mnuEditPaste", edits);
     lblForm_->setText(Qt_Text(forms_->Caption_Out_Of_Sight()));
+    Show_Age();
 }
 
 void FrmMain::Fill_Window_List() {

@@ -36,7 +36,7 @@ class FrmMain : public QMainWindow {
     void Set_Text(std::string_view control, const QString& text);
     // The text of txtCalcMsg; empty hides it.
     void Show_Progress(const QString& text);
-    // A word on what was done, at the foot of the window.
+    // A word on what was done, at the foot of the window until the next one; the count of the entries follows it.
     void Tell(const QString& what);
 
     // Reports that another program has changed are read again.
@@ -56,6 +56,10 @@ class FrmMain : public QMainWindow {
     void Set_Open(bool open);
     void Place_Help();
     void Forms_Changed();
+    // How old the figures are, at the foot of the window and in the views.
+    void Show_Age();
+    // A word on the report that was opened since the last time.
+    void Tell_Of_Report();
     void Fill_Window_List();
     void Fill_Recent_Files();
 
@@ -67,11 +71,13 @@ class FrmMain : public QMainWindow {
     QLabel* picLogo_;
     QLabel* lblCRFName_;
     QLabel* lblForm_;
+    QLabel* lblEntries_;
     QLabel* txtCalcMsg_;
     HelpScroller* help_;
     FormWindows* forms_;
     MenuBar* menus_;
     QString caption_;
+    std::string reportPath_;   // that was told of
     QPointer<QWidget> focus_;  // where it was as the window was shut
 };
 

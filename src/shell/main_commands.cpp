@@ -5,6 +5,7 @@
 #include <array>
 
 #include "common/platform.h"
+#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/store.h"
 #include "screens/view/qt_text.h"
@@ -39,12 +40,18 @@ void Open_Report(FrmMain&) {
     Report_Open_Dialog();
 }
 
-void Close_Report(FrmMain&) {
-    Report_Close();
+void Close_Report(FrmMain& main) {
+    const bool readOnly = db.Is_Read_Only();
+    if (Report_Close()) main.Tell(readOnly ? main.tr("Closed.") : main.tr("Closed, compacted."));
 }
 
+// A row under edit goes into both: it was entered before the copy was asked for. One that cannot be stored goes into
+// the copy, and a cancelled dialog stores nothing.
 void Save_Report_As(FrmMain& main) {
-    if (main.Forms().Commit_Rows()) Report_Save_As_Dialog();
+    const auto path = Ask_Save_As_Path();
+    if (!path || (!db.Is_Read_Only() && !main.Forms().Commit_Rows()) || !Report_Save_As(*path)) return;
+    main.Tell(main.tr("Saved as %1.").arg(Qt_Text(CRFTitle)));
+    main.Forms().Requery_All();
 }
 
 void Edit_Identity(FrmMain& main) {
@@ -55,9 +62,10 @@ void Edit_Identity(FrmMain& main) {
 void Calculate(FrmMain& main) {
     if (!main.Forms().Commit_Rows()) return;
     The_Platform().Set_Enabled("mnuReportCalculate", false);
-    Calculate_Report();
+    const bool calculated = Calculate_Report();
     The_Platform().Set_Enabled("mnuReportCalculate", true);
     main.Forms().Requery_All();
+    main.Tell(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : main.tr("Not calculated."));
 }
 
 constexpr std::string_view kQualityApplication = "Tallmar", kQualitySection = "Printing", kQualityKey = "PrintQuality";

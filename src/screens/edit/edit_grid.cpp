@@ -8,7 +8,7 @@
 
 #include "common/db/sql_text.h"
 #include "common/platform.h"
-#include "report/open_report.h"
+#include "report/entry_age.h"
 #include "screens/cell_place.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/entry_guard.h"
@@ -149,7 +149,7 @@ bool EditGrid::Store_Row() {
     const QScopedValueRollback asking(asking_, true);
     const QString stored = Stored_Text(Entered_Cells(form), form.Under_Edit().Line());
     try {
-        const bool changedElsewhere = db.Changed_Elsewhere();
+        const bool changedElsewhere = Entry_Age().Look_Elsewhere();
         if (!May_Overwrite()) return false;
         const CellOutcome outcome = Entries().Store_Row();
         if (outcome.stored && changedElsewhere) Entries().Refresh();

@@ -16,7 +16,8 @@
 namespace tallmar {
 
 void EditGrid::Tell_Why_Locked(const QModelIndex& index) {
-    if (db.Is_Read_Only()) return emit Told(tr("The report is read only and takes no entry."));
+    if (db.Is_Read_Only())
+        return emit Told(tr("The report is read only and takes no entry. Save As makes a copy that does."));
     if (!index.isValid() || index.row() != Entries().Row_Under_Edit()) return;
     emit Told(Qt_Text(Entries().Enter(index, {}).text));
 }

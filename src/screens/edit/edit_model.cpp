@@ -116,9 +116,9 @@ void EditModel::Requery() {
 }
 
 QVariant EditModel::data(const QModelIndex& index, int role) const {
-    if (role != kShadedRole || !index.isValid() || Column(index.column()).number.empty()) {
-        return GridModel::data(index, role);
-    }
+    if ((role != kShadedRole && role != kLabelRole) || !index.isValid()) return GridModel::data(index, role);
+    if (db.Is_Read_Only()) return role == kShadedRole;
+    if (Column(index.column()).number.empty() != (role == kLabelRole)) return false;
     const auto row = static_cast<std::size_t>(index.row());
     if (open_.size() <= row) open_.resize(row + 1);
     std::vector<bool>& open = open_[row];

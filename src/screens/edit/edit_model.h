@@ -38,7 +38,8 @@ class EditModel : public GridModel {
     void Refresh();
 
     void Requery() override;
-    // Numbered cells that take no entry are shaded, whatever they hold.
+    // Numbered cells that take no entry are shaded, whatever they hold, the others are labels. In a report that is read
+    // only every cell is shaded.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     // As a person enters it: a refusal is shown, and so is that of a row before.

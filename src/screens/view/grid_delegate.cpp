@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kShadedShare = 16;
 constexpr int kTotalShare = 6;
+constexpr int kLabelShare = 8;
 constexpr int kLineShare = 22;
 
 int Mixed(int under, int over, int share) {
@@ -34,6 +35,10 @@ QColor Total_Tone(const QPalette& palette) {
     return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), kTotalShare);
 }
 
+QColor Label_Tone(const QPalette& palette) {
+    return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), kLabelShare);
+}
+
 QColor Line_Tone(const QPalette& palette) {
     return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), kLineShare);
 }
@@ -45,6 +50,7 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
         option->fontMetrics = QFontMetrics(option->font);
         option->backgroundBrush = Total_Tone(option->palette);
     }
+    if (index.data(kLabelRole).toBool()) option->backgroundBrush = Label_Tone(option->palette);
     if (index.data(kShadedRole).toBool()) option->backgroundBrush = Shaded_Tone(option->palette);
 }
 

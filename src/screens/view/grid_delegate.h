@@ -1,5 +1,5 @@
-// How a cell is painted: lines around it, shaded cells grey, rows of totals set apart. The tones come from the palette
-// in use.
+// How a cell is painted: lines around it, shaded cells grey, labels light grey, rows of totals set apart. The tones
+// come from the palette in use.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -11,6 +11,8 @@ QColor Mixed(const QColor& under, const QColor& over, int share);
 // The ground of a cell that takes nothing, and that of a row of totals: apart from the plain one in every palette.
 QColor Shaded_Tone(const QPalette& palette);
 QColor Total_Tone(const QPalette& palette);
+// Of line numbers, groups and names: lighter than a shaded cell.
+QColor Label_Tone(const QPalette& palette);
 // The lines between cells. A style's own may be lost on a dark ground.
 QColor Line_Tone(const QPalette& palette);
 

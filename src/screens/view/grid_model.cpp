@@ -131,6 +131,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
             return int(Qt::AlignVCenter | (Is_Figure(column) ? Qt::AlignRight : Qt::AlignLeft));
         case kShadedRole:
             return Is_Shaded(form_.Description(), column, Cell(index.row(), column));
+        case kLabelRole:
+            return index.column() < frozen_;
         case kTotalRole:
             return static_cast<bool>(totals_[static_cast<std::size_t>(index.row())]);
         default:

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <array>
 
+#include "report/entry_age.h"
 #include "screens/view/qt_text.h"
 #include "screens/view/worksheet_form.h"
 
@@ -44,8 +45,16 @@ void Show_Line_Set(const WorksheetForm& form, const LineSet& set) {
 }  // namespace
 
 ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* parent)
-    : WorksheetForm(FormMode::View, description, std::move(item), parent) {
+    : WorksheetForm(FormMode::View, description, std::move(item), parent), lblAge_(new QLabel(this)) {
     Set_Up(new GridModel(Form()), new GridView(this));
+    lblAge_->setObjectName("lblAge");
+    lblAge_->setWordWrap(true);
+    lblAge_->setAutoFillBackground(true);
+    lblAge_->setBackgroundRole(QPalette::ToolTipBase);
+    lblAge_->setForegroundRole(QPalette::ToolTipText);
+    lblAge_->setMargin(fontMetrics().averageCharWidth() / 2);
+    Add_Above_Grid(lblAge_);
+    Show_Age();
     QPushButton* recalculate =
         Add_Button("cmdRecalculate", tr("Recalc&ulate"), tr("Calculate the whole report and show the results here"));
     connect(recalculate, &QPushButton::clicked, this, &WorksheetForm::Recalculate_Requested);
@@ -67,6 +76,16 @@ ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* paren
         txtCalcMsg_->hide();
     }
     Layout_Buttons();
+}
+
+void ViewForm::Show_Age() {
+    const EntryAge& age = Entry_Age();
+    if (age.Is_Older()) {
+        lblAge_->setText(
+            tr("%1: figures here may be older. Recalculate brings them up to date.").arg(Qt_Text(age.Text())));
+        lblAge_->setAccessibleName(lblAge_->text());
+    }
+    lblAge_->setVisible(age.Is_Older());
 }
 
 void ViewForm::Requery() {

@@ -109,9 +109,13 @@ class ViewForm : public WorksheetForm {
   public:
     ViewForm(const FormDescription& description, Item item, QWidget* parent = nullptr);
     void Requery() override;
+    // Shows or hides the line above the grid that says that the figures may be older than the entries.
+    void Show_Age();
 
   private:
     void Add_Line_Sets();
+
+    QLabel* lblAge_;
 
     QLabel* txtCalcMsg_ = nullptr;  // B-1 only
 };

@@ -39,11 +39,13 @@ TEST(Hostile, AReadOnlyReportIsShownAndTakesNothing) {
     desk.At(6, 1);
     Desk::Type("1200");
     EXPECT_EQ(desk.Editor(), nullptr);
-    EXPECT_EQ(desk.Told(), "The report is read only and takes no entry.");
+    EXPECT_EQ(desk.Told(), "The report is read only and takes no entry. Save As makes a copy that does.");
     Desk::Press(Qt::Key_Return);
     EXPECT_EQ(desk.Shown(6, 1), "0");
     EXPECT_EQ(Desk::Stored("A", 6, 1), "0");
-    desk.Expect("Error: Calculation Failed", "The file '" + path + "' is read only", Answer::Ok, kStop);
+    desk.Expect("Read Only Report",
+                "The report is read only and cannot be calculated.  Report File > Save As makes a copy that can.",
+                Answer::Ok, kExclamation);
     desk.Push("cmdRecalculate");
     desk.Expect_Close_All("frmEditA", Answer::Ok);
     desk.Choose("mnuReportClose");

@@ -12,7 +12,8 @@ namespace {
 struct Leaving {
     const char* name;
     void (*leave)(Desk&);
-    bool asks = false;  // all forms are to be closed
+    bool asks = false;           // all forms are to be closed
+    const char* file = nullptr;  // that a dialog asks for first
     friend std::ostream& operator<<(std::ostream& out, const Leaving& leaving) { return out << leaving.name; }
 };
 constexpr Leaving kLeavings[] = {
@@ -24,7 +25,7 @@ constexpr Leaving kLeavings[] = {
     {"OtherRow", [](Desk& desk) { desk.At(9, 2); }},
     {"CalculateEntry", [](Desk& desk) { desk.Choose("mnuReportCalculate"); }},
     {"CloseAllEdits", [](Desk& desk) { desk.Choose("mnuEditClose"); }},
-    {"SaveAs", [](Desk& desk) { desk.Choose("mnuReportSaveAs"); }},
+    {"SaveAs", [](Desk& desk) { desk.Choose("mnuReportSaveAs"); }, false, "copy.CRF"},
     {"Identity", [](Desk& desk) { desk.Choose("mnuReportKey"); }},
     {"MainWindow", [](Desk& desk) { desk.main->close(); }},
     {"Exit", [](Desk& desk) { desk.Choose("mnuReportExit"); }},
@@ -44,6 +45,7 @@ TEST_P(RefusedCell, HoldsTheFormOpen) {
     Desk::Type("lots");
     ASSERT_NE(desk.Editor(), nullptr);
     if (GetParam().asks) desk.Expect_Close_All("frmEditA", Answer::Ok);
+    if (GetParam().file != nullptr) desk.Expect_File_Dialog(desk.folder.File(GetParam().file));
     desk.Expect("Invalid Non-Numeric Entry",
                 "You're attempting to enter invalid data ['lots'].  The cell you're attempting to input or modify only "
                 "accepts numeric data.  Your entry or modification is being discarded.  Select OK to continue.",
