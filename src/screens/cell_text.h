@@ -14,7 +14,7 @@ namespace tallmar {
 std::string Cell_Text(const FormDescription& form, const CellPlace& place);
 // An amount or a line number without a format of its own: "5", "23.20".
 std::string Line_Text(Currency line);
-// Plain: "-1200", "Y". What a copy puts on the clipboard, too. Entered again it gives the same value.
+// Plain: "-1200", "Y". Entered again it gives the same value.
 std::string Edit_Text(const Value& value);
 
 // A Null cell of a figure is shaded on the form. On an edit form where Null is no shade such a cell takes an entry and

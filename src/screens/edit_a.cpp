@@ -82,8 +82,10 @@ std::string_view Locked_A(const CellPlace& place) {
     return isCapital && Find_Analysed(place.column.field) != nullptr ? why::kShaded : std::string_view();
 }
 
+constexpr std::array kFoot{FootSum{"Total", 1_cur, 28.99_cur}};
+
 constexpr FormDescription Edit_Compensation(std::string_view name) {
-    return {.name = name, .where = "LineNum < 29", .columns = kCompensation, .nullIsShaded = true};
+    return {.name = name, .where = "LineNum < 29", .columns = kCompensation, .nullIsShaded = true, .foot = kFoot};
 }
 constexpr FormDescription View_Compensation(std::string_view name) {
     return {.name = name, .columns = kCompensation, .readOnly = true};
@@ -91,8 +93,12 @@ constexpr FormDescription View_Compensation(std::string_view name) {
 
 }  // namespace
 
-constinit const FormDescription kEditA{
-    .name = "frmEditA", .where = "LineNum < 29", .columns = kColumnsA, .hidden = Hidden_A, .locked = Locked_A};
+constinit const FormDescription kEditA{.name = "frmEditA",
+                                       .where = "LineNum < 29",
+                                       .columns = kColumnsA,
+                                       .hidden = Hidden_A,
+                                       .locked = Locked_A,
+                                       .foot = kFoot};
 constinit const FormDescription kEditA1 = Edit_Compensation("frmEditA1");
 constinit const FormDescription kEditA2 = Edit_Compensation("frmEditA2");
 constinit const FormDescription kEditA3 = Edit_Compensation("frmEditA3");

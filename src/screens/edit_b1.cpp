@@ -198,6 +198,7 @@ void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn> co
 }
 
 constexpr std::array kSides{SideTable{"B1X", "RowCCNum"}};
+constexpr std::array kFoot{FootSum{"Total", 1_cur, 28.99_cur}};
 
 }  // namespace
 
@@ -209,7 +210,8 @@ constinit const FormDescription kEditB1{.name = "frmEditB1",
                                         .locked = Locked,
                                         .check = Check,
                                         .rowStored = Stored,
-                                        .sides = kSides};
+                                        .sides = kSides,
+                                        .foot = kFoot};
 constinit const FormDescription kViewB1{
     .name = "frmViewB1", .columns = kFixed, .moreColumns = View_Columns, .readOnly = true};
 constinit const FormDescription kViewB{

@@ -56,6 +56,13 @@ constexpr std::array kEntries{
     EntryCells{48_cur, 48_cur, "Description"},
 };
 
+// Allowances and depreciation are keyed without a sign and taken off, as the totals of lines 33 and 59 do.
+constexpr std::array kTakenOff{6_cur, 14_cur, 16_cur, 18_cur, 20_cur, 22_cur, 24_cur};
+constexpr std::array kFoot{
+    FootSum{"Total Assets", 1_cur, 31_cur, kTakenOff},
+    FootSum{"Total Liabilities & Fund Balances", 34_cur, 57_cur},
+};
+
 // Line 4 comes from Worksheet A. Lines without the form's wording, and sublines, are the user's.
 constexpr std::array kEntries1{
     EntryCells{1_cur, 2_cur, "Col_1"},
@@ -150,7 +157,8 @@ void Remove_2(const Item& item, Currency line) {
 constinit const FormDescription kEditF{.name = "frmEditF",
                                        .where = "LineNum Not In(11, 27, 32, 33, 42, 49, 50, 58, 59)",
                                        .columns = kColumns,
-                                       .locked = Locked_Elsewhere<kEntries>};
+                                       .locked = Locked_Elsewhere<kEntries>,
+                                       .foot = kFoot};
 constinit const FormDescription kEditF1{.name = "frmEditF1",
                                         .where = "LineNum Not In(3, 4, 17, 18, 32, 33)",
                                         .columns = kColumns1,

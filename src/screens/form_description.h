@@ -132,6 +132,13 @@ struct TextAbove {
     std::string_view field;
 };
 
+// A sum at the foot of an edit form: of what is keyed in the lines `from` to `to`, `less` those that are taken off.
+struct FootSum {
+    std::string_view label;
+    Currency from, to;
+    std::span<const Currency> less = {};
+};
+
 struct FormDescription {
     std::string_view name;               // "frmEditA"
     std::string_view table = {};         // empty: the item names it
@@ -189,6 +196,7 @@ struct FormDescription {
     // The labels of the columns while the cursor is in a row; empty: the heads stay.
     std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
     const TextAbove* above = nullptr;
+    std::span<const FootSum> foot = {};
 };
 
 std::string Form_Table(const FormDescription& form, const Item& item);

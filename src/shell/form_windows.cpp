@@ -117,6 +117,13 @@ void FormWindows::Connect(WorksheetForm& form) {
         emit Stored(what);
     });
     connect(&form.Grid(), &GridView::Zoom_Changed, this, &FormWindows::Set_Zoom);
+    connect(&form.Grid(), &GridView::Selection_Changed, this, &FormWindows::Selection_Changed);
+    connect(&form, &WorksheetForm::Found_Elsewhere, this, &FormWindows::Go_To_Found);
+}
+
+void FormWindows::Go_To_Found(const FoundCell& cell, const QString& text, FormMode mode) {
+    Open_Worksheet_Form(cell.mode, cell.item);
+    if (WorksheetForm* form = Find_Form(cell.item, cell.mode)) form->Show_Found(cell, text, mode);
 }
 
 void FormWindows::Worksheets_Changed(const WorksheetForm& by) {

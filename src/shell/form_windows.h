@@ -67,6 +67,8 @@ class FormWindows : public QObject {
     void Changed();
     // What was stored or calculated, for the line at the foot of the window.
     void Stored(const QString& what);
+    // Of the active form, maybe by another form that became active.
+    void Selection_Changed();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -76,6 +78,7 @@ class FormWindows : public QObject {
     // What was stored in the form may have changed the identity of the report.
     void Follow_Identity(WorksheetForm& form);
     // A row of `by` may have made worksheets or removed some: codes make those of C Part II.
+    void Go_To_Found(const FoundCell& cell, const QString& text, FormMode mode);
     void Worksheets_Changed(const WorksheetForm& by);
     void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
     QMdiSubWindow* Window_Of(const WorksheetForm& form) const;

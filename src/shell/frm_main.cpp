@@ -49,6 +49,7 @@ FrmMain::FrmMain(const JobGuard& guard)
       picLogo_(new QLabel(head_)),
       lblCRFName_(new QLabel(head_)),
       lblForm_(new QLabel(head_)),
+      lblSelection_(new QLabel(this)),
       lblEntries_(new QLabel(this)),
       txtCalcMsg_(new QLabel(this)),
       help_(new HelpScroller(area_->viewport())),
@@ -66,6 +67,7 @@ FrmMain::FrmMain(const JobGuard& guard)
             [this](FormMode mode, const QString& item) { forms_->Open_Worksheet_Form(mode, Plain_Text(item)); });
     connect(forms_, &FormWindows::Changed, this, &FrmMain::Forms_Changed);
     connect(forms_, &FormWindows::Stored, this, &FrmMain::Tell);
+    connect(forms_, &FormWindows::Selection_Changed, this, &FrmMain::Show_Selection);
     connect(&menus_->Menu("mnuWindowList"), &QMenu::aboutToShow, this, &FrmMain::Fill_Window_List);
     connect(&menus_->Menu("mnuReportRecent"), &QMenu::aboutToShow, this, &FrmMain::Fill_Recent_Files);
     // Two of the menus have no access key.
@@ -129,9 +131,12 @@ void FrmMain::Lay_Out() {
     txtCalcMsg_->setTextFormat(Qt::PlainText);
     txtCalcMsg_->setVisible(false);
     statusBar()->setObjectName("sbrMain");
+    lblSelection_->setObjectName("lblSelection");
+    lblSelection_->setTextFormat(Qt::PlainText);
     lblEntries_->setObjectName("lblEntries");
     lblEntries_->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(txtCalcMsg_);
+    statusBar()->addPermanentWidget(lblSelection_);
     statusBar()->addPermanentWidget(lblEntries_);
 }
 
@@ -258,6 +263,14 @@ void FrmMain::Forms_Changed() {
     menus_->Set_Enabled("mnuEditPaste", edits);
     lblForm_->setText(Qt_Text(forms_->Caption_Out_Of_Sight()));
     Show_Age();
+    Show_Selection();
+}
+
+void FrmMain::Show_Selection() {
+    const WorksheetForm* active = forms_->Active();
+    const QString text = active == nullptr ? QString() : active->Grid().Selection_Summary();
+    lblSelection_->setText(text);
+    lblSelection_->setAccessibleName(text);
 }
 
 void FrmMain::Fill_Window_List() {

@@ -58,6 +58,8 @@ class FrmMain : public QMainWindow {
     void Forms_Changed();
     // How old the figures are, at the foot of the window and in the views.
     void Show_Age();
+    // Sum and count of the cells that are selected in the active form.
+    void Show_Selection();
     // A word on the report that was opened since the last time.
     void Tell_Of_Report();
     void Fill_Window_List();
@@ -71,6 +73,7 @@ class FrmMain : public QMainWindow {
     QLabel* picLogo_;
     QLabel* lblCRFName_;
     QLabel* lblForm_;
+    QLabel* lblSelection_;
     QLabel* lblEntries_;
     QLabel* txtCalcMsg_;
     HelpScroller* help_;

@@ -106,6 +106,10 @@ void Copy(FrmMain& main) {
     if (const WorksheetForm* form = main.Forms().Active()) form->Grid().Copy();
 }
 
+void Copy_With_Heads(FrmMain& main) {
+    if (const WorksheetForm* form = main.Forms().Active()) form->Grid().Copy(true);
+}
+
 void Paste(FrmMain& main) {
     if (WorksheetForm* form = main.Forms().Active()) Paste_Into(*form);
 }
@@ -189,6 +193,7 @@ constexpr std::array kCommands{
     MainCommand{"mnuEditClose", Close_Edits},
     MainCommand{"mnuEditUndo", Undo},
     MainCommand{"mnuEditCopy", Copy},
+    MainCommand{"mnuEditCopyHeads", Copy_With_Heads},
     MainCommand{"mnuEditPaste", Paste},
     MainCommand{"mnuEditFind", Find},
     MainCommand{"mnuViewCloseAll", Close_Views},

@@ -68,6 +68,7 @@ constexpr Entry kEditMenu[] = {
     {"", "mnuEdit", "", kSeparator, kAlways, "", kOurs},
     {"mnuEditUndo", "mnuEdit", "&Undo", kCommand, kForm, "Ctrl+Z", kOurs},
     {"mnuEditCopy", "mnuEdit", "&Copy", kCommand, kForm, "Ctrl+C", kOurs},
+    {"mnuEditCopyHeads", "mnuEdit", "Copy With &Heads", kCommand, kForm, "Ctrl+Shift+C", kOurs},
     {"mnuEditPaste", "mnuEdit", "&Paste", kCommand, kForm, "Ctrl+V", kOurs},
     {"", "mnuEdit", "", kSeparator, kAlways, "", kOurs},
     {"mnuEditFind", "mnuEdit", "&Find ...", kCommand, kForm, "Ctrl+F", kOurs},

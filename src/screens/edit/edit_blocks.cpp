@@ -1,12 +1,14 @@
 // Paste, Delete, undo, and rows that come and go.
 #include <QApplication>
 #include <QClipboard>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <map>
 
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "common/wait_pointer.h"
+#include "report/open_report.h"
 #include "screens/cell_text.h"
 #include "screens/edit/edit_grid.h"
 #include "screens/view/qt_text.h"
@@ -131,6 +133,26 @@ void EditGrid::Paste() {
     std::vector<const GridColumn*> columns;
     for (int column = left; column < Model().columnCount(); ++column) columns.push_back(&Model().Column(column));
     Enter_Rows(Block_At(clipboard, lines, columns), "paste");
+}
+
+void EditGrid::Fill_Menu(QMenu& menu) {
+    GridView::Fill_Menu(menu);
+    QAction* const first = menu.actions().front();
+    const auto add = [&](const char* name, const QString& caption, bool enabled, auto does) {
+        auto* action = new QAction(caption, &menu);
+        action->setObjectName(name);
+        action->setEnabled(enabled);
+        connect(action, &QAction::triggered, this, does);
+        menu.insertAction(first, action);
+    };
+    const bool takes = currentIndex().isValid() && Entries().Takes_Entry(currentIndex());
+    if (takes && Entries().Popup(currentIndex()) != nullptr) {
+        add("mnuGridList", tr("&List of Answers"), true, &EditGrid::Show_Choices);
+    }
+    add("mnuGridUndo", tr("&Undo"), Can_Undo(), &EditGrid::Undo);
+    menu.insertSeparator(first);
+    add("mnuGridPaste", tr("&Paste"), !db.Is_Read_Only() && !QApplication::clipboard()->text().isEmpty(),
+        &EditGrid::Paste);
 }
 
 void EditGrid::Fill_Selection(const std::string& text, const char* what) {

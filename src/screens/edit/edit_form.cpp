@@ -5,6 +5,7 @@
 
 #include "common/platform.h"
 #include "common/wait_pointer.h"
+#include "screens/edit/grid_foot.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {
@@ -19,6 +20,7 @@ constexpr std::string_view kWithStatLinks = "frmEditB1";
 EditForm::EditForm(const FormDescription& description, Item item, QWidget* parent)
     : WorksheetForm(FormMode::Edit, description, std::move(item), parent), grd_(new EditGrid(this)) {
     Set_Up(new EditModel(Form()), grd_);
+    if (!description.foot.empty()) Add_Below_Grid(new GridFoot(*grd_, this));
     connect(grd_, &EditGrid::Told, this, &WorksheetForm::Stored);
     connect(grd_, &EditGrid::Entered, this, [this] {
         if (!std::exchange(changed_, true)) emit Cell_Changed();

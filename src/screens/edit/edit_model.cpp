@@ -115,10 +115,7 @@ void EditModel::Requery() {
     GridModel::Requery();
 }
 
-QVariant EditModel::data(const QModelIndex& index, int role) const {
-    if ((role != kShadedRole && role != kLabelRole) || !index.isValid()) return GridModel::data(index, role);
-    if (db.Is_Read_Only()) return role == kShadedRole;
-    if (Column(index.column()).number.empty() != (role == kLabelRole)) return false;
+bool EditModel::Is_Entry(const QModelIndex& index) const {
     const auto row = static_cast<std::size_t>(index.row());
     if (open_.size() <= row) open_.resize(row + 1);
     std::vector<bool>& open = open_[row];
@@ -126,7 +123,14 @@ QVariant EditModel::data(const QModelIndex& index, int role) const {
         const RowUnderEdit of = index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row());
         for (int i = 0; i < columnCount(); ++i) open.push_back(Is_Open(Column(i), of));
     }
-    return !open[static_cast<std::size_t>(index.column())];
+    return open[static_cast<std::size_t>(index.column())];
+}
+
+QVariant EditModel::data(const QModelIndex& index, int role) const {
+    if ((role != kShadedRole && role != kLabelRole) || !index.isValid()) return GridModel::data(index, role);
+    if (db.Is_Read_Only()) return role == kShadedRole;
+    const bool isLabel = Column(index.column()).number.empty();
+    return isLabel == (role == kLabelRole) && !Is_Entry(index);
 }
 
 Qt::ItemFlags EditModel::flags(const QModelIndex& index) const {

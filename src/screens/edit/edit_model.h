@@ -24,6 +24,8 @@ class EditModel : public GridModel {
     // The row is to be stored with this cell.
     bool Stored_At_Once(const QModelIndex& index) const;
     bool Takes_Entry(const QModelIndex& index) const;
+    // The form has an entry here, whether the report can be written or not.
+    bool Is_Entry(const QModelIndex& index) const;
     // The list that opens over the cell; null where it has none or takes nothing.
     const PopupList* Popup(const QModelIndex& index) const;
 

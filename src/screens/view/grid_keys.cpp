@@ -1,13 +1,20 @@
-// Keys, wheel, copy and find of the grid.
+// Keys, wheel, menu, copy and find of the grid.
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QWheelEvent>
 #include <map>
 
+#include "common/format.h"
+#include "common/numbers.h"
+#include "common/variant.h"
+#include "screens/cell_text.h"
 #include "screens/view/grid_head.h"
 #include "screens/view/grid_model.h"
 #include "screens/view/grid_view.h"
+#include "screens/view/qt_text.h"
 
 namespace tallmar {
 
@@ -15,6 +22,9 @@ namespace {
 
 constexpr int kZoomStep = 10;
 constexpr int kWheelNotch = 120;
+
+// Of a selection.
+constexpr std::string_view kWholeSum = "#,##0;(#,##0)", kSum = "#,##0.00;(#,##0.00)";
 
 // A cell that holds what parts cells stands in quotes, as spreadsheets write it.
 QString Copied(QString text) {
@@ -78,48 +88,90 @@ void GridView::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-QString GridView::Selected_Text() const {
+QString GridView::Selected_Text(bool heads) const {
     if (selectionModel() == nullptr) return {};
     // By row, then by column: a selection may come in several parts.
     std::map<int, std::map<int, QString>> rows;
     int left = Model().columnCount();
     int right = -1;
     for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
-        rows[index.row()][index.column()] = Copied(index.data(Qt::EditRole).toString());
+        const bool isLabel = Model().Column(index.column()).number.empty();
+        rows[index.row()][index.column()] = Copied(index.data(isLabel ? Qt::DisplayRole : Qt::EditRole).toString());
         left = std::min(left, index.column());
         right = std::max(right, index.column());
     }
-    QString text;
-    for (const auto& [row, cells] : rows) {
-        if (row != rows.begin()->first) text += '\n';
-        for (int column = left; column <= right; ++column) {
-            if (column > left) text += '\t';
-            if (const auto cell = cells.find(column); cell != cells.end()) text += cell->second;
-        }
+    QStringList lines;
+    if (heads && !rows.empty()) {
+        QStringList line;
+        for (int column = left; column <= right; ++column) line << Copied(Model().Whole_Head(column));
+        lines << line.join('\t');
     }
-    return text;
+    for (const auto& [row, cells] : rows) {
+        QStringList line;
+        for (int column = left; column <= right; ++column) {
+            const auto cell = cells.find(column);
+            line << (cell == cells.end() ? QString() : cell->second);
+        }
+        lines << line.join('\t');
+    }
+    return lines.join('\n');
 }
 
-void GridView::Copy() {
-    const QString text = Selected_Text();
+void GridView::Copy(bool heads) {
+    const QString text = Selected_Text(heads);
     if (!text.isEmpty()) QApplication::clipboard()->setText(text);
 }
 
-bool GridView::Find(const QString& text, bool backwards) {
-    const int columns = Model().columnCount();
-    const int cells = Model().rowCount() * columns;
-    if (text.isEmpty() || cells == 0) return false;
-    const int from = currentIndex().isValid() ? currentIndex().row() * columns + currentIndex().column()
-                     : backwards              ? cells
-                                              : -1;
-    for (int i = 1; i <= cells; ++i) {
-        const int cell = ((backwards ? from - i : from + i) % cells + cells) % cells;
-        const QModelIndex index = Model().index(cell / columns, cell % columns);
-        if (!index.data().toString().contains(text, Qt::CaseInsensitive)) continue;
-        setCurrentIndex(index);
-        return true;
+QString GridView::Selection_Summary() const {
+    if (selectionModel() == nullptr) return {};
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    if (selected.size() < 2) return {};
+    double sum = 0;
+    int count = 0;
+    for (const QModelIndex& index : selected) {
+        const Value value = Model().Value_At(index);
+        if (Is_Blank(value)) continue;
+        ++count;
+        if (Is_Figure(Model().Column(index.column())) && value.Is_Numeric()) sum += value.To_Double();
     }
-    return false;
+    const std::string_view format = Is_Precise(sum, 0) ? kWholeSum : kSum;
+    return tr("Sum %1   Count %2").arg(Qt_Text(Format(sum, format))).arg(count);
+}
+
+std::vector<QModelIndex> GridView::Find_All(const CellSearch& search) const {
+    std::vector<QModelIndex> hits;
+    for (int row = 0; row < Model().rowCount(); ++row) {
+        for (int column = 0; column < Model().columnCount(); ++column) {
+            const QModelIndex index = Model().index(row, column);
+            const std::string shown = Plain_Text(index.data().toString());
+            if (search.Matches(shown, Model().Value_At(index))) hits.push_back(index);
+        }
+    }
+    return hits;
+}
+
+void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    emit Selection_Changed();
+}
+
+void GridView::Fill_Menu(QMenu& menu) {
+    menu.addAction(tr("&Copy"), this, [this] { Copy(); })->setObjectName("mnuGridCopy");
+    menu.addAction(tr("Copy With &Heads"), this, [this] { Copy(true); })->setObjectName("mnuGridCopyHeads");
+    menu.addSeparator();
+    menu.addAction(tr("&Find ..."), this, &GridView::Find_Requested)->setObjectName("mnuGridFind");
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    if (model() == nullptr) return;
+    auto* menu = new QMenu(this);
+    menu->setObjectName("mnuGrid");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    Fill_Menu(*menu);
+    emit Menu_Opens(*menu);
+    // The menu key gives no place of the mouse: the menu opens at the cursor.
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : event->globalPos());
 }
 
 }  // namespace tallmar

@@ -42,10 +42,12 @@ class GridModel : public QAbstractTableModel {
     void Show_Heads_Of(int row);
     // A head as it stands in one piece: "4 Contracted Purchased Services".
     QString Whole_Head(int column) const;
+    // What the cell holds: of the table, or entered and not yet stored.
+    Value Value_At(const QModelIndex& index) const { return Cell(index.row(), Column(index.column())); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
-    // EditRole is the plain text of the value, as a copy takes it.
+    // EditRole is the plain text of the value.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;

@@ -4,9 +4,13 @@
 
 #include <QTableView>
 #include <optional>
+#include <vector>
 
 #include "common/currency.h"
+#include "screens/cell_search.h"
 #include "screens/view/column_widths.h"
+
+class QMenu;
 
 namespace tallmar {
 
@@ -29,12 +33,15 @@ class GridView : public QTableView {
     int Zoom() const { return zoom_; }
     // The size at which every row and column is in sight.
     QSize Whole_Size() const;
-    // Tab-separated rows of the selected cells, plain values. Empty without a selection.
-    QString Selected_Text() const;
-    void Copy();
-    // Puts the cursor on the next cell, row by row from the cursor on and around, whose shown text holds `text` without
-    // regard to case. False where there is none.
-    bool Find(const QString& text, bool backwards = false);
+    // Tab-separated rows of the selected cells: figures and answers as plain values, labels as they are shown. With
+    // `heads` the heads of their columns stand above. Empty without a selection.
+    QString Selected_Text(bool heads = false) const;
+    void Copy(bool heads = false);
+    // "Sum 1,234   Count 5": the amounts in the selected cells, and the cells that are not blank. Empty where less than
+    // two cells are selected.
+    QString Selection_Summary() const;
+    // The cells that the search finds, row by row.
+    std::vector<QModelIndex> Find_All(const CellSearch& search) const;
 
     // The columns that stay in sight while the others are scrolled: the model's, as far as they leave room for those.
     int Frozen_Count() const;
@@ -50,11 +57,19 @@ class GridView : public QTableView {
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   signals:
+    void Selection_Changed();
+    // The menu of the right button opens: owners add to it.
+    void Menu_Opens(QMenu& menu);
+    void Find_Requested();
     void Zoom_Changed(int percent);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    // What the menu of the right button offers.
+    virtual void Fill_Menu(QMenu& menu);
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

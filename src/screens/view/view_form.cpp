@@ -110,9 +110,10 @@ void ViewForm::Add_Line_Sets() {
     }
     QPushButton* open = Add_Button("cmdButtonList", tr("&Line Set"), tr("Choose a total and the lines that it sums"));
     open->setMenu(list);
-    Grid().setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(&Grid(), &QWidget::customContextMenuRequested, list,
-            [this, list](const QPoint& at) { list->popup(Grid().viewport()->mapToGlobal(at)); });
+    connect(&Grid(), &GridView::Menu_Opens, list, [list](QMenu& menu) {
+        menu.addSeparator();
+        menu.addActions(list->actions());
+    });
 }
 
 }  // namespace tallmar

@@ -63,6 +63,8 @@ void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
     lines_->addWidget(dat_);
     lines_->addWidget(picButtons_);
     setFocusProxy(grd);
+    connect(find_, &FindBar::Found_Elsewhere, this, &WorksheetForm::Found_Elsewhere);
+    connect(grd, &GridView::Find_Requested, this, &WorksheetForm::Open_Find);
     Load_Widths();
     connect(grd->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { Row_Entered(current.row()); });
@@ -74,6 +76,10 @@ void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
 
 void WorksheetForm::Add_Above_Grid(QWidget* line) {
     lines_->insertWidget(lines_->indexOf(grd_), line);
+}
+
+void WorksheetForm::Add_Below_Grid(QWidget* line) {
+    lines_->insertWidget(lines_->indexOf(grd_) + 1, line);
 }
 
 void WorksheetForm::Add_Text_Above(const TextAbove& text) {
@@ -159,6 +165,12 @@ void WorksheetForm::Show_Record_Status() {
 
 void WorksheetForm::Open_Find() {
     find_->Open();
+}
+
+void WorksheetForm::Show_Found(const FoundCell& cell, const QString& text, FormMode mode) {
+    const int column = model_->Column_Of(cell.field);
+    if (column >= 0) grd_->setCurrentIndex(model_->index(static_cast<int>(cell.row), column));
+    find_->Go_On(text, mode);
 }
 
 void WorksheetForm::Load_Widths() {

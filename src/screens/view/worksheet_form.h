@@ -42,6 +42,9 @@ class WorksheetForm : public QWidget {
     void Refresh_Neighbours();
     // Ctrl+F, F3 and Shift+F3 of the form; the main window's menu may ask for it too.
     void Open_Find();
+    // The cursor goes to a cell that a search of all worksheets has found, and the search goes on from here. `mode` is
+    // that of the form where it began.
+    void Show_Found(const FoundCell& cell, const QString& text, FormMode mode);
     // The size at which the whole grid and the buttons are in sight (Size_Form_To_Grid). The host holds it to its own.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -52,6 +55,8 @@ class WorksheetForm : public QWidget {
     // cmdRecalculate. An edit form has stored its row; it then asks for its view.
     void Recalculate_Requested();
     void Print_Requested();
+    // A search of all worksheets has its next hit in another form.
+    void Found_Elsewhere(const tallmar::FoundCell& cell, const QString& text, tallmar::FormMode mode);
     // The first change of a cell since the form opened or its rows were stored: an open view is stale.
     void Cell_Changed();
     // What went into the table: "Worksheet A, line 5: 2 cells stored."
@@ -73,6 +78,7 @@ class WorksheetForm : public QWidget {
     void Read_Text_Above();
     // Puts a line of controls between the caption and the grid. Takes it over.
     void Add_Above_Grid(QWidget* line);
+    void Add_Below_Grid(QWidget* line);
     OpenForm& Form() const { return *form_; }
     // Closing: Commit_Grid first; a refusal keeps the window.
     void closeEvent(QCloseEvent* event) override;

@@ -175,21 +175,55 @@ TEST(GridViewTest, SelectsAllWithOneKey) {
     EXPECT_EQ(form->Grid().Selected_Text().count('\n'), form->Model().rowCount() - 1);
 }
 
-TEST(GridViewTest, FindsOnFromTheCursorAndAround) {
+TEST(GridViewTest, CopiesLabelsAsShownAndHeadsWhereTheyAreWanted) {
     Report r(fy2016);
-    const auto form = Open_View("A");
+    r.Cell("A", 6, 1, -1200_cur);
+    const auto form = Open_View("A", {1400, 600});
     GridView& grd = form->Grid();
-    Put_Cursor(*form, 8_cur, "Col_1");
-    EXPECT_TRUE(grd.Find("therapy"));
-    const Currency first = form->Model().Line(grd.currentIndex().row());
-    EXPECT_EQ(first, 16_cur);
-    EXPECT_TRUE(grd.Find("therapy"));
-    EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 7_cur);
-    EXPECT_TRUE(grd.Find("therapy", true));
-    EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 16_cur);
-    EXPECT_FALSE(grd.Find("no such text"));
-    EXPECT_FALSE(grd.Find(""));
-    EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 16_cur);
+    const int row = form->Model().Row_Of(6_cur);
+    grd.selectionModel()->select({form->Model().index(row, 0), form->Model().index(row, 3)},
+                                 QItemSelectionModel::ClearAndSelect);
+    EXPECT_EQ(grd.Selected_Text().toStdString(), "6\t0600\tSkilled Nursing Care\t-1200");
+    EXPECT_EQ(grd.Selected_Text(true).toStdString(),
+              "Line #\tGroup\tCost Center\t1 Salaries\n6\t0600\tSkilled Nursing Care\t-1200");
+}
+
+TEST(GridViewTest, SumsAndCountsWhatIsSelected) {
+    Report r(fy2016);
+    r.Cell("A", 6, 3, 1200_cur);
+    r.Cell("A", 7, 3, -200.5_cur);
+    const auto form = Open_View("A", {1400, 600});
+    GridView& grd = form->Grid();
+    const QSignalSpy changes(&grd, &GridView::Selection_Changed);
+    const auto select = [&](Currency from, Currency to, std::string_view left, std::string_view right) {
+        const GridModel& model = form->Model();
+        grd.selectionModel()->select({model.index(model.Row_Of(from), model.Column_Of(left)),
+                                      model.index(model.Row_Of(to), model.Column_Of(right))},
+                                     QItemSelectionModel::ClearAndSelect);
+    };
+    select(6_cur, 6_cur, "Col_3", "Col_3");
+    EXPECT_EQ(grd.Selection_Summary(), "") << "one cell is its own sum";
+    select(6_cur, 7_cur, "Col_3", "Col_3");
+    EXPECT_EQ(grd.Selection_Summary().toStdString(), "Sum 999.50   Count 2");
+    select(1_cur, 6_cur, "Col_1", "Col_3");
+    EXPECT_EQ(grd.Selection_Summary().toStdString(), "Sum 1,200   Count 14") << "shaded cells are blank";
+    select(6_cur, 6_cur, "LineNum", "Col_3");
+    EXPECT_EQ(grd.Selection_Summary().toStdString(), "Sum 1,200   Count 6") << "line and group are no amounts";
+    EXPECT_EQ(changes.count(), 4);
+}
+
+TEST(GridViewTest, TheRightButtonsMenuCopiesAndFinds) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {1400, 600});
+    Put_Cursor(*form, 6_cur, "CCGroup");
+    QMenu* menu = Menu_At_Cursor(form->Grid());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(Entries_Of(*menu), (QStringList{"&Copy", "Copy With &Heads", "", "&Find ..."}));
+    menu->findChild<QAction*>("mnuGridCopyHeads")->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), "Group\n0600");
+    menu->findChild<QAction*>("mnuGridFind")->trigger();
+    EXPECT_FALSE(form->findChild<FindBar*>()->isHidden());
+    menu->close();
 }
 
 TEST(GridViewTest, ZoomsFontRowsAndColumnsWithinItsBounds) {
@@ -425,10 +459,9 @@ TEST(FindBarTest, OpensByKeyFindsAndTellsWhatIsNotThere) {
     QTest::keyClick(&form->Grid(), Qt::Key_F, Qt::ControlModifier);
     EXPECT_FALSE(bar->isHidden());
     QTest::keyClicks(entry, "clinic");
-    QTest::keyClick(entry, Qt::Key_Return);
-    EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 18_cur);
+    EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 18_cur) << "while one types";
     auto* found = form->findChild<QLabel*>("lblFound");
-    EXPECT_TRUE(found->text().isEmpty());
+    EXPECT_EQ(found->text().toStdString(), "1 of 1");
     entry->setText("nowhere");
     QTest::keyClick(entry, Qt::Key_F3);
     EXPECT_EQ(found->text().toStdString(), "\"nowhere\" was not found.");
@@ -436,9 +469,38 @@ TEST(FindBarTest, OpensByKeyFindsAndTellsWhatIsNotThere) {
     entry->setText("therapy");
     QTest::keyClick(&form->Grid(), Qt::Key_F3, Qt::ShiftModifier);
     EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 16_cur);
-    EXPECT_TRUE(found->text().isEmpty());
+    EXPECT_EQ(found->text().toStdString(), "3 of 3");
     QTest::keyClick(entry, Qt::Key_Escape);
     EXPECT_TRUE(bar->isHidden());
+}
+
+TEST(FindBarTest, GoesOnAroundAndCounts) {
+    Report r(fy2016);
+    for (const int line : {6, 8, 9}) r.Cell("A", line, 3, 402600_cur);
+    r.Cell("A", 7, 3, -3180_cur);
+    const auto form = Open_View("A");
+    Put_Cursor(*form, 7_cur, "Col_1");
+    form->Open_Find();
+    auto* entry = form->findChild<QLineEdit*>("txtFind");
+    const auto* found = form->findChild<QLabel*>("lblFound");
+    const auto line = [&] { return form->Model().Line(form->Grid().currentIndex().row()); };
+    QTest::keyClicks(entry, "4026");
+    EXPECT_EQ(line(), 8_cur) << "the first from the cursor on";
+    EXPECT_EQ(found->text().toStdString(), "2 of 3");
+    QTest::keyClicks(entry, "00");
+    EXPECT_EQ(line(), 8_cur) << "it stays while the text grows";
+    QTest::keyClick(entry, Qt::Key_Return);
+    EXPECT_EQ(line(), 9_cur);
+    QTest::keyClick(entry, Qt::Key_Return);
+    EXPECT_EQ(line(), 6_cur) << "around the end";
+    EXPECT_EQ(found->text().toStdString(), "1 of 3");
+    QTest::keyClick(entry, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(line(), 9_cur);
+    EXPECT_EQ(found->text().toStdString(), "3 of 3");
+    entry->clear();
+    QTest::keyClicks(entry, "-3,180");
+    EXPECT_EQ(line(), 7_cur);
+    EXPECT_EQ(found->text().toStdString(), "1 of 1");
 }
 
 }  // namespace tallmar

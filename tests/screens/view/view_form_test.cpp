@@ -34,7 +34,7 @@ TEST(ViewFormTest, AWorksheetWithoutRowsOpensAnEmptyGrid) {
     EXPECT_EQ(form->Model().rowCount(), 0);
     EXPECT_EQ(form->findChild<QLabel*>("dat")->text().toStdString(), "Record: 0");
     form->Requery();
-    EXPECT_FALSE(form->Grid().Find("x"));
+    EXPECT_TRUE(form->Grid().Find_All(CellSearch("x")).empty());
     EXPECT_TRUE(form->Grid().Selected_Text().isEmpty());
 }
 
@@ -174,6 +174,10 @@ TEST(ViewFormTest, ALineSetIsChosenFromTheButtonList) {
     EXPECT_FALSE(form->Grid().selectionModel()->isRowSelected(form->Model().Row_Of(28_cur)));
     EXPECT_NE(list->findChild<QAction*>("Button29"), nullptr);
     EXPECT_NE(list->findChild<QAction*>("Button31"), nullptr);
+    QMenu* menu = Menu_At_Cursor(form->Grid());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->actions().contains(button30));
+    menu->close();
 }
 
 TEST(ViewFormTest, TheCountyStandsAboveTheGrid) {

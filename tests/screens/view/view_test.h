@@ -1,8 +1,11 @@
 // A view form as the main window shows it, over a report in memory.
 #pragma once
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -35,6 +38,19 @@ inline QString Text_At(const WorksheetForm& form, Currency line, std::string_vie
 inline void Put_Cursor(const WorksheetForm& form, Currency line, std::string_view field) {
     const GridModel& model = form.Model();
     form.Grid().setCurrentIndex(model.index(model.Row_Of(line), model.Column_Of(field)));
+}
+
+// The menu of the right button over the cursor's cell, as it is open; null where none opened.
+inline QMenu* Menu_At_Cursor(GridView& grd) {
+    const QPoint at = grd.visualRect(grd.currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, grd.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(grd.viewport(), &event);
+    return grd.findChild<QMenu*>("mnuGrid");
+}
+inline QStringList Entries_Of(const QMenu& menu) {
+    QStringList entries;
+    for (const QAction* action : menu.actions()) entries << action->text();
+    return entries;
 }
 
 inline QPushButton* Button(const WorksheetForm& form, const char* name) {

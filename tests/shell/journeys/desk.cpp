@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QStatusBar>
@@ -224,6 +225,8 @@ void Desk::Expect_File_Dialog(const std::string& path) {
     boxes.Expect_Dialog("cdlMain", [path](QWidget& dialog) {
         auto& chooser = dynamic_cast<QFileDialog&>(dialog);
         if (path.empty()) return chooser.reject();
+        // Typing unmarks the file that the dialog offers.
+        chooser.findChild<QListView*>("listView")->clearSelection();
         chooser.findChild<QLineEdit*>("fileNameEdit")->setText(Qt_Text(path));
         chooser.findChild<QLineEdit*>("fileNameEdit")->setFocus();
         QTest::keyClick(chooser.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
