@@ -230,7 +230,7 @@ CellOutcome OpenForm::Store_Row(RowUnderEdit& stored) {
     return {};
 }
 
-// Names that a number fills in beside it are no entries, nor is what stands in a table that is no worksheet.
+// Names that a number fills in beside it are no entries, nor is a table that is no worksheet.
 void OpenForm::Note_Entries() const {
     if (Find_Family(item_) == nullptr) return;
     if (!row_.Exists()) Entry_Age().Row_Added_Or_Removed(table_, row_.Line());

@@ -1,5 +1,6 @@
 #include "screens/cell_search.h"
 
+#include "common/text.h"
 #include "report/open_report.h"
 #include "screens/amount_text.h"
 #include "screens/cell_entry.h"

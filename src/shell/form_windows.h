@@ -78,8 +78,9 @@ class FormWindows : public QObject {
     // What was stored in the form may have changed the identity of the report.
     void Follow_Identity(WorksheetForm& form);
     // A row of `by` may have made worksheets or removed some: codes make those of C Part II.
-    void Go_To_Found(const FoundCell& cell, const QString& text, FormMode mode);
     void Worksheets_Changed(const WorksheetForm& by);
+    // The next hit of a search of all worksheets: its form is opened, and the search goes on there.
+    void Go_To_Found(const FoundCell& cell, const QString& text, FormMode mode);
     void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
     QMdiSubWindow* Window_Of(const WorksheetForm& form) const;
     void Drop(WorksheetForm& form);

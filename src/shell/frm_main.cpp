@@ -10,9 +10,11 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "common/db/error.h"
 #include "common/platform.h"
@@ -242,7 +244,8 @@ void FrmMain::Show_Progress(const QString& text) {
 }
 
 void FrmMain::Tell(const QString& what) {
-    statusBar()->showMessage(what);
+    told_ = what;
+    statusBar()->showMessage(told_);
     Show_Age();
 }
 
@@ -297,6 +300,15 @@ void FrmMain::Fill_Recent_Files() {
         QAction* action = menu.addAction("&" + QString::number(number) + " " + QString(shown).replace("&", "&&"));
         connect(action, &QAction::triggered, this, [this, path] { Open_Recent(*this, path); });
     }
+}
+
+// A menu wipes the line at the foot when it leaves an entry: what was told comes back.
+bool FrmMain::event(QEvent* event) {
+    if (event->type() != QEvent::StatusTip || !static_cast<QStatusTipEvent*>(event)->tip().isEmpty()) {
+        return QMainWindow::event(event);
+    }
+    statusBar()->showMessage(told_);
+    return true;
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {

@@ -43,6 +43,7 @@ class FrmMain : public QMainWindow {
     void Look_For_Changes();
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -80,6 +81,7 @@ class FrmMain : public QMainWindow {
     FormWindows* forms_;
     MenuBar* menus_;
     QString caption_;
+    QString told_;
     std::string reportPath_;   // that was told of
     QPointer<QWidget> focus_;  // where it was as the window was shut
 };

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <optional>
 
 #include "common/format.h"
 #include "common/numbers.h"

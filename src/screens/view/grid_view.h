@@ -34,7 +34,7 @@ class GridView : public QTableView {
     // The size at which every row and column is in sight.
     QSize Whole_Size() const;
     // Tab-separated rows of the selected cells: figures and answers as plain values, labels as they are shown. With
-    // `heads` the heads of their columns stand above. Empty without a selection.
+    // `heads` the heads of their columns come first. Empty without a selection.
     QString Selected_Text(bool heads = false) const;
     void Copy(bool heads = false);
     // "Sum 1,234   Count 5": the amounts in the selected cells, and the cells that are not blank. Empty where less than

@@ -69,7 +69,7 @@ TEST(GridFootTest, OnB1AColumnsOwnLineIsItsTotalAndNotAddedIn) {
     EXPECT_EQ(Sum(s, 0, "CC_100"), "42");
 }
 
-TEST(GridFootTest, StandsUnderItsColumns) {
+TEST(GridFootTest, IsRightBelowTheGrid) {
     Report r(fy2016);
     Screen s("A");
     const auto* foot = s.form.findChild<GridFoot*>();

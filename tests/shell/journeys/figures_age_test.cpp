@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStatusTipEvent>
 #include <filesystem>
 
 #include "report/open_report.h"
@@ -46,6 +47,17 @@ TEST(FiguresAge, EveryViewSaysThatItIsOlderUntilTheReportIsCalculated) {
     EXPECT_TRUE(desk.Told().starts_with("Calculated ")) << desk.Told();
     EXPECT_TRUE(desk.Told().ends_with(", no messages.")) << desk.Told();
     EXPECT_TRUE(Age(desk).starts_with("Calculated "));
+}
+
+TEST(FiguresAge, WhatWasToldIsThereAgainWhenAMenuCloses) {
+    Desk desk(fy2016);
+    desk.Edit("A");
+    desk.Key(6, 1, "1200");
+    for (const char* tip : {"a tip of an entry", ""}) {
+        QStatusTipEvent over{tip};
+        QApplication::sendEvent(desk.main.get(), &over);
+    }
+    EXPECT_EQ(desk.Told(), "Worksheet A, line 6: 1 cell stored.");
 }
 
 TEST(FiguresAge, UndoAndTheButtonOfTheFormAreFollowed) {

@@ -67,7 +67,7 @@ TEST(FindEverywhere, AWorksheetWithoutAnEditFormIsFoundInItsView) {
     EXPECT_NE(std::ranges::find(captions, "Edit Worksheet A"), captions.end());
 }
 
-TEST(SelectionSum, StandsInTheStatusLine) {
+TEST(SelectionSum, IsShownInTheStatusLine) {
     Desk desk(fy2016);
     desk.Edit("A");
     desk.Key(6, 1, "1200");
