@@ -18,8 +18,8 @@ constexpr std::string_view kWithStatLinks = "frmEditB1";
 }  // namespace
 
 EditForm::EditForm(const FormDescription& description, Item item, QWidget* parent)
-    : WorksheetForm(FormMode::Edit, description, std::move(item), parent), grd_(new EditGrid(this)) {
-    Set_Up(new EditModel(Form()), grd_);
+    : WorksheetForm(FormMode::Edit, new EditModel(description, std::move(item)), parent), grd_(new EditGrid(this)) {
+    Set_Up(grd_);
     if (!description.foot.empty()) Add_Below_Grid(new GridFoot(*grd_, this));
     connect(grd_, &EditGrid::Told, this, &WorksheetForm::Stored);
     connect(grd_, &EditGrid::Entered, this, [this] {

@@ -7,7 +7,8 @@
 
 namespace tallmar {
 
-EditModel::EditModel(OpenForm& form, QObject* parent) : GridModel(form, parent) {
+EditModel::EditModel(const FormDescription& description, Item item, QObject* parent)
+    : GridModel(description, std::move(item), parent) {
     // An answer may open and lock cells of other rows.
     connect(this, &QAbstractItemModel::dataChanged, this, [this] { open_.clear(); });
     connect(this, &QAbstractItemModel::modelReset, this, [this] { open_.clear(); });

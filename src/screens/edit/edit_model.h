@@ -12,7 +12,7 @@ class EditModel : public GridModel {
     Q_OBJECT
 
   public:
-    explicit EditModel(OpenForm& form, QObject* parent = nullptr);
+    EditModel(const FormDescription& description, Item item, QObject* parent = nullptr);
 
     // The cursor came into the row; the one before must have been stored or given up. False where the table no longer
     // has the line: the rows must be read again.

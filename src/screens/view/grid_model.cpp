@@ -1,6 +1,7 @@
 #include "screens/view/grid_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/text.h"
 #include "screens/cell_text.h"
@@ -9,8 +10,8 @@
 
 namespace tallmar {
 
-GridModel::GridModel(OpenForm& form, QObject* parent)
-    : QAbstractTableModel(parent), form_(form), rows_(form.Description(), form.Worksheet()) {
+GridModel::GridModel(const FormDescription& description, Item item, QObject* parent)
+    : QAbstractTableModel(parent), form_(description, std::move(item)), rows_(description, form_.Worksheet()) {
     Choose_Columns();
     Note_Totals();
 }

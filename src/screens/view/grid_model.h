@@ -23,10 +23,12 @@ class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    // The model keeps a reference to the form, not a copy.
-    explicit GridModel(OpenForm& form, QObject* parent = nullptr);
+    // Opens the form; requires that the table is there.
+    GridModel(const FormDescription& description, Item item, QObject* parent = nullptr);
 
-    OpenForm& Form() const { return form_; }
+    // Lives as long as the model.
+    OpenForm& Form() { return form_; }
+    const OpenForm& Form() const { return form_; }
     const GridColumn& Column(int column) const;
     // -1 where the field is not shown.
     int Column_Of(std::string_view field) const;
@@ -65,7 +67,7 @@ class GridModel : public QAbstractTableModel {
     void Choose_Columns();
     void Note_Totals();
 
-    OpenForm& form_;
+    OpenForm form_;
     FormRows rows_;
     std::vector<int> shown_;  // places in OpenForm::Columns
     std::vector<bool> totals_;

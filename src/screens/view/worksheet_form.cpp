@@ -28,13 +28,15 @@ constexpr int kRowsAtLeast = 4;
 
 }  // namespace
 
-WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, Item item, QWidget* parent)
+WorksheetForm::WorksheetForm(FormMode mode, GridModel* model, QWidget* parent)
     : QWidget(parent),
       mode_(mode),
-      form_(std::make_unique<OpenForm>(description, std::move(item))),
+      model_(model),
       picButtons_(new QWidget(this)),
       dat_(new QLabel(this)),
       lines_(new QVBoxLayout(this)) {
+    model_->setParent(this);
+    const FormDescription& description = Form().Description();
     setObjectName(Qt_Text(description.name));
     setWindowTitle(Qt_Text(Caption()));
     setAccessibleName(windowTitle());
@@ -46,15 +48,16 @@ WorksheetForm::WorksheetForm(FormMode mode, const FormDescription& description, 
     if (description.above != nullptr) Add_Text_Above(*description.above);
 }
 
-WorksheetForm::~WorksheetForm() = default;
+WorksheetForm::~WorksheetForm() {
+    // Before the model that it shows.
+    delete grd_;
+}
 
-void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
-    model_ = model;
+void WorksheetForm::Set_Up(GridView* grd) {
     grd_ = grd;
-    model->setParent(this);
     grd->setObjectName("grd");
     grd->setAccessibleName(windowTitle());
-    grd->setModel(model);
+    grd->setModel(model_);
     find_ = new FindBar(*grd, this);
     const int margin = fontMetrics().averageCharWidth();
     dat_->setContentsMargins(margin, margin / 2, margin, 0);
@@ -68,9 +71,9 @@ void WorksheetForm::Set_Up(GridModel* model, GridView* grd) {
     Load_Widths();
     connect(grd->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { Row_Entered(current.row()); });
-    connect(model, &QAbstractItemModel::modelReset, this, [this] { Row_Entered(grd_->currentIndex().row()); });
-    connect(model, &QAbstractItemModel::rowsInserted, this, &WorksheetForm::Show_Record_Status);
-    connect(model, &QAbstractItemModel::rowsRemoved, this, &WorksheetForm::Show_Record_Status);
+    connect(model_, &QAbstractItemModel::modelReset, this, [this] { Row_Entered(grd_->currentIndex().row()); });
+    connect(model_, &QAbstractItemModel::rowsInserted, this, &WorksheetForm::Show_Record_Status);
+    connect(model_, &QAbstractItemModel::rowsRemoved, this, &WorksheetForm::Show_Record_Status);
     Row_Entered(grd->currentIndex().row());
 }
 
@@ -101,8 +104,8 @@ void WorksheetForm::Add_Text_Above(const TextAbove& text) {
 
 void WorksheetForm::Read_Text_Above() {
     if (above_ == nullptr) return;
-    const TextAbove& text = *form_->Description().above;
-    const Row row = db.Read_Row(Row_Query(form_->Description(), Worksheet(), text.line));
+    const TextAbove& text = *Form().Description().above;
+    const Row row = db.Read_Row(Row_Query(Form().Description(), Worksheet(), text.line));
     above_->setText(Qt_Text(row ? Nz_Str(row[text.field]) : std::string()));
 }
 
@@ -194,7 +197,7 @@ void WorksheetForm::Tell_Dropped(const std::vector<std::string>& dropped) {
 void WorksheetForm::closeEvent(QCloseEvent* event) {
     if (!Commit_Grid()) return event->ignore();
     Save_Widths();
-    Tell_Dropped(form_->Close());
+    Tell_Dropped(Form().Close());
     event->accept();
 }
 

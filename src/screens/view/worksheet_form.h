@@ -27,7 +27,7 @@ class WorksheetForm : public QWidget {
     ~WorksheetForm() override;
 
     // The object name is the form's: "frmEditA".
-    const Item& Worksheet() const { return form_->Worksheet(); }
+    const Item& Worksheet() const { return Form().Worksheet(); }
     FormMode Mode() const { return mode_; }
     std::string Caption() const { return Form_Caption(mode_, Worksheet()); }
     GridView& Grid() const { return *grd_; }
@@ -63,9 +63,10 @@ class WorksheetForm : public QWidget {
     void Stored(const QString& what);
 
   protected:
-    WorksheetForm(FormMode mode, const FormDescription& description, Item item, QWidget* parent);
-    // Called by the constructors of the two kinds, with their model and grid. Takes them over.
-    void Set_Up(GridModel* model, GridView* grd);
+    // Takes the model over.
+    WorksheetForm(FormMode mode, GridModel* model, QWidget* parent);
+    // Called by the constructors of the two kinds, with their grid. Takes it over.
+    void Set_Up(GridView* grd);
     // A button of the strip, in the order of the calls; `name` is the control's ("cmdClose"). The caption names the
     // access key, which must be the strip's only one of its letter.
     QPushButton* Add_Button(const char* name, const QString& caption, const QString& tip = {});
@@ -79,7 +80,7 @@ class WorksheetForm : public QWidget {
     // Puts a line of controls between the caption and the grid. Takes it over.
     void Add_Above_Grid(QWidget* line);
     void Add_Below_Grid(QWidget* line);
-    OpenForm& Form() const { return *form_; }
+    OpenForm& Form() const { return model_->Form(); }
     // Closing: Commit_Grid first; a refusal keeps the window.
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -96,8 +97,7 @@ class WorksheetForm : public QWidget {
     void Tell_Dropped(const std::vector<std::string>& dropped);
 
     FormMode mode_;
-    std::unique_ptr<OpenForm> form_;
-    GridModel* model_ = nullptr;
+    GridModel* model_;
     GridView* grd_ = nullptr;
     QWidget* picButtons_;
     QLabel* dat_;

@@ -20,6 +20,19 @@ TEST(GridModelTest, CellsAreFormattedAndFiguresStandToTheRight) {
     EXPECT_EQ(alignment("CCName"), Qt::AlignLeft);
 }
 
+// The grid may ask for a cell until it is gone.
+TEST(GridModelTest, TheModelHasItsFormAsLongAsTheGridLives) {
+    Report r(fy2016);
+    auto form = Open_View("A");
+    std::string asked;
+    const GridModel& model = form->Model();
+    QObject::connect(&form->Grid(), &QObject::destroyed, &form->Grid(), [&] {
+        asked = model.Form().Worksheet().Name() + model.index(0, 0).data().toString().toStdString();
+    });
+    form.reset();
+    EXPECT_EQ(asked, "A1");
+}
+
 TEST(GridModelTest, NullFiguresAreShadedAndShowNothing) {
     Report r(fy2016);
     const auto form = Open_View("S3p1");
