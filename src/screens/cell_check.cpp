@@ -57,6 +57,10 @@ CellResult Validate_Text(std::string_view text, int length) {
     return Accept(trimmed);
 }
 
+bool Is_Number_For_Name(const GridColumn& column, std::string_view text) {
+    return column.kind == CellKind::Name && Parse_Amount(text).has_value();
+}
+
 CellResult Validate_Numeric(std::string_view text, int places, const BoxText& nonNumeric, const BoxText& rounding) {
     if (Is_Blank_Text(text)) return Accept(0.0);
     const std::optional<double> amount = Parse_Amount(text);
@@ -67,7 +71,7 @@ CellResult Validate_Numeric(std::string_view text, int places, const BoxText& no
 }
 
 CellResult Validate_Cell(const GridColumn& column, std::string_view text) {
-    if (column.kind == CellKind::Text) return Validate_Text(text, column.limit);
+    if (Takes_Text(column.kind)) return Validate_Text(text, column.limit);
     return Validate_Numeric(text, column.limit, kInvalidNonNumeric);
 }
 
@@ -84,6 +88,16 @@ std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text) {
     const Row row = db.Read_Row(Sql("SELECT CCNum, CCName FROM CostCenters WHERE CCNum = ", *number));
     if (!row) return std::nullopt;
     return CostCenterEntry{*number, row["CCName"].To_Text()};
+}
+
+std::vector<CellChoice> Cost_Center_Choices() {
+    std::vector<CellChoice> choices;
+    for (const Row& row : db.Read_Rows(
+             "SELECT CCNum, CCName FROM CostCenters WHERE CCNum Is Not Null And CCName Is Not Null ORDER BY CCNum;")) {
+        const std::string number = row["CCNum"].To_Currency().To_Text();
+        choices.push_back({number, number + "  " + row["CCName"].To_Text()});
+    }
+    return choices;
 }
 
 CellResult Validate_Cost_Center(std::string_view text, std::string_view nameField, const BoxText& invalid) {

@@ -88,6 +88,8 @@ CellResult Validate_Text(std::string_view text, int length);
 // rounded by Round_Half. No number: refused by `nonNumeric`.
 CellResult Validate_Numeric(std::string_view text, int places, const BoxText& nonNumeric,
                             const BoxText& rounding = kTooSpecific);
+// A bare number where a row has its name: a slip of the cursor, which the desktop never takes for a name.
+bool Is_Number_For_Name(const GridColumn& column, std::string_view text);
 // The general routine of the forms: text or number as the column is.
 CellResult Validate_Cell(const GridColumn& column, std::string_view text);
 // The single-value form, of forms whose cells are of several kinds.
@@ -99,6 +101,8 @@ struct CostCenterEntry {
 };
 // The cost center of the chart that a typed number names; nothing where there is none.
 std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text);
+// All of the chart, by number.
+std::vector<CellChoice> Cost_Center_Choices();
 // A cost center number, which fills its name into `nameField`. A blank empties both.
 CellResult Validate_Cost_Center(std::string_view text, std::string_view nameField,
                                 const BoxText& invalid = kInvalidCostCenter);

@@ -118,17 +118,28 @@ bool OpenForm::Go_To(Currency line) {
     return true;
 }
 
-std::vector<const GridColumn*> OpenForm::Reread_Row() {
+std::vector<const GridColumn*> OpenForm::Changed_Since(const RowUnderEdit& now) const {
     std::vector<const GridColumn*> changed;
-    if (!row_.Exists() || !Has_Entries()) return changed;
-    Row now = db.Read_Row(Row_Query(form_, item_, row_.Line()));
-    if (!now) return changed;
-    RowUnderEdit row(row_.Line(), std::move(now));
     for (const auto& [field, value] : row_.Entered()) {
         const GridColumn* column = Find_Column(field);
-        if (column != nullptr && row.Stored(field) != row_.Stored(field)) changed.push_back(column);
-        row.Set(field, value);
+        if (column != nullptr && now.Stored(field) != row_.Stored(field)) changed.push_back(column);
     }
+    return changed;
+}
+
+bool OpenForm::Is_Changed_Elsewhere() const {
+    if (!row_.Exists() || !Has_Entries()) return false;
+    Row now = db.Read_Row(Row_Query(form_, item_, row_.Line()));
+    return !now || !Changed_Since(RowUnderEdit(row_.Line(), std::move(now))).empty();
+}
+
+std::vector<const GridColumn*> OpenForm::Reread_Row() {
+    if (!row_.Exists() || !Has_Entries()) return {};
+    Row now = db.Read_Row(Row_Query(form_, item_, row_.Line()));
+    if (!now) return {};
+    RowUnderEdit row(row_.Line(), std::move(now));
+    const std::vector<const GridColumn*> changed = Changed_Since(row);
+    for (const auto& [field, value] : row_.Entered()) row.Set(field, value);
     row_ = std::move(row);
     return changed;
 }
@@ -153,7 +164,7 @@ std::string_view OpenForm::Why_Locked(const GridColumn& column, const RowUnderEd
     if (form_.locked != nullptr) {
         if (const std::string_view reason = form_.locked(place); !reason.empty()) return reason;
     }
-    if (form_.nullIsShaded && column.kind != CellKind::Text && row.Stored(column.field).Is_Null()) return why::kShaded;
+    if (form_.nullIsShaded && !Takes_Text(column.kind) && row.Stored(column.field).Is_Null()) return why::kShaded;
     if (form_.closed == nullptr || !Is_Blank(row[column.field])) return {};
     return form_.closed(place);
 }
@@ -248,12 +259,23 @@ void OpenForm::Note_Rows(const TableChange& change) const {
     }
 }
 
-void OpenForm::Cancel_Row() {
+GivenUpRow OpenForm::Cancel_Row() {
+    GivenUpRow given{row_.Line(), row_.Entered(), {}};
     // A check may have written beside the table.
     if (const auto before = std::exchange(sidesBefore_, std::nullopt)) {
-        for (const TableChange& change : Differences(*before, Read_Sides(form_.sides, row_.Line()))) Put_Back(change);
+        given.sides = Differences(*before, Read_Sides(form_.sides, row_.Line()));
+        for (const TableChange& change : given.sides) Put_Back(change);
     }
     row_ = {};
+    return given;
+}
+
+bool OpenForm::Enter_Again(const GivenUpRow& given) {
+    if (!Go_To(given.line) || !row_.Exists()) return false;
+    if (!form_.sides.empty()) sidesBefore_ = Read_Sides(form_.sides, given.line);
+    for (const TableChange& change : given.sides) Put_Back(Reversed(change));
+    for (const auto& [field, value] : given.entries) row_.Set(field, value);
+    return true;
 }
 
 void OpenForm::Follow_Changes() {

@@ -1,6 +1,7 @@
 // The one way by which a typed value gets into a cell, from the grid and from the command line.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -29,6 +30,13 @@ struct UndoOutcome {
     Currency line;                  // that the cursor goes to
     std::string text;               // "Worksheet A, line 5: 2 cells taken back."
     std::vector<std::string> kept;  // what had changed since and stays, a sentence each
+};
+
+// What was entered in a row and given up, with what the checks wrote for it in other tables.
+struct GivenUpRow {
+    Currency line;
+    std::map<std::string, Value, LessText> entries;
+    std::vector<TableChange> sides;
 };
 
 // A form over the table of an item. Cells go into the row under edit; the row goes into the table, in one statement,
@@ -65,8 +73,12 @@ class OpenForm {
     // Reads the row again beneath its entries. The columns that were entered and are not as they were when the cursor
     // came into the row: someone else has stored them.
     std::vector<const GridColumn*> Reread_Row();
+    // The same without a change here: whether someone else has stored a cell that was entered, or removed the line.
+    bool Is_Changed_Elsewhere() const;
     // Gives up what was entered in the row; the cursor is in none then.
-    void Cancel_Row();
+    GivenUpRow Cancel_Row();
+    // Enters it once more. False where the line is gone. Requires that nothing was entered or stored since.
+    bool Enter_Again(const GivenUpRow& given);
     // Brings other worksheets up to the rows stored since the last time; nothing where none was.
     void Follow_Changes();
     // Follow_Changes and the form's closing step. The last row must have been left. What the closing dropped, a
@@ -98,6 +110,8 @@ class OpenForm {
     };
 
   private:
+    // The columns that were entered and that `now` holds otherwise than the row did as the cursor came.
+    std::vector<const GridColumn*> Changed_Since(const RowUnderEdit& now) const;
     CellOutcome Store_Row(RowUnderEdit& stored);
     // What goes into the table counts as not calculated: the entries of the row, and rows that came or went.
     void Note_Entries() const;

@@ -3,6 +3,9 @@
 #include <array>
 
 #include "calc/worksheet.h"
+#include "common/db/sql_text.h"
+#include "common/variant.h"
+#include "report/open_report.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -16,7 +19,7 @@ constexpr int kNameLength = 36;
 constexpr std::array kColumnsA{
     FormColumn{"LineNum", "", "Line #"},
     FormColumn{"CCGroup", "", "CC Group", CellKind::Shown, 0, "000#", why::kFromChart},
-    FormColumn{"CCName", "", "Cost Center", CellKind::Text, kNameLength},
+    FormColumn{"CCName", "", "Cost Center", CellKind::Name, kNameLength},
     FormColumn{"Col_1", "1", "Salaries", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "Employee Benefits", CellKind::Number, 0, kAmount},
     FormColumn{"Col_3", "3", "Transportation", CellKind::Number, 0, kAmount},
@@ -43,7 +46,7 @@ constexpr std::array kViewColumnsA{
 // Consultants carry no salary and no payroll benefit: on A-1 and A-2 the cells of column 3 are shaded.
 constexpr std::array kCompensation{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"CCName", "", "Cost Center", CellKind::Text, kNameLength},
+    FormColumn{"CCName", "", "Cost Center", CellKind::Name, kNameLength},
     FormColumn{"Col_1", "1", "Administrators", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "Directors", CellKind::Number, 0, kAmount},
     FormColumn{"Col_3", "3", "Consultants", CellKind::Number, 0, kAmount},
@@ -82,10 +85,24 @@ std::string_view Locked_A(const CellPlace& place) {
     return isCapital && Find_Analysed(place.column.field) != nullptr ? why::kShaded : std::string_view();
 }
 
+// A name belongs to its worksheet: the chart and the other worksheets keep theirs.
+std::string Kept_Name(const RowUnderEdit& row) {
+    if (!row.Entered().contains("CCName")) return {};
+    const Row center = db.Read_Row(Sql("SELECT CCName FROM CostCenters WHERE LineNum = ", row.Line(), ";"));
+    if (!center || center["CCName"] == row["CCName"]) return {};
+    return Sql("The chart keeps '", Nz_Str(center["CCName"]),
+               "'. To rename a cost center everywhere use Cost Centers Structure.");
+}
+
 constexpr std::array kFoot{FootSum{"Total", 1_cur, 28.99_cur}};
 
 constexpr FormDescription Edit_Compensation(std::string_view name) {
-    return {.name = name, .where = "LineNum < 29", .columns = kCompensation, .nullIsShaded = true, .foot = kFoot};
+    return {.name = name,
+            .where = "LineNum < 29",
+            .columns = kCompensation,
+            .nullIsShaded = true,
+            .storedNote = Kept_Name,
+            .foot = kFoot};
 }
 constexpr FormDescription View_Compensation(std::string_view name) {
     return {.name = name, .columns = kCompensation, .readOnly = true};
@@ -98,6 +115,7 @@ constinit const FormDescription kEditA{.name = "frmEditA",
                                        .columns = kColumnsA,
                                        .hidden = Hidden_A,
                                        .locked = Locked_A,
+                                       .storedNote = Kept_Name,
                                        .foot = kFoot};
 constinit const FormDescription kEditA1 = Edit_Compensation("frmEditA1");
 constinit const FormDescription kEditA2 = Edit_Compensation("frmEditA2");

@@ -119,6 +119,13 @@ std::optional<Currency> Next_Line(const Item&, Currency line) {
     return Next_A4_Line();
 }
 
+std::vector<CellChoice> Choices(const CellPlace& place) {
+    for (const Side& side : kSides) {
+        if (place.column.field == side.number) return Cost_Center_Choices();
+    }
+    return {};
+}
+
 Currency Add(const Item&, Currency) {
     return Add_A4_Row();
 }
@@ -137,7 +144,8 @@ constinit const FormDescription kEditA4{.name = "frmEditA4",
                                         .nextLine = Next_Line,
                                         .newRow = {"Col_4, Col_7", "0, 0"},
                                         .add = Add,
-                                        .remove = Remove};
+                                        .remove = Remove,
+                                        .choices = Choices};
 
 constinit const FormDescription kViewA4{.name = "frmViewA4", .columns = kColumns, .readOnly = true};
 

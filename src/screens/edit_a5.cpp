@@ -17,7 +17,7 @@ constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 
 constexpr std::array kColumns{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, 90},
+    FormColumn{"Description", "", "Description", CellKind::Name, 90},
     FormColumn{"Col_1", "1", "Basis/Code", CellKind::Own},
     FormColumn{"Col_2", "2", "Amount", CellKind::Own, 0, kAmount},
     FormColumn{"Col_3", "3", "Cost Center", CellKind::Shown, 0, "", why::kNamedByNumber},
@@ -65,6 +65,10 @@ CellResult Check(const CellPlace& place, std::string_view text) {
     return Accept(basis);
 }
 
+std::vector<CellChoice> Choices(const CellPlace& place) {
+    return place.column.field == "Col_4" ? Cost_Center_Choices() : std::vector<CellChoice>();
+}
+
 Currency Add(const Item&, Currency current) {
     return Add_A5_Row(current);
 }
@@ -82,7 +86,8 @@ constinit const FormDescription kEditA5{.name = "frmEditA5",
                                         .check = Check,
                                         .nextLine = Next_Line,
                                         .add = Add,
-                                        .remove = Remove};
+                                        .remove = Remove,
+                                        .choices = Choices};
 
 constinit const FormDescription kViewA5{.name = "frmViewA5", .columns = kColumns, .readOnly = true};
 

@@ -65,6 +65,10 @@ std::string_view Locked_B(const CellPlace& place) {
     return isNamed ? why::kNamedByNumber : std::string_view();
 }
 
+std::vector<CellChoice> Choices_B(const CellPlace& place) {
+    return place.column.field == "Col_1" ? Cost_Center_Choices() : std::vector<CellChoice>();
+}
+
 // Lines 1 to 3 as the form has them, what goes beyond in hundredths behind the last.
 Currency Next_Line_B() {
     const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM A6pB WHERE LineNum < 4;");
@@ -113,7 +117,8 @@ constinit const FormDescription kEditA6pB{.name = "frmEditA6pB",
                                           .check = Check_B,
                                           .nextLine = Next_B,
                                           .add = Add_B,
-                                          .remove = Remove_B};
+                                          .remove = Remove_B,
+                                          .choices = Choices_B};
 constinit const FormDescription kEditA6pC{.name = "frmEditA6pC",
                                           .columns = kColumnsC,
                                           .check = Check_C,

@@ -27,13 +27,13 @@ constexpr std::array kColumns1{
 };
 constexpr std::array kColumns2{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kTextLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kTextLength},
     FormColumn{"Col_1", "1", "Part A Services", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "Part B Services", CellKind::Number, 0, kAmount},
 };
 constexpr std::array kPayments{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kTextLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kTextLength},
     FormColumn{"Col_1", "1", "Part A Date", CellKind::Own, 0, kDate},
     FormColumn{"Col_2", "2", "Part A Amount", CellKind::Number, 0, kAmount},
     FormColumn{"Col_3", "3", "Part B Date", CellKind::Own, 0, kDate},

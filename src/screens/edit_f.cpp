@@ -17,7 +17,7 @@ constexpr int kTextLength = 36;
 
 constexpr std::array kColumns{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kTextLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kTextLength},
     FormColumn{"Col_1", "1", "General Fund", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "Specific Purpose Fund", CellKind::Number, 0, kAmount},
     FormColumn{"Col_3", "3", "Endowment Fund", CellKind::Number, 0, kAmount},
@@ -25,13 +25,13 @@ constexpr std::array kColumns{
 };
 constexpr std::array kColumns1{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kTextLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kTextLength},
     FormColumn{"Col_1", "1", "Amount", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "Total", CellKind::Shown, 0, kAmount},
 };
 constexpr std::array kColumns2{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kTextLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kTextLength},
     FormColumn{"Col_1", "1", "General Fund", CellKind::Number, 0, kAmount},
     FormColumn{"Col_2", "2", "General Fund Total", CellKind::Number, 0, kAmount},
     FormColumn{"Col_3", "3", "Specific Purpose Fund", CellKind::Number, 0, kAmount},

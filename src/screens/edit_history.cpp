@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "common/db/sql_text.h"
 #include "report/open_report.h"
@@ -127,6 +128,11 @@ std::vector<TableChange> Differences(std::span<const TableState> before, std::sp
         }
     }
     return changes;
+}
+
+TableChange Reversed(TableChange change) {
+    for (RowChange& row : change.rows) std::swap(row.before, row.after);
+    return change;
 }
 
 void Put_Back(const TableChange& change) {

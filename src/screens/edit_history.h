@@ -37,6 +37,8 @@ struct TableChange {
 TableChange Difference(const TableState& before, const TableState& after);
 // Of each table of either; those without a difference are left out.
 std::vector<TableChange> Differences(std::span<const TableState> before, std::span<const TableState> after);
+// The change that takes this one back.
+TableChange Reversed(TableChange change);
 // Puts the rows back: what came goes, what went comes, and a changed row takes the cells that had changed. A table that
 // is no longer there is passed over.
 void Put_Back(const TableChange& change);

@@ -24,7 +24,7 @@ constexpr int kNameLength = 36;
 
 constexpr std::array kVisits{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kNameLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kNameLength},
     FormColumn{"Col_1", "1", "Title XVIII Visits", CellKind::Own, 0, kCount},
     FormColumn{"Col_2", "2", "Title XVIII Patients", CellKind::Own, 0, kCount},
     FormColumn{"Col_3", "3", "Other Visits", CellKind::Own, 0, kCount},
@@ -34,7 +34,7 @@ constexpr std::array kVisits{
 };
 constexpr std::array kStaff{
     FormColumn{"LineNum", "", "Line #"},
-    FormColumn{"Description", "", "Description", CellKind::Text, kNameLength},
+    FormColumn{"Description", "", "Description", CellKind::Name, kNameLength},
     FormColumn{"Col_1", "1", "Staff", CellKind::Number, 2, kHours},
     FormColumn{"Col_2", "2", "Contract", CellKind::Number, 2, kHours},
     FormColumn{"Col_3", "3", "Total", CellKind::Shown, 0, kHours},

@@ -22,9 +22,14 @@ namespace tallmar {
 enum class CellKind : std::uint8_t {
     Shown,   // never entered: line numbers, totals, what a calculation fills
     Text,    // up to `limit` characters
+    Name,    // the same, and it names its row: the keys pass it by once it is filled, and it is never a bare number
     Number,  // rounded to `limit` places; blank is 0
     Own,     // the form's own check decides
 };
+
+constexpr bool Takes_Text(CellKind kind) {
+    return kind == CellKind::Text || kind == CellKind::Name;
+}
 
 // A column as the program knows it.
 struct FormColumn {
@@ -108,6 +113,11 @@ struct PopupList {
     std::span<const PopupEntry> entries;
 };
 
+// An entry of a list that is made of the report: what it writes into the cell, and how the list shows it.
+struct CellChoice {
+    std::string value, caption;
+};
+
 // The fields of a row that Add makes, and what they start with: "LineNum, Col_4, Col_7" and "0, 0".
 struct NewRow {
     std::string_view fields;
@@ -168,6 +178,8 @@ struct FormDescription {
     bool (*storeRow)(const RowUnderEdit&) = nullptr;
     // After the row went into the table.
     void (*rowStored)(const Item&, const RowUnderEdit&, std::span<const GridColumn>) = nullptr;
+    // What a person should know of a row that has been stored; empty: nothing.
+    std::string (*storedNote)(const RowUnderEdit&) = nullptr;
     // The row goes into the table with this cell, and does not wait for the cursor to leave it.
     bool (*storedAtOnce)(const CellPlace&) = nullptr;
     // What other worksheets take from this one, after rows were stored: the grid has it follow each row, a list of
@@ -193,6 +205,8 @@ struct FormDescription {
 
     // The list that opens over a cell; null where it has none.
     const PopupList* (*popup)(const CellPlace&) = nullptr;
+    // The list of a cell that opens when it is asked for, and narrows to what is typed; empty where it has none.
+    std::vector<CellChoice> (*choices)(const CellPlace&) = nullptr;
     // The labels of the columns while the cursor is in a row; empty: the heads stay.
     std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
     const TextAbove* above = nullptr;

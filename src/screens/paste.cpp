@@ -19,6 +19,7 @@ constexpr std::string_view kSeparators = "\t\r\n";
 
 constexpr std::string_view kNoColumn = "There is no column here.";
 constexpr std::string_view kNoRow = "There is no row here, and the worksheet takes no more.";
+constexpr std::string_view kNumberForName = "A number is no name.";
 constexpr std::string_view kGone = "The line is no longer there.";
 
 // Of a text in the list of messages.
@@ -142,6 +143,12 @@ void BlockEntry::Enter_Row(const BlockRow& row) {
             continue;
         }
         if (Holds(form_.Under_Edit()[cell.column->field], cell.text)) continue;
+        // Amounts pass names by.
+        if (Is_Number_For_Name(*cell.column, cell.text)) {
+            Note(cell, kNumberForName);
+            continue;
+        }
+        if (cell.column->kind == CellKind::Name && Is_Blank_Text(cell.text)) continue;
         const CellOutcome entry = form_.Enter(*cell.column, cell.text);
         if (entry.stored) {
             entered.push_back(&cell);
@@ -150,7 +157,10 @@ void BlockEntry::Enter_Row(const BlockRow& row) {
             Note(cell, Reason(entry));
         }
     }
-    if (entered.empty()) return form_.Cancel_Row();
+    if (entered.empty()) {
+        form_.Cancel_Row();
+        return;
+    }
     const CellOutcome left = form_.Leave_Row();
     if (left.stored) {
         ++outcome_.rows;

@@ -78,6 +78,8 @@ void FormWindows::Open_Worksheet_Form(FormMode mode, const Item& item) {
     window->installEventFilter(this);
     area_->addSubWindow(window);
     Show_In_Place(*window, *form);
+    // A text above the grid comes before it in the order of the Tab key.
+    form->Grid().setFocus();
     The_Platform().Do_Events();
     emit Changed();
 }

@@ -1,12 +1,19 @@
 #include "screens/edit/cell_editor.h"
 
 #include <QKeyEvent>
+#include <QPainter>
+#include <QPolygonF>
+#include <algorithm>
 
 #include "screens/view/grid_model.h"
 
 namespace tallmar {
 
 namespace {
+
+// Of the height of a line.
+constexpr qreal kPencilShare = 0.8;
+constexpr qreal kPencilLean = 35;
 
 // With the editor replacing the cell's text every arrow leaves, else only what a line of text has no use for.
 bool Leaves(int key, bool replacing) {
@@ -29,6 +36,25 @@ bool Leaves(int key, bool replacing) {
 }
 
 }  // namespace
+
+void CellEditor::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    GridDelegate::paint(painter, option, index);
+    if (!index.data(kPendingRole).toBool()) return;
+    const bool selected = (option.state & QStyle::State_Selected) != 0;
+    const qreal size =
+        std::min({option.fontMetrics.height(), option.rect.width(), option.rect.height()}) * kPencilShare;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+    // It stands on its tip, leaning to the right.
+    painter->translate(option.rect.right() - size, option.rect.center().y() + size / 2);
+    painter->rotate(kPencilLean);
+    const qreal half = size / 6;
+    painter->drawPolygon(QPolygonF({{0, 0}, {half, -2 * half}, {-half, -2 * half}}));
+    painter->drawRect(QRectF(-half, -size, 2 * half, size - 3 * half));
+    painter->restore();
+}
 
 QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
     auto* editor = new QLineEdit(parent);
@@ -67,7 +93,8 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
     }
     // A box, a menu or another window takes the focus: the entry stays under the editor.
     if (event->type() != QEvent::KeyPress) return false;
-    const auto* key = static_cast<QKeyEvent*>(event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (keys_ != nullptr && keys_(*key)) return true;
     if (key->key() == Qt::Key_Escape) {
         emit Given_Up();
         return true;

@@ -4,8 +4,11 @@
 
 #include <QLineEdit>
 #include <QPointer>
+#include <functional>
 
 #include "screens/view/grid_delegate.h"
+
+class QKeyEvent;
 
 namespace tallmar {
 
@@ -22,6 +25,11 @@ class CellEditor : public GridDelegate {
     // Typing replaces the cell: arrows then leave it. Otherwise they move in the text.
     void Set_Replacing(bool on) { replacing_ = on; }
 
+    // Asked first for each key that the editor gets: true where it is done with.
+    void Ask_First(std::function<bool(QKeyEvent&)> keys) { keys_ = std::move(keys); }
+
+    // A row that is not stored yet bears a pencil.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
@@ -38,6 +46,7 @@ class CellEditor : public GridDelegate {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    std::function<bool(QKeyEvent&)> keys_;
     mutable QPointer<QObject> editor_;  // a QLineEdit, until it begins to be destroyed
     bool replacing_ = false;
 };

@@ -10,9 +10,7 @@
 
 namespace tallmar {
 
-ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* window)
-    : QFrame(window), entries_(new QListWidget(this)) {
-    setObjectName(Qt_Text(list.name));
+ChoiceList::ChoiceList(QWidget* window) : QFrame(window), entries_(new QListWidget(this)) {
     setAccessibleName(tr("Choices"));
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -24,18 +22,32 @@ ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* win
     entries_->setFrameShape(QFrame::NoFrame);
     entries_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     entries_->setAccessibleName(accessibleName());
-    for (const PopupEntry& entry : list.entries) {
-        auto* action = new QAction(Qt_Text(entry.caption), this);
-        action->setObjectName(Qt_Text(entry.control));
-        const QString chosen = Qt_Text(entry.value);
-        connect(action, &QAction::triggered, this, [this, chosen] { emit Chosen(chosen); });
-        addAction(action);
-        entries_->addItem(action->text());
-        if (chosen.compare(value, Qt::CaseInsensitive) == 0) entries_->setCurrentRow(entries_->count() - 1);
-    }
     connect(entries_, &QListWidget::itemClicked, this, [this] { Choose_Current(); });
     // It stands over the whole window, in which forms are moved about and closed.
     qApp->installEventFilter(this);
+}
+
+ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* window) : ChoiceList(window) {
+    setObjectName(Qt_Text(list.name));
+    for (const PopupEntry& entry : list.entries) {
+        Add_Entry(Qt_Text(entry.caption), Qt_Text(entry.value), value).setObjectName(Qt_Text(entry.control));
+    }
+}
+
+ChoiceList::ChoiceList(const std::vector<CellChoice>& choices, const QString& value, QWidget* window)
+    : ChoiceList(window) {
+    setObjectName("lstChoices");
+    for (const CellChoice& choice : choices) Add_Entry(Qt_Text(choice.caption), Qt_Text(choice.value), value);
+}
+
+QAction& ChoiceList::Add_Entry(const QString& caption, const QString& chosen, const QString& value) {
+    auto* action = new QAction(caption, this);
+    action->setData(chosen);
+    connect(action, &QAction::triggered, this, [this, chosen] { emit Chosen(chosen); });
+    addAction(action);
+    entries_->addItem(action->text());
+    if (chosen.compare(value, Qt::CaseInsensitive) == 0) entries_->setCurrentRow(entries_->count() - 1);
+    return *action;
 }
 
 bool ChoiceList::eventFilter(QObject* watched, QEvent* event) {
@@ -63,11 +75,30 @@ void ChoiceList::Show_At(const QRect& cell) {
 }
 
 bool ChoiceList::Move(int step) {
-    const int row = entries_->currentRow() < 0 && step < 0 ? -1 : entries_->currentRow() + step;
-    if (row < 0 || row >= entries_->count()) return false;
+    int row = entries_->currentRow();
+    if (row < 0 && step < 0) return false;
+    do {
+        row += step;
+        if (row < 0 || row >= entries_->count()) return false;
+    } while (entries_->isRowHidden(row));
     entries_->setCurrentRow(row);
     moved_ = true;
     return true;
+}
+
+void ChoiceList::Narrow(const QString& text) {
+    const QString sought = text.trimmed();
+    int found = -1;
+    for (int row = 0; row < entries_->count(); ++row) {
+        const QString value = actions()[row]->data().toString();
+        const bool fits = value.startsWith(sought, Qt::CaseInsensitive) ||
+                          entries_->item(row)->text().mid(value.size()).contains(sought, Qt::CaseInsensitive);
+        entries_->setRowHidden(row, !fits);
+        const bool isIt = value.compare(sought, Qt::CaseInsensitive) == 0;
+        if (isIt || (fits && found < 0)) found = row;
+    }
+    moved_ = !sought.isEmpty() && found >= 0;
+    entries_->setCurrentRow(moved_ ? found : -1);
 }
 
 void ChoiceList::Choose_Current() {

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <map>
+#include <utility>
 
 #include "common/db/sql_text.h"
 #include "common/platform.h"
@@ -28,7 +29,6 @@ class EditGrid::Busy {
 
   private:
     QScopedValueRollback<bool> asking_;
-    WaitPointer wait_;
 };
 
 void EditGrid::Read_Again() {
@@ -63,7 +63,28 @@ bool EditGrid::Enter_In_Line(Currency line, std::string_view field, const QStrin
 }
 
 bool EditGrid::Can_Undo() const {
-    return model() != nullptr && (Entries().Form().Can_Undo() || Entries().Form().Has_Entries());
+    if (model() == nullptr) return false;
+    return givenUp_.has_value() || Entries().Form().Can_Undo() || Entries().Form().Has_Entries();
+}
+
+void EditGrid::Give_Up_Row() {
+    Close_Choices();
+    givenUp_ = Entries().Cancel_Row();
+    if (Entries().Row_Under_Edit() < 0) Read_Again();
+    emit Row_Given_Up();
+    emit Told(tr("The entries of the row were taken back. Ctrl+Z brings them back."));
+}
+
+void EditGrid::Bring_Row_Back() {
+    const GivenUpRow given = *std::exchange(givenUp_, {});
+    const int row = Entries().Form().Description().order.empty() ? 0 : Model().Row_Of(given.line);
+    if (row >= 0) setCurrentIndex(Model().index(row, currentIndex().column()));
+    if (row < 0 || currentIndex().row() != row || !Entries().Enter_Again(given)) {
+        Read_Again();
+        return emit Told(tr("The line is no longer there."));
+    }
+    emit Entered();
+    emit Told(tr("The entries of the row are back."));
 }
 
 void EditGrid::Undo() {
@@ -73,14 +94,16 @@ void EditGrid::Undo() {
     if (Is_Editing()) return Close_Editor();
     OpenForm& form = Entries().Form();
     if (form.Has_Entries()) {
-        Entries().Cancel_Row();
-        if (Entries().Row_Under_Edit() < 0) Read_Again();
+        Give_Up_Row();
+        givenUp_.reset();
         return emit Told(tr("The entries of the row were taken back."));
     }
+    if (givenUp_) return Bring_Row_Back();
     if (!form.Can_Undo()) return emit Told(tr("There is nothing to take back."));
     UndoOutcome undone;
     try {
         const Busy busy(*this);
+        const WaitPointer wait;
         undone = form.Undo();
     } catch (const DbError& error) {
         Show_Error(error);
@@ -101,6 +124,7 @@ void EditGrid::Enter_Rows(const std::vector<BlockRow>& rows, const char* what) {
     OpenForm& form = Entries().Form();
     try {
         const Busy busy(*this);
+        const WaitPointer wait;
         outcome = Enter_Block(form, rows, what);
     } catch (const DbError& error) {
         Show_Error(error);
@@ -178,6 +202,7 @@ void EditGrid::Clear_Cells() {
     const QModelIndex at = currentIndex();
     if (!at.isValid() || at.row() != Entries().Row_Under_Edit() || !Take_Entry()) return;
     if (!Entries().Takes_Entry(at)) return Tell_Why_Locked(at);
+    if (Entries().Is_Name(at)) return Tell_How_Renamed(at);
     Enter_Text(at, "");
 }
 
@@ -196,6 +221,9 @@ void EditGrid::Add_Row() {
     setFocus();
     if (!line) return;
     Go_To(*line);
+    // The first that is to be filled, whatever column the row before was left in.
+    const QModelIndex first = Last_Stop(currentIndex().row(), Model().columnCount(), 0, -1);
+    if (first.isValid()) setCurrentIndex(first);
     emit Entered();
     emit Row_Stored();
     emit Told(tr("Line %1 added.").arg(Qt_Text(Line_Text(*line))));

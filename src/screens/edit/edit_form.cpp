@@ -26,6 +26,8 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
         if (!std::exchange(changed_, true)) emit Cell_Changed();
     });
     connect(grd_, &EditGrid::Row_Stored, this, [this] { changed_ = false; });
+    // A view may be opened before the next entry.
+    connect(grd_, &EditGrid::Row_Given_Up, this, [this] { changed_ = false; });
 
     Add_Row_Buttons();
     QPushButton* open = Add_Button("cmdOpenView", tr("Open &View"), tr("Show the whole worksheet, totals included"));

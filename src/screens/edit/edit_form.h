@@ -36,7 +36,7 @@ class EditForm : public WorksheetForm {
     bool Store_Above();
 
     EditGrid* grd_;
-    bool changed_ = false;  // since the rows were stored: the host was told
+    bool changed_ = false;  // since the row was stored or given up: the host was told
 };
 
 }  // namespace tallmar

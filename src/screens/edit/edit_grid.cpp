@@ -1,5 +1,6 @@
 #include "screens/edit/edit_grid.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -9,6 +10,8 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "report/entry_age.h"
+#include "report/open_report.h"
+#include "screens/cell_check.h"
 #include "screens/cell_place.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/entry_guard.h"
@@ -19,6 +22,7 @@ namespace tallmar {
 namespace {
 
 constexpr int kFrame = 1;
+constexpr std::chrono::seconds kIdle{5};
 
 constexpr std::string_view kErrorTitle = "Error: Entry Not Stored";
 constexpr std::string_view kChangedTitle = "Warning: Entry Changed By Another Program";
@@ -41,10 +45,23 @@ QString EditGrid::Stored_Text(std::size_t cells, std::optional<Currency> line) c
     return cells == 1 ? tr("%1: 1 cell stored.").arg(place) : tr("%1: %2 cells stored.").arg(place).arg(cells);
 }
 
+QString EditGrid::Pending_Text() const {
+    const OpenForm& form = Entries().Form();
+    return form.Has_Entries() ? Stored_Text(Entered_Cells(form), form.Under_Edit().Line()) : QString();
+}
+
 EditGrid::EditGrid(QWidget* parent) : GridView(parent), editor_(new CellEditor(this)) {
     setItemDelegate(editor_);
     connect(editor_, &CellEditor::Left_By, this, &EditGrid::Leave_By);
     connect(editor_, &CellEditor::Given_Up, this, &EditGrid::Close_Editor);
+    editor_->Ask_First([this](QKeyEvent& event) { return Editor_Key(event); });
+    idle_.setSingleShot(true);
+    idle_.setInterval(kIdle);
+    connect(&idle_, &QTimer::timeout, this, &EditGrid::Store_Idle_Row);
+    connect(this, &EditGrid::Entered, this, [this] {
+        givenUp_.reset();
+        idle_.start();
+    });
 }
 
 EditGrid::~EditGrid() {
@@ -91,6 +108,8 @@ void EditGrid::Close_Editor() {
     // will get it. Hiding that one would pass the keyboard on along the tab chain, into another form.
     if (window()->focusWidget() == editor) setFocus();
     closeEditor(editor, QAbstractItemDelegate::NoHint);
+    Close_Choices();
+    idle_.start();
 }
 
 bool EditGrid::Enter_Text(const QModelIndex& at, const QString& text) {
@@ -125,6 +144,11 @@ bool EditGrid::Take_Entry() {
         Close_Editor();
         return true;
     }
+    if (Is_Number_For_Name(Model().Column(at.column()), Plain_Text(text))) {
+        Close_Editor();
+        emit Told(tr("A number is no name: '%1' stays.").arg(at.data().toString()));
+        return false;
+    }
     return Enter_Text(at, text);
 }
 
@@ -147,7 +171,8 @@ bool EditGrid::Store_Row() {
     OpenForm& form = Entries().Form();
     if (!form.Has_Entries()) return true;
     const QScopedValueRollback asking(asking_, true);
-    const QString stored = Stored_Text(Entered_Cells(form), form.Under_Edit().Line());
+    const RowUnderEdit row = form.Under_Edit();
+    const QString stored = Pending_Text();
     try {
         const bool changedElsewhere = Entry_Age().Look_Elsewhere();
         if (!May_Overwrite()) return false;
@@ -163,8 +188,33 @@ bool EditGrid::Store_Row() {
         if (form.Has_Entries()) return false;
     }
     emit Row_Stored();
-    emit Told(stored);
+    Told_Stored(stored, row);
     return true;
+}
+
+void EditGrid::Told_Stored(const QString& stored, const RowUnderEdit& row) {
+    const auto note = Entries().Form().Description().storedNote;
+    const std::string text = note == nullptr ? std::string() : note(row);
+    emit Told(text.empty() ? stored : stored + ' ' + Qt_Text(text));
+}
+
+void EditGrid::Store_Idle_Row() {
+    if (model() == nullptr || !Entries().Form().Has_Entries()) return;
+    // A text that is half typed is no entry yet, and a box waits for the person.
+    if (asking_ || Is_Editing() || QApplication::activeModalWidget() != nullptr) return idle_.start();
+    OpenForm& form = Entries().Form();
+    const RowUnderEdit row = form.Under_Edit();
+    const QString stored = Pending_Text();
+    try {
+        const QScopedValueRollback asking(asking_, true);
+        const QuietBoxes quiet;
+        if (form.Is_Changed_Elsewhere() || !Entries().Store_Row().stored) return;
+    } catch (const DbError& error) {
+        emit Told(Qt_Text(error.Description()));
+        if (form.Has_Entries()) return;
+    }
+    emit Row_Stored();
+    Told_Stored(stored, row);
 }
 
 bool EditGrid::Commit() {
@@ -191,6 +241,8 @@ void EditGrid::Row_Entered(int row) {
 
 void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     GridView::currentChanged(current, previous);
+    run_.reset();
+    addOffered_ = false;
     if (current.isValid()) Row_Entered(current.row());
     Close_Choices();
     if (hasFocus() && isVisible()) Show_Choices();
@@ -198,9 +250,9 @@ void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 void EditGrid::Go_To_First() {
     for (int row = 0; row < Model().rowCount(); ++row) {
-        for (int column = Model().Frozen(); column < Model().columnCount(); ++column) {
+        for (int column = 0; column < Model().columnCount(); ++column) {
             const QModelIndex at = Model().index(row, column);
-            if (Entries().Takes_Entry(at)) return setCurrentIndex(at);
+            if (Is_Stop(at)) return setCurrentIndex(at);
         }
     }
 }
@@ -219,7 +271,7 @@ void EditGrid::Go_To(Currency line) {
     if (row < 0) return;
     int column = std::max(currentIndex().column(), 0);
     Row_Entered(row);
-    for (int i = 0; i < Model().columnCount() && !Entries().Takes_Entry(Model().index(row, column)); ++i) column = i;
+    for (int i = 0; i < Model().columnCount() && !Is_Stop(Model().index(row, column)); ++i) column = i;
     setCurrentIndex(Model().index(row, column));
 }
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,8 +42,8 @@ class EditGrid : public GridView {
     // One cell of a line, which the grid need not show, and stores it. The row of the cursor is stored first.
     bool Enter_In_Line(Currency line, std::string_view field, const QString& text);
     bool Is_Editing() const;
-    // Opens the editor on the cursor's cell; `typed` replaces what the cell holds. Where the cell takes nothing the
-    // status line says so.
+    // Opens the editor on the cursor's cell; `typed` replaces what the cell holds. Where the cell takes nothing, or
+    // holds a name and something is typed, the status line says so.
     void Edit_Cell(const QString& typed = {});
 
     bool Can_Undo() const;
@@ -51,12 +53,13 @@ class EditGrid : public GridView {
     // cmdAdd and cmdDelete on the row of the cursor.
     void Add_Row();
     void Delete_Row();
-    // The cursor goes to the line, in the column where it is or the first that takes an entry. The row must have been
-    // stored.
+    // The cursor goes to the line, in the column where it is or, where that is no entry, in the first. The row must
+    // have been stored.
     void Go_To(Currency line);
-
-    // The first amount or answer of the form that takes an entry.
+    // The first entry of the form.
     void Go_To_First();
+    // A row under edit whose checks let it go without a box is stored when no key came for so long.
+    void Set_Idle_Time(std::chrono::milliseconds time) { idle_.setInterval(time); }
 
     // The list over the cursor's cell; null while there is none.
     ChoiceList* Choices() const { return choices_; }
@@ -66,6 +69,8 @@ class EditGrid : public GridView {
     void Entered();
     // Rows went into the table.
     void Row_Stored();
+    // What was entered in a row was taken back.
+    void Row_Given_Up();
     // For the status line.
     void Told(const QString& text);
 
@@ -83,23 +88,37 @@ class EditGrid : public GridView {
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    bool Is_Stop(const QModelIndex& index) const override { return Entries().Is_Stop(index); }
 
   private:
     bool May_Leave(const QModelIndex& to);
     bool Enter_In_Row(const QModelIndex& at, const QString& text);
     bool Store_Row();
+    // Shows nothing: a row that is refused, or was changed elsewhere, waits under edit.
+    void Store_Idle_Row();
+    void Told_Stored(const QString& stored, const RowUnderEdit& row);
+    // Esc without an editor, and what Undo does after it.
+    void Give_Up_Row();
+    void Bring_Row_Back();
     // Someone else stored a cell of the row meanwhile: the person's word decides.
     bool May_Overwrite();
     void Row_Entered(int row);
     void Show_Error(const DbError& error);
+    // What storing the row under edit will say; empty where nothing was entered.
+    QString Pending_Text() const;
     QString Stored_Text(std::size_t cells, std::optional<Currency> line = {}) const;
 
     void Close_Editor();
     void Leave_By(int key, Qt::KeyboardModifiers modifiers);
     bool Type_Key(QKeyEvent* event);
-    void Step(int rows, int columns);
+    bool Editor_Key(QKeyEvent& event);
+    // From entry to entry: down or up the column, or along the row and on to the next.
+    void Enter(bool up);
     void Tab(bool back);
+    QModelIndex Next_Entry(int row, int column, int step) const;
     void Tell_Why_Locked(const QModelIndex& index);
+    void Tell_How_Renamed(const QModelIndex& index);
+    void Type_First(const QString& typed);
 
     // Many cells, rows that come and go, undo: the form is at work on its own.
     class Busy;
@@ -108,6 +127,9 @@ class EditGrid : public GridView {
     void Read_Again();
 
     void Show_Choices();
+    // Alt+Down and F4: the list of the cell, or the one that narrows to what is typed.
+    void Open_Choices();
+    void Place_Choices();
     void Close_Choices();
     bool Choice_Key(QKeyEvent* event);
     void Choose(const QString& value);
@@ -117,6 +139,10 @@ class EditGrid : public GridView {
     QPointer<ChoiceList> choices_;
     bool stale_ = false;   // the rows are about to be read again
     bool asking_ = false;  // a check, a box or a store is under way: nothing else may begin
+    QTimer idle_;
+    std::optional<GivenUpRow> givenUp_;  // by Esc, as long as nothing else was done
+    std::optional<int> run_;             // the column in which a run of Tabs began
+    bool addOffered_ = false;            // the next Enter adds a line
 };
 
 }  // namespace tallmar

@@ -1,19 +1,34 @@
 // The keys and the mouse of the edit grid, as spreadsheets have them: typing replaces, F2 and a double click edit,
-// Enter goes down, Tab goes on to the next cell that takes an entry, Esc takes back.
+// Enter and Tab go on to the next entry, Esc takes back.
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <utility>
 
 #include "report/open_report.h"
+#include "screens/cell_place.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/edit_grid.h"
 #include "screens/edit/entry_guard.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {
+
+namespace {
+
+// A character that is no command.
+bool Is_Typed(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    // AltGr comes as Ctrl and Alt together.
+    const bool isPlain = modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier) ||
+                         modifiers == Qt::GroupSwitchModifier;
+    return isPlain && !event.text().isEmpty() && event.text().at(0).isPrint();
+}
+
+}  // namespace
 
 void EditGrid::Tell_Why_Locked(const QModelIndex& index) {
     if (db.Is_Read_Only())
@@ -22,11 +37,17 @@ void EditGrid::Tell_Why_Locked(const QModelIndex& index) {
     emit Told(Qt_Text(Entries().Enter(index, {}).text));
 }
 
+void EditGrid::Tell_How_Renamed(const QModelIndex& index) {
+    const std::string place = Cell_Place(Entries().Form(), Model().Column(index.column()), Model().Line(index.row()));
+    emit Told(tr("%1 is a name: press F2 to change it.").arg(Qt_Text(place)));
+}
+
 void EditGrid::Edit_Cell(const QString& typed) {
     const QModelIndex at = currentIndex();
     Close_Choices();
     if (!at.isValid() || at.row() != Entries().Row_Under_Edit() || asking_) return;
     if (!Entries().Takes_Entry(at)) return Tell_Why_Locked(at);
+    if (!typed.isNull() && Entries().Is_Name(at)) return Tell_How_Renamed(at);
     if (!Is_Editing()) edit(at);
     QLineEdit* editor = editor_->Open();
     if (editor == nullptr) return;
@@ -40,36 +61,13 @@ void EditGrid::Edit_Cell(const QString& typed) {
     editor->setFocus();
 }
 
-void EditGrid::Step(int rows, int columns) {
-    const QModelIndex at = currentIndex();
-    const QModelIndex next = at.sibling(at.row() + rows, at.column() + columns);
-    if (next.isValid()) {
-        setCurrentIndex(next);
-    } else {
-        Commit();
-    }
-}
-
-void EditGrid::Tab(bool back) {
-    const int columns = Model().columnCount();
-    const int cells = Model().rowCount() * columns;
-    const int step = back ? -1 : 1;
-    for (int cell = currentIndex().row() * columns + currentIndex().column() + step; cell >= 0 && cell < cells;
-         cell += step) {
-        const QModelIndex next = Model().index(cell / columns, cell % columns);
-        if (Entries().Takes_Entry(next)) return setCurrentIndex(next);
-    }
-    // On to the buttons, with the row stored.
-    if (Commit()) QAbstractScrollArea::focusNextPrevChild(!back);
-}
-
 void EditGrid::Leave_By(int key, Qt::KeyboardModifiers modifiers) {
     if (!Take_Entry()) return;
     const bool shift = (modifiers & Qt::ShiftModifier) != 0;
     switch (key) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return Step(shift ? -1 : 1, 0);
+            return Enter(shift);
         case Qt::Key_Tab:
             return Tab(shift);
         case Qt::Key_Backtab:
@@ -81,15 +79,29 @@ void EditGrid::Leave_By(int key, Qt::KeyboardModifiers modifiers) {
     }
 }
 
-// A character that is no command.
 bool EditGrid::Type_Key(QKeyEvent* event) {
-    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    // AltGr comes as Ctrl and Alt together.
-    const bool isPlain = modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier) ||
-                         modifiers == Qt::GroupSwitchModifier;
-    if (!isPlain || event->text().isEmpty() || !event->text().at(0).isPrint()) return false;
+    if (!Is_Typed(*event)) return false;
     Edit_Cell(event->text());
     return true;
+}
+
+// Without a row there is no cell to type into: what is typed begins the first, where a row can be added.
+void EditGrid::Type_First(const QString& typed) {
+    if (Entries().Form().Description().add == nullptr || db.Is_Read_Only()) {
+        return emit Told(tr("The worksheet has no line."));
+    }
+    Add_Row();
+    if (currentIndex().isValid()) Edit_Cell(typed);
+}
+
+// An editor that is open gets its keys first.
+bool EditGrid::Editor_Key(QKeyEvent& event) {
+    if (choices_ != nullptr && Choice_Key(&event)) return true;
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const bool opens = (event.key() == Qt::Key_F4 && modifiers == Qt::NoModifier) ||
+                       (event.key() == Qt::Key_Down && modifiers == Qt::AltModifier);
+    if (opens) Open_Choices();
+    return opens;
 }
 
 void EditGrid::keyPressEvent(QKeyEvent* event) {
@@ -97,6 +109,8 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
     if (model() == nullptr || asking_) return;
     // What the editor has no use for is the form's.
     if (Is_Editing()) return event->ignore();
+    idle_.start();
+    const bool offered = std::exchange(addOffered_, false);
     if (choices_ != nullptr && Choice_Key(event)) return;
     EntryGuard::Event scope(*guard_);
     if (event->matches(QKeySequence::Paste)) return Paste();
@@ -114,7 +128,8 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
                 return Clear_Cells();
             case Qt::Key_Return:
             case Qt::Key_Enter:
-                return Step(shift ? -1 : 1, 0);
+                addOffered_ = offered;
+                return Enter(shift);
             case Qt::Key_Tab:
                 if (control) break;
                 return Tab(shift);
@@ -123,14 +138,19 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
                 return Tab(true);
             case Qt::Key_Down:
                 if (!alt) break;
-                return Show_Choices();
+                return Open_Choices();
+            case Qt::Key_F4:
+                if (shift || control || alt) break;
+                return Open_Choices();
             case Qt::Key_Escape:
                 if (!Entries().Form().Has_Entries()) break;
-                return Undo();
+                return Give_Up_Row();
             default:
                 break;
         }
         if (Type_Key(event)) return;
+    } else if (Is_Typed(*event)) {
+        return Type_First(event->text());
     }
     GridView::keyPressEvent(event);
 }
@@ -139,6 +159,7 @@ void EditGrid::inputMethodEvent(QInputMethodEvent* event) {
     if (Is_Editing() || (event->commitString().isEmpty() && event->preeditString().isEmpty())) {
         return GridView::inputMethodEvent(event);
     }
+    if (!currentIndex().isValid()) return GridView::inputMethodEvent(event);
     Edit_Cell("");
     if (Is_Editing()) QApplication::sendEvent(editor_->Open(), event);
 }
@@ -195,53 +216,6 @@ void EditGrid::resizeEvent(QResizeEvent* event) {
 void EditGrid::scrollContentsBy(int dx, int dy) {
     GridView::scrollContentsBy(dx, dy);
     Close_Choices();
-}
-
-void EditGrid::Show_Choices() {
-    const PopupList* list = currentIndex().isValid() ? Entries().Popup(currentIndex()) : nullptr;
-    if (list == nullptr || Is_Editing() || asking_) return;
-    Close_Choices();
-    scrollTo(currentIndex());
-    choices_ = new ChoiceList(*list, currentIndex().data(Qt::EditRole).toString(), window());
-    connect(choices_, &ChoiceList::Chosen, this, &EditGrid::Choose);
-    connect(choices_, &ChoiceList::Left, this, &EditGrid::Close_Choices);
-    const QRect cell = visualRect(currentIndex());
-    choices_->Show_At(QRect(viewport()->mapTo(window(), cell.topLeft()), cell.size()));
-}
-
-void EditGrid::Close_Choices() {
-    if (choices_ == nullptr) return;
-    choices_->hide();
-    choices_->deleteLater();
-    choices_ = nullptr;
-}
-
-// Up and Down go through the list and, beyond its ends, on to the next rows. Enter takes the entry that was gone to.
-bool EditGrid::Choice_Key(QKeyEvent* event) {
-    if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
-    switch (event->key()) {
-        case Qt::Key_Up:
-            return choices_->Move(-1);
-        case Qt::Key_Down:
-            return choices_->Move(1);
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            if (!choices_->Is_Moved()) return false;
-            choices_->Choose_Current();
-            return true;
-        case Qt::Key_Escape:
-            Close_Choices();
-            return true;
-        default:
-            return false;
-    }
-}
-
-void EditGrid::Choose(const QString& value) {
-    Close_Choices();
-    setFocus();
-    if (asking_ || !Entries().Takes_Entry(currentIndex())) return;
-    Enter_Text(currentIndex(), value);
 }
 
 }  // namespace tallmar

@@ -38,6 +38,10 @@ bool EditModel::Takes_Entry(const QModelIndex& index) const {
     return Is_Open(Column(index.column()), index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row()));
 }
 
+bool EditModel::Is_Name(const QModelIndex& index) const {
+    return Column(index.column()).kind == CellKind::Name && !index.data(Qt::EditRole).toString().trimmed().isEmpty();
+}
+
 bool EditModel::Stored_At_Once(const QModelIndex& index) const {
     const FormDescription& form = Form().Description();
     return form.storedAtOnce != nullptr &&
@@ -56,6 +60,12 @@ const PopupList* EditModel::Popup(const QModelIndex& index) const {
     const FormDescription& form = Form().Description();
     if (form.popup == nullptr || index.row() != row_ || !Takes_Entry(index)) return nullptr;
     return form.popup({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
+}
+
+std::vector<CellChoice> EditModel::Choices(const QModelIndex& index) const {
+    const FormDescription& form = Form().Description();
+    if (form.choices == nullptr || index.row() != row_ || !Takes_Entry(index)) return {};
+    return form.choices({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
 }
 
 CellOutcome EditModel::Enter(const QModelIndex& index, const QString& text) {
@@ -92,12 +102,19 @@ CellOutcome EditModel::Store_Row() {
     return outcome;
 }
 
-void EditModel::Cancel_Row() {
-    if (row_ < 0) return;
+GivenUpRow EditModel::Cancel_Row() {
+    if (row_ < 0) return {};
     const int row = row_;
-    Form().Cancel_Row();
+    GivenUpRow given = Form().Cancel_Row();
     Enter_Row(row);
     Show_Row(row);
+    return given;
+}
+
+bool EditModel::Enter_Again(const GivenUpRow& given) {
+    if (row_ < 0 || !Form().Enter_Again(given)) return false;
+    Show_Row(row_);
+    return true;
 }
 
 void EditModel::Refresh() {
@@ -128,8 +145,10 @@ bool EditModel::Is_Entry(const QModelIndex& index) const {
 }
 
 QVariant EditModel::data(const QModelIndex& index, int role) const {
+    if (role == kPendingRole) return index.column() == 0 && index.row() == row_ && Form().Has_Entries();
     if ((role != kShadedRole && role != kLabelRole) || !index.isValid()) return GridModel::data(index, role);
     if (db.Is_Read_Only()) return role == kShadedRole;
+    if (role == kLabelRole && Is_Name(index)) return true;
     const bool isLabel = Column(index.column()).number.empty();
     return isLabel == (role == kLabelRole) && !Is_Entry(index);
 }

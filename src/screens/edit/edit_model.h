@@ -26,8 +26,14 @@ class EditModel : public GridModel {
     bool Takes_Entry(const QModelIndex& index) const;
     // The form has an entry here, whether the report can be written or not.
     bool Is_Entry(const QModelIndex& index) const;
+    // A name that stands: it is opened by F2 or a double click, and typing leaves it alone.
+    bool Is_Name(const QModelIndex& index) const;
+    // Where the keys stop that go from entry to entry.
+    bool Is_Stop(const QModelIndex& index) const { return Takes_Entry(index) && !Is_Name(index); }
     // The list that opens over the cell; null where it has none or takes nothing.
     const PopupList* Popup(const QModelIndex& index) const;
+    // The list that the person may ask for; empty where the cell has none or takes nothing.
+    std::vector<CellChoice> Choices(const QModelIndex& index) const;
 
     // One cell of the row under edit through its check. A refusal is not shown.
     CellOutcome Enter(const QModelIndex& index, const QString& text);
@@ -35,7 +41,9 @@ class EditModel : public GridModel {
     // of what follows the row reaches the caller; the row is stored then.
     CellOutcome Store_Row();
     // Gives up what was entered in the row.
-    void Cancel_Row();
+    GivenUpRow Cancel_Row();
+    // Enters that once more in the row under edit, which is its own. False where the table no longer has the line.
+    bool Enter_Again(const GivenUpRow& given);
     // Reads all rows again. The cursor keeps its cell where the table has the same lines as before.
     void Refresh();
 

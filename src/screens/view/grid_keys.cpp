@@ -35,7 +35,59 @@ QString Copied(QString text) {
 }  // namespace
 
 QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
-    return event == nullptr ? QItemSelectionModel::ClearAndSelect : QTableView::selectionCommand(index, event);
+    if (event == nullptr) return QItemSelectionModel::ClearAndSelect;
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<const QKeyEvent*>(event);
+        const bool moves = key->key() >= Qt::Key_Home && key->key() <= Qt::Key_PageDown;
+        // A table would move the cursor alone, and leave the selection where it was.
+        if (moves && (key->modifiers() & Qt::ControlModifier) != 0) {
+            const bool extends = (key->modifiers() & Qt::ShiftModifier) != 0;
+            return extends ? QItemSelectionModel::SelectCurrent : QItemSelectionModel::ClearAndSelect;
+        }
+    }
+    return QTableView::selectionCommand(index, event);
+}
+
+QModelIndex GridView::Last_Stop(int row, int column, int rowStep, int columnStep) const {
+    QModelIndex last;
+    const GridModel& cells = Model();
+    for (row += rowStep, column += columnStep;
+         row >= 0 && row < cells.rowCount() && column >= 0 && column < cells.columnCount();
+         row += rowStep, column += columnStep) {
+        const QModelIndex index = cells.index(row, column);
+        if (Is_Stop(index)) last = index;
+    }
+    return last;
+}
+
+QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const bool control = (modifiers & Qt::ControlModifier) != 0;
+    const QModelIndex at = currentIndex();
+    const bool toEnd = action == MoveHome || action == MoveEnd;
+    if (!at.isValid() || (!toEnd && !control)) return QTableView::moveCursor(action, modifiers);
+    const int rows = Model().rowCount();
+    const int columns = Model().columnCount();
+    QModelIndex found;
+    switch (action) {
+        case MoveHome:
+            if (!control) return Last_Stop(at.row(), columns, 0, -1);
+            for (int row = 0; row < rows && !found.isValid(); ++row) found = Last_Stop(row, columns, 0, -1);
+            return found;
+        case MoveEnd:
+            if (!control) return Last_Stop(at.row(), -1, 0, 1);
+            for (int row = rows - 1; row >= 0 && !found.isValid(); --row) found = Last_Stop(row, -1, 0, 1);
+            return found;
+        case MoveUp:
+            return Last_Stop(at.row(), at.column(), -1, 0);
+        case MoveDown:
+            return Last_Stop(at.row(), at.column(), 1, 0);
+        case MoveLeft:
+            return Last_Stop(at.row(), at.column(), 0, -1);
+        case MoveRight:
+            return Last_Stop(at.row(), at.column(), 0, 1);
+        default:
+            return QTableView::moveCursor(action, modifiers);
+    }
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {

@@ -16,6 +16,7 @@ enum GridRole : int {
     kShadedRole = Qt::UserRole + 1,  // bool: the cell takes no entry and is grey
     kTotalRole,                      // bool: of a row of totals
     kLabelRole,                      // bool: a line number, a name or the like that takes no entry
+    kPendingRole,                    // bool: stands for a row with entries that are not stored yet
     kNumberRole,                     // of a head: the column's number on the form ("1"), may be empty
 };
 

@@ -78,7 +78,14 @@ class GridView : public QTableView {
     // A cursor that the program puts down selects its cell alone, whichever keys are held.
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event = nullptr) const override;
+    // Home and End go to the ends of the row, with Ctrl to those of the form; Ctrl with an arrow goes to the edge.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    // Where such moves end.
+    virtual bool Is_Stop(const QModelIndex& index) const { return index.isValid(); }
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+    // The last stop on the way from a cell, which does not count itself; invalid where there is none.
+    QModelIndex Last_Stop(int row, int column, int rowStep, int columnStep) const;
 
   private:
     // Where the cursor stands and what is in sight.

@@ -1,4 +1,7 @@
 // Pop-up lists: they help, and hold nobody up.
+#include <QListWidget>
+
+#include "report/open_report.h"
 #include "screens/edit/edit_test.h"
 
 namespace tallmar {
@@ -163,6 +166,68 @@ TEST(EditChoices, LockedCellsHaveNone) {
     Entry(s, "ButtonListYN", "mnuY")->trigger();
     s.At(7, 1);
     EXPECT_NE(s.grd.Choices(), nullptr);
+}
+
+TEST(EditChoices, CostCentersAreListedWhereOneIsAskedForAndNarrowToWhatIsTyped) {
+    Report r(fy2016);
+    Screen s("A4");
+    s.At(1, 3);
+    EXPECT_EQ(s.grd.Choices(), nullptr) << "nobody asked";
+    s.Press(Qt::Key_Down, Qt::AltModifier);
+    ASSERT_NE(s.grd.Choices(), nullptr);
+    const auto* list = s.grd.Choices()->findChild<QListWidget*>();
+    const auto shown = [&] {
+        std::vector<std::string> captions;
+        for (int i = 0; i < list->count(); ++i) {
+            if (!list->isRowHidden(i)) captions.push_back(list->item(i)->text().toStdString());
+        }
+        return captions;
+    };
+    EXPECT_EQ(shown().size(), db.Read_Rows("SELECT CCNum FROM CostCenters WHERE CCName Is Not Null;").size());
+    s.Type("nursing");
+    ASSERT_EQ(shown().size(), 1U);
+    EXPECT_EQ(shown().front(), "6  Skilled Nursing Care");
+    s.Press(Qt::Key_Return);
+    EXPECT_EQ(s.grd.Choices(), nullptr);
+    EXPECT_EQ(s.Shown(1, 3), "6");
+    EXPECT_EQ(s.Shown(1, 2), "Skilled Nursing Care");
+}
+
+TEST(EditChoices, ANumberThatIsTypedGoesBeforeTheOnesThatBeginWithIt) {
+    Report r(fy2016);
+    Screen s("A5");
+    s.At(1, 4);
+    s.Press(Qt::Key_F4);
+    s.Type("1");
+    s.Press(Qt::Key_Tab);
+    EXPECT_EQ(s.Shown(1, 4), "1");
+    s.At(2, 4);
+    s.Type("1");
+    s.Press(Qt::Key_F4);
+    ASSERT_NE(s.grd.Choices(), nullptr);
+    s.Press(Qt::Key_Down);
+    s.Press(Qt::Key_Return);
+    EXPECT_NE(s.Shown(2, 4), "1");
+    EXPECT_TRUE(s.Shown(2, 4).starts_with("1")) << s.Shown(2, 4);
+}
+
+TEST(EditChoices, WhatIsInNoListIsRefusedAsEver) {
+    Report r(fy2016);
+    Screen s("A6pB");
+    if (s.form.Model().rowCount() == 0) s.Button("cmdAdd")->click();
+    s.At(1, 1);
+    s.Press(Qt::Key_F4);
+    s.Type("zebra");
+    r.platform.Expect_Box("Error: Invalid Entry", "Invalid Cost Center, entries must be a valid Cost Center Number.");
+    s.Press(Qt::Key_Return);
+    EXPECT_EQ(s.Cursor(), "1 Col_1");
+    EXPECT_EQ(s.grd.Choices(), nullptr);
+    s.Press(Qt::Key_F4);
+    s.Press(Qt::Key_Escape);
+    EXPECT_EQ(s.grd.Choices(), nullptr);
+    ASSERT_NE(s.Editor(), nullptr) << "the first Esc closes the list alone";
+    s.Press(Qt::Key_Escape);
+    EXPECT_EQ(s.Editor(), nullptr);
 }
 
 TEST(EditHeads, FollowTheRow) {

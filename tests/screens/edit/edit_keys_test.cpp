@@ -47,12 +47,12 @@ TEST(EditKeys, TabPassesCellsThatTakeNothingAndGoesToTheNextRow) {
     Screen a("A");
     a.At(1, "CCName");
     a.Press(Qt::Key_Tab);
-    EXPECT_EQ(a.Cursor(), "1 Col_3") << "capital lines have no salaries";
+    EXPECT_EQ(a.Cursor(), "1 Col_3") << "capital lines have no salaries, and names are passed by";
     a.Press(Qt::Key_Tab);
     EXPECT_EQ(a.Cursor(), "1 Col_5");
     a.Type("9");
     a.Press(Qt::Key_Tab);
-    EXPECT_EQ(a.Cursor(), "2 CCName");
+    EXPECT_EQ(a.Cursor(), "2 Col_3");
     EXPECT_CELL("A", 1, 5, 9_cur);
     a.Press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(a.Cursor(), "1 Col_5");
@@ -136,7 +136,6 @@ TEST(EditKeys, EscTakesBackTheCellAndThenTheRow) {
     EXPECT_EQ(a.Shown(6, 1), "0");
     a.At(7, 1);
     EXPECT_CELL("A", 6, 1, 0_cur);
-    EXPECT_FALSE(a.form.Can_Undo());
 }
 
 TEST(EditKeys, DeleteClearsACellAndASelection) {
@@ -219,8 +218,10 @@ TEST(EditKeys, NamesInTheFrozenColumnsAreEdited) {
     a.At(6, 5);
     a.Press(Qt::Key_Home);
     a.At(6, "CCName");
-    a.Type("Nursing");
+    a.Press(Qt::Key_F2);
     ASSERT_NE(a.Editor(), nullptr);
+    a.Press(Qt::Key_A, Qt::ControlModifier);
+    a.Type("Nursing");
     EXPECT_TRUE(a.grd.viewport()->rect().contains(a.Editor()->geometry().center()));
     a.Press(Qt::Key_Return);
     EXPECT_CELL("A", 6, "CCName", "Nursing");

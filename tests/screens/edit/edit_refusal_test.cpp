@@ -207,6 +207,8 @@ TEST(EditRefusal, ALongNameLeavesTheFormerOne) {
     Screen a("A");
     a.At(6, "CCName");
     const std::string name(37, 'x');
+    a.Press(Qt::Key_F2);
+    a.Press(Qt::Key_A, Qt::ControlModifier);
     a.Type(name.c_str());
     EXPECT_EQ(a.Editor()->text().size(), 37);
     r.platform.Expect_Box("Invalid Length Entry",

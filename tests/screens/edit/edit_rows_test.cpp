@@ -282,6 +282,35 @@ TEST(EditOthers, ALineThatIsGoneIsReadAwayAsTheCursorComes) {
     EXPECT_CELL("A5", 12, 2, 6_cur);
 }
 
+TEST(EditOthers, LinesThatAreGoneAreReadAwayEachTime) {
+    Report r(fy2016);
+    Screen s("A5");
+    std::vector<Currency> added;
+    for (int i = 0; i < 2; ++i) {
+        s.Button("cmdAdd")->click();
+        added.push_back(s.form.Model().Line(s.grd.currentIndex().row()));
+    }
+    ASSERT_NE(added[0], added[1]);
+    for (const Currency line : added) {
+        s.At(12, 2);
+        r.Execute("DELETE FROM A5 WHERE LineNum = " + line.To_Text() + ";");
+        s.At(line, 2);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return s.form.Model().Row_Of(line) == -1; })) << line.To_Text();
+    }
+}
+
+TEST(EditOthers, DeleteWithoutARowDoesNothing) {
+    Report r(fy2016);
+    Screen s("A6pC");
+    ASSERT_EQ(s.form.Model().rowCount(), 0);
+    s.Press(Qt::Key_Delete);
+    s.Press(Qt::Key_Return);
+    s.Press(Qt::Key_Escape);
+    EXPECT_TRUE(s.told.empty());
+    EXPECT_TRUE(r.platform.boxes.empty());
+    EXPECT_EQ(s.changes, 0);
+}
+
 TEST(EditOthers, ATableThatIsGoneTakesNothing) {
     Report r(fy2016);
     Screen s("F");

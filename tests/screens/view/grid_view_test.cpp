@@ -68,6 +68,20 @@ TEST(FrozenColumnsTest, AreSeenOnTheScreenAndTakeTheMouse) {
     EXPECT_EQ(grd.horizontalScrollBar()->value(), grd.horizontalScrollBar()->maximum());
 }
 
+// Stronger than the lines between cells.
+TEST(FrozenColumnsTest, AnEdgeShowsWhereTheOthersGoBeneath) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    const QPoint edge(grd.Frozen_Width() - 1, grd.visualRect(At(*form, 5_cur, "CCName")).center().y());
+    const auto seen = [&] { return grd.viewport()->grab().toImage().pixelColor(edge).rgb(); };
+    const QColor base = grd.palette().color(QPalette::Base);
+    const QColor text = grd.palette().color(QPalette::Text);
+    EXPECT_EQ(seen(), Line_Tone(grd.palette()).rgb());
+    grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
+    EXPECT_EQ(seen(), Mixed(base, text, 60).rgb());
+}
+
 TEST(FrozenColumnsTest, TheCursorIsNeverBeneathThem) {
     Report r(fy2016);
     const auto form = Open_View("A", {700, 400});
@@ -102,6 +116,29 @@ TEST(FrozenColumnsTest, InANarrowWindowOnlyAsManyStayAsLeaveRoom) {
     // The name scrolls then.
     grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
     EXPECT_LT(grd.visualRect(At(*form, 5_cur, "CCName")).right(), 0);
+}
+
+TEST(GridViewTest, ControlWithHomeEndAndArrowsMovesCursorAndSelectionToTheEdge) {
+    Report r(fy2016);
+    const auto form = Open_View("A");
+    GridView& grd = form->Grid();
+    const GridModel& model = form->Model();
+    const int rows = model.rowCount() - 1;
+    const int columns = model.columnCount() - 1;
+    grd.setCurrentIndex(model.index(4, 4));
+    const auto move = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(&grd, key, modifiers);
+        EXPECT_EQ(grd.selectionModel()->selectedIndexes(), QModelIndexList{grd.currentIndex()});
+        return grd.currentIndex();
+    };
+    EXPECT_EQ(move(Qt::Key_Down, Qt::ControlModifier), model.index(rows, 4));
+    EXPECT_EQ(move(Qt::Key_Right, Qt::ControlModifier), model.index(rows, columns));
+    EXPECT_EQ(move(Qt::Key_Up, Qt::ControlModifier), model.index(0, columns));
+    EXPECT_EQ(move(Qt::Key_Left, Qt::ControlModifier), model.index(0, 0));
+    EXPECT_EQ(move(Qt::Key_End, {}), model.index(0, columns));
+    EXPECT_EQ(move(Qt::Key_Home, {}), model.index(0, 0));
+    EXPECT_EQ(move(Qt::Key_End, Qt::ControlModifier), model.index(rows, columns));
+    EXPECT_EQ(move(Qt::Key_Home, Qt::ControlModifier), model.index(0, 0));
 }
 
 TEST(GridViewTest, TabGoesOnInTheNextRowAndLeavesAtTheEnds) {

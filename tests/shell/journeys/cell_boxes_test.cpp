@@ -152,7 +152,7 @@ TEST_P(CellBoxes, IsShownToTheLetter) {
     ASSERT_TRUE(desk.At(box.line, box.column));
     const std::string place = desk.Cursor();
     desk.Expect(box.title, box.text, box.answer, box.buttons);
-    Desk::Type(box.typed);
+    desk.Type_Over(box.typed);
     Desk::Press(Qt::Key_Return);
     EXPECT_TRUE(desk.boxes.Done());
     EXPECT_EQ(desk.boxes.Boxes_Seen(), 1);

@@ -157,9 +157,17 @@ bool Desk::At(const LineRef& line, const ColumnRef& column) const {
     return grd.currentIndex() == index;
 }
 
+void Desk::Type_Over(std::string_view text) const {
+    if (Grid().Entries().Is_Name(Grid().currentIndex())) {
+        Press(Qt::Key_F2);
+        Press(Qt::Key_A, Qt::ControlModifier);
+    }
+    Type(text);
+}
+
 void Desk::Key(const LineRef& line, const ColumnRef& column, std::string_view text) const {
     EXPECT_TRUE(At(line, column)) << line.line.To_Text() << " " << column.name;
-    Type(text);
+    Type_Over(text);
     Press(Qt::Key_Return);
 }
 

@@ -69,6 +69,8 @@ class Desk {
     QModelIndex Index(const LineRef& line, const ColumnRef& column) const;
     // The cursor goes there as by a click; false where a refusal holds it.
     bool At(const LineRef& line, const ColumnRef& column) const;
+    // Types over what the cell of the cursor holds. A name is opened by F2 first.
+    void Type_Over(std::string_view text) const;
     // Goes there, types and presses Enter.
     void Key(const LineRef& line, const ColumnRef& column, std::string_view text) const;
     // "5.01 Col_3": where the cursor is.

@@ -27,7 +27,7 @@ void KeyedReport::Key_Cell(const CellText& cell) {
     const GridColumn* column = desk.Grid().Entries().Form().Find_Column(cell.column);
     ASSERT_NE(column, nullptr);
     ASSERT_TRUE(desk.At(line, column->field)) << "the cursor stays at " << desk.Cursor();
-    Desk::Type(cell.value);
+    desk.Type_Over(cell.value);
     Desk::Press(Qt::Key_Return);
 }
 
