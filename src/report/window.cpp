@@ -12,6 +12,7 @@ namespace tallmar {
 namespace {
 
 constexpr std::string_view kReportControls[] = {"lblHelp", "lblCRFName", "picLogo"};
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
@@ -20,6 +21,9 @@ void Load_ProductTitle() {
     std::string line;
     std::getline(file, line);
     while (!line.empty() && line.back() == '\r') line.pop_back();
+    // Written by an older editor it is in code page 1252.
+    if (!Is_Valid_Utf8(line)) line = From_Cp1252(line);
+    if (Begins_With(line, kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     if (!line.empty()) ProductTitle = line;
 }
 
