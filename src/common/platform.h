@@ -64,6 +64,8 @@ class Platform {
     virtual std::string Program_Folder() = 0;
     // Where the program keeps data of its own for this user, without a separator at its end. Empty: nothing is kept.
     virtual std::string Data_Folder() { return {}; }
+    // Where this user keeps documents, without a separator at its end. Empty: there is no such place.
+    virtual std::string Documents_Folder() { return {}; }
     // State of the main window that jobs change: "mnuReportSubmit" disabled, caption set, welcome frame shown ...
     virtual void Set_Enabled(std::string_view control, bool enabled) = 0;
     virtual void Set_Visible(std::string_view control, bool visible) = 0;

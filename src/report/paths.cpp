@@ -1,5 +1,7 @@
 #include "report/paths.h"
 
+#include <unistd.h>
+
 #include "common/platform.h"
 #include "common/text.h"
 #include "report/window.h"
@@ -39,7 +41,11 @@ bool Is_Remembered_Folder(std::string_view folder) {
 
 std::string Dialog_Folder() {
     const std::string remembered = The_Platform().Get_Setting(kProgramTitle, "Startup", "CRFLoc", "None");
-    return remembered == "None" ? The_Platform().Program_Folder() : remembered;
+    if (remembered != "None") return remembered;
+    const std::string program = The_Platform().Program_Folder();
+    const std::string documents = The_Platform().Documents_Folder();
+    const bool isWritable = ::access(Native_Path(program).c_str(), W_OK) == 0;
+    return isWritable || documents.empty() ? program : documents;
 }
 
 }  // namespace tallmar

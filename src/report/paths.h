@@ -18,7 +18,8 @@ std::string Native_Path(std::string_view path);
 std::string Real_Folder(std::string_view path, std::string_view folder);
 // False for drives A and B, which are never remembered.
 bool Is_Remembered_Folder(std::string_view folder);
-// The folder where file dialogs start: the one remembered, else the program's own.
+// The folder where file dialogs start: the one remembered, else the program's own, or where that cannot be written the
+// user's documents.
 std::string Dialog_Folder();
 
 }  // namespace tallmar

@@ -36,6 +36,12 @@ std::string User_Folder(QStandardPaths::StandardLocation location, const char* b
     return Plain_Text(folder + '/' + Qt_Text(kProgramTitle));
 }
 
+// The home folder where there is none for documents.
+std::string User_Documents() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return Plain_Text(QFileInfo(folder).isDir() ? folder : QDir::homePath());
+}
+
 QString Settings_File(const std::string& folder, std::string_view application) {
     return Qt_Text(folder) + '/' + Qt_Text(application) + ".ini";
 }
@@ -55,8 +61,10 @@ QWidget* Window_In_Front(FrmMain* main) {
 DesktopPlaces User_Places() {
     return {User_Folder(QStandardPaths::GenericConfigLocation, "/.config"),
             User_Folder(QStandardPaths::GenericDataLocation, "/.local/share"),
-            Plain_Text(QCoreApplication::applicationDirPath()), Present,
-            [](const std::string& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(Qt_Text(path))); }};
+            Plain_Text(QCoreApplication::applicationDirPath()),
+            Present,
+            [](const std::string& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(Qt_Text(path))); },
+            User_Documents()};
 }
 
 DesktopPlatform::DesktopPlatform(DesktopPlaces places) : places_(std::move(places)), before_(Install_Platform(this)) {}

@@ -22,6 +22,7 @@ struct DesktopPlaces {
     std::string programFolder;
     std::function<Date()> now;
     std::function<bool(const std::string& path)> open;  // by the program that stands for the document; false: none does
+    std::string documentsFolder = {};                   // empty: there is none
 };
 // Those of the user who runs the program. Requires the QApplication.
 DesktopPlaces User_Places();
@@ -54,6 +55,7 @@ class DesktopPlatform final : public Platform {
                       std::string_view value) override;
     std::string Program_Folder() override { return places_.programFolder; }
     std::string Data_Folder() override { return places_.dataFolder; }
+    std::string Documents_Folder() override { return places_.documentsFolder; }
     void Set_Enabled(std::string_view control, bool enabled) override;
     void Set_Visible(std::string_view control, bool visible) override;
     void Set_Text(std::string_view control, std::string_view text) override;

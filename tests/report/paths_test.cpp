@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_platform.h"
+#include "support/temp_folder.h"
 
 namespace tallmar {
 
@@ -46,6 +47,15 @@ TEST(PathsTest, DialogsStartInTheRememberedFolderElseInThePrograms) {
     EXPECT_EQ(Dialog_Folder(), "no-program-folder");
     platform.Save_Setting("Tallmar 1728", "Startup", "CRFLoc", "/home/pat");
     EXPECT_EQ(Dialog_Folder(), "/home/pat");
+}
+
+TEST(PathsTest, DialogsStartAmongTheDocumentsWhereTheProgramsFolderCannotBeWritten) {
+    FakePlatform platform;
+    platform.documentsFolder = "/home/pat/Documents";
+    EXPECT_EQ(Dialog_Folder(), "/home/pat/Documents");
+    const TempFolder folder;
+    platform.programFolder = folder.Path();
+    EXPECT_EQ(Dialog_Folder(), folder.Path());
 }
 
 }  // namespace tallmar

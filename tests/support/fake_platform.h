@@ -40,6 +40,7 @@ class FakePlatform : public Platform {
 
     std::string programFolder = "no-program-folder";
     std::string dataFolder;            // empty: nothing is kept
+    std::string documentsFolder;       // empty: there is none
     bool closeFormsCancelled = false;  // what Close_All_Forms answers
     bool keepsReportsOpen = false;     // a desktop
     std::function<void()> onEvents;    // runs at each Do_Events; whoever waits for the clock needs an Advance here
@@ -86,6 +87,7 @@ class FakePlatform : public Platform {
                       std::string_view value) override;
     std::string Program_Folder() override { return programFolder; }
     std::string Data_Folder() override { return dataFolder; }
+    std::string Documents_Folder() override { return documentsFolder; }
     void Set_Enabled(std::string_view control, bool on) override { enabled[std::string(control)] = on; }
     void Set_Visible(std::string_view control, bool on) override { visible[std::string(control)] = on; }
     void Set_Text(std::string_view control, std::string_view text) override { texts[std::string(control)] = text; }
