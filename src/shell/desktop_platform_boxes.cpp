@@ -3,12 +3,15 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QSpacerItem>
 #include <array>
 
 #include "common/text.h"
 #include "report/paths.h"
 #include "screens/view/qt_text.h"
+#include "shell/dialog.h"
 
 namespace tallmar {
 
@@ -84,6 +87,10 @@ Answer Show_Message_Box(QWidget* parent, std::string_view prompt, int buttons, s
     QMessageBox box(Icon_Of(buttons), Qt_Text(title), Box_Text(prompt), row.shown, parent);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A message box takes no width but that of what it holds.
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* strut = new QSpacerItem(Caption_Width(box), 0, QSizePolicy::Minimum);
+    grid->addItem(strut, grid->rowCount(), 0, 1, grid->columnCount());
     box.setDefaultButton((buttons & kDefaultButton2) != 0 ? row.second : row.first);
     const int pressed = box.exec();
     for (const AnswerRow& answer : kAnswerRows) {

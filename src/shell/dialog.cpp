@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
 
 namespace tallmar {
 
@@ -13,6 +14,15 @@ void Set_Up_Dialog(QDialog& dialog, const char* name, const QString& caption) {
     dialog.setWindowTitle(caption);
     dialog.setAccessibleName(caption);
     dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    dialog.setMinimumWidth(Caption_Width(dialog));
+}
+
+int Caption_Width(const QWidget& dialog) {
+    QFont font = dialog.font();
+    font.setBold(true);
+    // Window managers draw titles in fonts of their own, between an icon and a few buttons.
+    const int buttons = 5 * dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &dialog);
+    return QFontMetrics(font).horizontalAdvance(dialog.windowTitle()) + buttons;
 }
 
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent) {

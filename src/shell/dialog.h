@@ -17,6 +17,8 @@ using DialogPtr = std::unique_ptr<QDialog>;
 
 // The name of its form and its caption, without the "?" of some desktops.
 void Set_Up_Dialog(QDialog& dialog, const char* name, const QString& caption);
+// A dialog narrower than this would cut its caption.
+int Caption_Width(const QWidget& dialog);
 DialogPtr Make_Dialog(const char* name, const QString& caption, QWidget* parent);
 // A row of the layout: an entry by its control's name, and the label before it with its access key.
 QLineEdit* Add_Entry(QFormLayout& layout, const char* name, const QString& label);

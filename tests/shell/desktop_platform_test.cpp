@@ -8,8 +8,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "shell/desktop_platform_boxes.h"
+#include "shell/dialog.h"
 #include "shell/shell_test.h"
 #include "shell/startup.h"
 #include "shell/tallmar_application.h"
@@ -168,6 +172,38 @@ TEST_F(DesktopPlatformTest, SecondCopyIsToldAndDoesNotStart) {
     options.splash = false;
     EXPECT_FALSE(Start_Up(*main, options, false));
     EXPECT_FALSE(main->isVisible());
+}
+
+TEST_F(DesktopPlatformTest, SecondCopyLeavesTheReportOfTheFirstAlone) {
+    const std::string path = Make_Report(fy2016);
+    const std::string other = folder.File("other.CRF");
+    std::filesystem::copy_file(path, other);
+    const auto content = [](const std::string& file) {
+        std::ifstream stream(file, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(stream), {});
+    };
+    const std::string before = content(path), otherBefore = content(other);
+    for (const std::string& asked : {path, other}) {
+        boxes.Expect_Box_Starting("Attempt to Run Multiple Copies of Tallmar 1728", "A copy of Tallmar 1728 is");
+        EXPECT_FALSE(Start_Up(*main, Start_Options({"tallmar1728", "--no-splash", Qt_Text(asked)}), false));
+        EXPECT_EQ(CRFPath, path) << "nothing else was opened";
+        EXPECT_TRUE(Report_Is_Open());
+    }
+    EXPECT_EQ(content(path), before);
+    EXPECT_EQ(content(other), otherBefore);
+    EXPECT_FALSE(std::filesystem::exists(other + ".lock"));
+}
+
+TEST_F(DesktopPlatformTest, BoxIsAsWideAsItsTitle) {
+    constexpr const char* kTitle = "Error: Invalid Fiscal Year Start Date Of The Report";
+    boxes.Otherwise([&](QWidget& box) {
+        EXPECT_GT(box.width(), QFontMetrics(box.font()).horizontalAdvance(kTitle));
+        return box.close();
+    });
+    platform.Message_Box("No.", kOkOnly + kStop, kTitle);
+    QDialog dialog;
+    Set_Up_Dialog(dialog, "frmHelpAbout", kTitle);
+    EXPECT_GT(dialog.minimumWidth(), QFontMetrics(dialog.font()).horizontalAdvance(kTitle));
 }
 
 TEST_F(DesktopPlatformTest, StartOpensTheReportOfTheCommandLine) {
