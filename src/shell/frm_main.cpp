@@ -37,6 +37,7 @@ constexpr int kLogoSize = 24;
 constexpr int kIconSize = 64;
 constexpr int kMargin = 6;
 constexpr QSize kFirstSize{1100, 760};
+constexpr int kFirstShare = 80;  // of the screen, in percent
 constexpr int kHelpLines = 22;
 constexpr int kHelpColumns = 60;
 
@@ -82,10 +83,11 @@ FrmMain::FrmMain(const JobGuard& guard)
     Forms_Changed();
 }
 
-// As large as the screen allows: the line at the foot stays in sight.
+// Most of a large screen; on a small one the line at the foot stays in sight.
 QSize FrmMain::First_Size() const {
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    return kFirstSize.boundedTo(screen()->availableSize() - QSize(title, 2 * title));
+    const QSize available = screen()->availableSize();
+    return (available * kFirstShare / 100).expandedTo(kFirstSize).boundedTo(available - QSize(title, 2 * title));
 }
 
 void FrmMain::Lay_Out() {

@@ -41,11 +41,8 @@ void MenuBar::Add(const MenuRow& row, QMenuBar* bar) {
     action->setObjectName(Qt_Text(row.name));
     action->setShortcut(QKeySequence(Qt_Text(row.shortcut), QKeySequence::PortableText));
     action->setCheckable(row.checkable);
-    if (row.when == MenuWhen::NotBuilt) {
-        action->setEnabled(false);
-        action->setToolTip(tr("Not available yet"));
-    }
     actions_[row.name] = action;
+    if (row.when == MenuWhen::NotBuilt) Turn(row, false);
     if (row.kind == MenuKind::Command) {
         connect(action, &QAction::triggered, this, [this, action] { emit Chosen(action->objectName()); });
     } else {
@@ -69,9 +66,15 @@ void MenuBar::Show(const MenuState& state) {
         if (row.kind == MenuKind::List) {
             Fill_List(row, state.lists.at(row.name));
         } else if (row.when == MenuWhen::Always || row.when == MenuWhen::Report || row.when == MenuWhen::Registry) {
-            if (QAction* action = Find(row.name)) action->setEnabled(state.enabled.contains(row.name));
+            if (Find(row.name) != nullptr) Turn(row, state.enabled.contains(row.name));
         }
     }
+}
+
+void MenuBar::Turn(const MenuRow& row, bool on) {
+    QAction& action = *Find(row.name);
+    action.setEnabled(on);
+    action.setToolTip(on ? QString() : Qt_Text(Why_Off(row)));
 }
 
 void MenuBar::Fill_List(const MenuRow& row, const std::vector<MenuListEntry>& entries) {
@@ -93,13 +96,12 @@ void MenuBar::Fill_List(const MenuRow& row, const std::vector<MenuListEntry>& en
 
 void MenuBar::Set_Enabled(std::string_view name, bool enabled) {
     const MenuRow* row = Find_Menu_Row(name);
-    QAction* action = Find(name);
-    if (row != nullptr && action != nullptr) action->setEnabled(enabled && row->when != MenuWhen::NotBuilt);
+    if (row != nullptr && Find(name) != nullptr) Turn(*row, enabled && row->when != MenuWhen::NotBuilt);
 }
 
 void MenuBar::Enable_Form_Entries(bool enabled) {
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.when == MenuWhen::Form) Find(row.name)->setEnabled(enabled);
+        if (row.when == MenuWhen::Form) Turn(row, enabled);
     }
 }
 

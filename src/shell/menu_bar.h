@@ -39,6 +39,8 @@ class MenuBar : public QObject {
 
   private:
     void Add(const MenuRow& row, QMenuBar* bar);
+    // An entry that is off says why.
+    void Turn(const MenuRow& row, bool on);
     void Fill_List(const MenuRow& row, const std::vector<MenuListEntry>& entries);
 
     std::map<std::string, QAction*, std::less<>> actions_;

@@ -83,6 +83,13 @@ void Enable_Registered(MenuState& state, const std::vector<Worksheet>& worksheet
     }
 }
 
+// None of its entries is built.
+bool Is_Empty_Menu(const MenuRow& menu) {
+    return menu.kind == MenuKind::Menu && std::ranges::all_of(Menu_Rows(), [&](const MenuRow& row) {
+               return row.parent != menu.name || row.when == MenuWhen::NotBuilt || row.kind == MenuKind::Separator;
+           });
+}
+
 // A menu of worksheets is on where an entry of it is: from the innermost out, since a menu's row stands above its
 // entries'.
 void Enable_Menus(MenuState& state) {
@@ -104,11 +111,20 @@ MenuState Menu_State(bool costCentersAreEdited) {
     }
     if (costCentersAreEdited || !Is_Open()) return state;
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.when == MenuWhen::Report) state.enabled.insert(row.name);
+        if (row.when == MenuWhen::Report && !Is_Empty_Menu(row)) state.enabled.insert(row.name);
     }
     Enable_Registered(state, Registered());
     Enable_Menus(state);
     return state;
+}
+
+std::string_view Why_Off(const MenuRow& row) {
+    if (row.when == MenuWhen::NotBuilt) return "Not available yet";
+    if (row.when == MenuWhen::Form) return "No form that this works on is open";
+    if (row.when != MenuWhen::Report && row.when != MenuWhen::Registry) return {};
+    if (!Is_Open()) return "No report is open";
+    if (row.when == MenuWhen::Report) return Is_Empty_Menu(row) ? "Not available yet" : "";
+    return Is_Off_This_Year(row.name) ? "Not used in this fiscal year" : "This report has no such worksheet";
 }
 
 std::string Item_In_Caption(const std::string& caption) {

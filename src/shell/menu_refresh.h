@@ -4,9 +4,12 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tallmar {
+
+struct MenuRow;
 
 struct MenuListEntry {
     std::string caption;  // "C  Part-2  MSA-1600 (Cp2m1600)"
@@ -24,6 +27,9 @@ struct MenuState {
 // Errors of the database are passed over: what was not found stays off. While the cost centers are edited nothing of
 // the report is on.
 MenuState Menu_State(bool costCentersAreEdited);
+
+// For the person: why the entry is off. Empty where nothing can be said.
+std::string_view Why_Off(const MenuRow& row);
 
 // The Item between the last parentheses of a list entry's caption.
 std::string Item_In_Caption(const std::string& caption);

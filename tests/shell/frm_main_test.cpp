@@ -136,6 +136,19 @@ TEST_F(FrmMainTest, WhatIsNotBuiltStaysOff) {
     EXPECT_FALSE(Entry("mnuReportSubmit").isEnabled());
     EXPECT_FALSE(Entry("mnuReportPrint").isEnabled());
     EXPECT_FALSE(Entry("mnuEditOpenCCs").isEnabled());
+    EXPECT_EQ(Entry("mnuReportPrint").toolTip(), "Not available yet");
+    EXPECT_EQ(Entry("mnuReportImport").isEnabled(), Entry("mnuReportImportASCII").isEnabled());
+}
+
+TEST_F(FrmMainTest, EntryThatIsOffSaysWhyUntilItIsOn) {
+    EXPECT_EQ(Entry("mnuReportClose").toolTip(), "No report is open");
+    EXPECT_EQ(Entry("mnuWindowTile").toolTip(), "No form that this works on is open");
+    Make_Report(fy2016);
+    EXPECT_NE(Entry("mnuReportClose").toolTip(), "No report is open");
+    EXPECT_EQ(Entry("mnuEditOpenA1").toolTip(), "This report has no such worksheet");
+    View("A");
+    EXPECT_NE(Entry("mnuWindowTile").toolTip(), "No form that this works on is open");
+    EXPECT_EQ(Entry("mnuEditPaste").toolTip(), "No form that this works on is open") << "a view takes no entries";
 }
 
 TEST_F(FrmMainTest, ListEntriesComeAndGoWithTheRegistry) {
@@ -219,6 +232,14 @@ TEST_F(FrmMainTest, FirstSizeLeavesTheFootOnTheScreen) {
     const QSize screen = main->screen()->availableSize();
     EXPECT_LE(size.width(), screen.width());
     EXPECT_LT(size.height(), screen.height() - main->style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+TEST_F(FrmMainTest, FirstSizeUsesFourFifthsOfTheScreen) {
+    const QSize size = FrmMain(platform.Guard()).size();
+    const QSize screen = main->screen()->availableSize();
+    const int title = main->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    EXPECT_GE(size.width(), std::min(screen.width() * 8 / 10, screen.width() - title));
+    EXPECT_GE(size.height(), std::min(screen.height() * 8 / 10, screen.height() - 2 * title));
 }
 
 TEST_F(FrmMainTest, ExitClosesFormsAndReleasesTheReport) {

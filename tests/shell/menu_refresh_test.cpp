@@ -27,7 +27,6 @@ constexpr const char* kEmptyLists[] = {"mnuEditOpenCp2", "mnuEditOpenK", "mnuEdi
 constexpr const char* kWithReport[] = {"mnuReportSaveAs",
                                        "mnuReportClose",
                                        "mnuReportCalculate",
-                                       "mnuReportImport",
                                        "mnuReportUtilities",
                                        "mnuReportUtilitiesHQ",
                                        "mnuReportUtilitiesHeader",
@@ -63,6 +62,29 @@ TEST(MenuRefreshTest, ReportTurnsItsEntriesOn) {
     for (const char* name : kWithReport) EXPECT_TRUE(Is_On(state, name)) << name;
     EXPECT_FALSE(Is_On(state, "mnuReportSubmit"));
     EXPECT_FALSE(Is_On(state, "mnuReportPrint"));
+}
+
+TEST(MenuRefreshTest, MenuOfEntriesThatAreNotBuiltIsOff) {
+    const Report r(fy2016);
+    const MenuState state = Menu_State(false);
+    bool anyIsBuilt = false;
+    for (const MenuRow& row : Menu_Rows()) {
+        anyIsBuilt |= row.parent == "mnuReportImport" && row.when != MenuWhen::NotBuilt;
+    }
+    EXPECT_EQ(Is_On(state, "mnuReportImport"), anyIsBuilt);
+    EXPECT_TRUE(Is_On(state, "mnuReportUtilities"));
+}
+
+TEST(MenuRefreshTest, EntryThatIsOffSaysWhy) {
+    const auto why = [](const char* name) { return std::string(Why_Off(*Find_Menu_Row(name))); };
+    EXPECT_EQ(why("mnuEditOpenA"), "No report is open");
+    EXPECT_EQ(why("mnuReportClose"), "No report is open");
+    EXPECT_EQ(why("mnuReportPrint"), "Not available yet");
+    const Report r(fy2016);
+    EXPECT_EQ(why("mnuEditOpenA1"), "This report has no such worksheet");
+    EXPECT_EQ(why("mnuEditOpenCp4"), "Not used in this fiscal year");
+    EXPECT_EQ(why("mnuReportImport"), "Not available yet");
+    EXPECT_EQ(why("mnuEditFind"), "No form that this works on is open");
 }
 
 TEST(MenuRefreshTest, ReportOf2016HasS21AndNoCostLimits) {
