@@ -1,6 +1,7 @@
 #include "shell/form_windows.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPointer>
@@ -18,6 +19,7 @@
 #include "report/window.h"
 #include "screens/view/qt_text.h"
 #include "shell/form_maker.h"
+#include "shell/given_places.h"
 #include "shell/window_places.h"
 
 namespace tallmar {
@@ -40,13 +42,23 @@ bool Begins_So(const QObject& form, std::string_view beginning) {
     return Begins_With(To_Upper(Plain_Text(form.objectName())), beginning);
 }
 
+// The other form of a worksheet shows the cell that the person came from.
+void Put_Cursor(const WorksheetForm& to, const WorksheetForm& from) {
+    const QModelIndex at = from.Grid().currentIndex();
+    if (!at.isValid() || to.Model().Form().Description().order.empty()) return;
+    const int row = to.Model().Row_Of(from.Model().Line(at.row()));
+    const int column = to.Model().Column_Of(from.Model().Column(at.column()).field);
+    if (row >= 0) to.Grid().setCurrentIndex(to.Model().index(row, std::max(column, 0)));
+}
+
 bool Is_Worksheet_Form(const QObject& form) {
     return std::ranges::any_of(kFormBeginnings, [&](std::string_view beginning) { return Begins_So(form, beginning); });
 }
 
 }  // namespace
 
-FormWindows::FormWindows(QMdiArea* area) : QObject(area), area_(area), zoom_(Remembered_Zoom()) {
+FormWindows::FormWindows(QMdiArea* area)
+    : QObject(area), area_(area), places_(new GivenPlaces(area)), zoom_(Remembered_Zoom()) {
     connect(area, &QMdiArea::subWindowActivated, this, &FormWindows::Changed);
 }
 
@@ -77,48 +89,103 @@ void FormWindows::Open_Worksheet_Form(FormMode mode, const Item& item) {
     form->installEventFilter(this);
     window->installEventFilter(this);
     area_->addSubWindow(window);
-    Show_In_Place(*window, *form);
+    if (area_->viewMode() == QMdiArea::TabbedView) {
+        window->showMaximized();
+    } else {
+        Put_In_Place(*window, *form);
+        window->show();
+    }
     // A text above the grid comes before it in the order of the Tab key.
     form->Grid().setFocus();
     The_Platform().Do_Events();
     emit Changed();
 }
 
-void FormWindows::Show_In_Place(QMdiSubWindow& window, WorksheetForm& form) {
-    if (area_->viewMode() == QMdiArea::TabbedView) {
-        window.showMaximized();
-        return;
-    }
-    const QSize area = area_->viewport()->size();
+void FormWindows::Put_In_Place(QMdiSubWindow& window, const WorksheetForm& form) {
     QRect place(QPoint(), window.sizeHint().expandedTo(window.minimumSizeHint()));
     if (const auto remembered = Remembered_Place(Plain_Text(form.objectName()))) {
-        place = *remembered;
+        place.moveTopLeft(remembered->at);
+        place.setSize(remembered->size.value_or(place.size()));
     } else {
         const int step = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
-        const auto others = static_cast<int>(Forms().size()) - 1;
+        const auto passing = [this](const WorksheetForm* other) { return walked_.contains(other); };
+        const auto others =
+            static_cast<int>(Forms().size() - 1) - static_cast<int>(std::ranges::count_if(Forms(), passing));
         place.moveTopLeft(QPoint(step, step) * (others % 8));
     }
     place.setHeight(std::min(place.height(), area_->window()->height() * kMainHeightPercent / 100));
-    window.setGeometry(Fit_Into(place, area));
-    window.show();
+    window.setGeometry(Fit_Into(place, area_->viewport()->size()));
+    places_->Note(window);
+}
+
+// Only what the person chose: a form that was tiled yesterday, or had few rows, has its own size again today.
+void FormWindows::Remember(const QMdiSubWindow& window) {
+    const bool isPlaced =
+        area_->viewMode() == QMdiArea::SubWindowView && !window.isMaximized() && !window.isMinimized();
+    if (!isPlaced || window.widget() == nullptr) return;
+    const std::string form = Plain_Text(window.widget()->objectName());
+    if (places_->Is_Sized(window)) {
+        Remember_Place(form, {window.pos(), window.size()});
+    } else if (places_->Is_Moved(window)) {
+        const auto before = Remembered_Place(form);
+        Remember_Place(form, {window.pos(), before ? before->size : std::nullopt});
+    }
+}
+
+void FormWindows::Cascade() {
+    area_->cascadeSubWindows();
+    places_->Note_All();
+}
+
+void FormWindows::Tile() {
+    area_->tileSubWindows();
+    places_->Note_All();
+}
+
+void FormWindows::Open_From(WorksheetForm& form, FormMode mode, const Item& item) {
+    const WaitPointer wait;
+    if (mode == form.Mode()) return Walk_To(form, item);
+    // An edit form that is open stays in the cell where it was left.
+    const bool keepsPlace = mode == FormMode::Edit && Find_Form(item, mode) != nullptr;
+    Open_Worksheet_Form(mode, item);
+    const WorksheetForm* opened = Find_Form(item, mode);
+    if (opened != nullptr && !keepsPlace) Put_Cursor(*opened, form);
+}
+
+void FormWindows::Walk_To(WorksheetForm& form, const Item& item) {
+    const bool wasOpen = Find_Form(item, form.Mode()) != nullptr;
+    Open_Worksheet_Form(form.Mode(), item);
+    const WorksheetForm* reached = Find_Form(item, form.Mode());
+    if (reached == nullptr) return;
+    QMdiSubWindow* left = Window_Of(form);
+    const bool isPassedBy = walked_.contains(&form) && !places_->Is_Moved(*left) && !places_->Is_Sized(*left);
+    if (!wasOpen) walked_.insert(reached);
+    if (isPassedBy) left->close();
 }
 
 void FormWindows::Connect(WorksheetForm& form) {
     identity_ = Present_Identity();
-    connect(&form, &WorksheetForm::Open_Requested, this, [this](FormMode mode, const QString& item) {
-        const WaitPointer wait;
-        Open_Worksheet_Form(mode, Plain_Text(item));
-    });
+    connect(&form, &QObject::destroyed, this, [this](const QObject* gone) { walked_.remove(gone); });
+    connect(&form, &WorksheetForm::Open_Requested, this,
+            [this, &form](FormMode mode, const QString& item) { Open_From(form, mode, Plain_Text(item)); });
     connect(&form, &WorksheetForm::Recalculate_Requested, this, [this, &form] { Recalculate(form); });
-    connect(&form, &WorksheetForm::Cell_Changed, this,
-            [this, &form] { Close_Worksheet_Form(form.Worksheet(), FormMode::View); });
+    connect(&form, &WorksheetForm::Cell_Changed, this, [this, &form] {
+        walked_.remove(&form);
+        Close_Worksheet_Form(form.Worksheet(), FormMode::View);
+    });
     connect(&form, &WorksheetForm::Stored, this, [this, &form](const QString& what) {
         const FormDescription& description = form.Model().Form().Description();
         if (description.follow != nullptr || description.rowStored != nullptr) Worksheets_Changed(form);
         Follow_Identity(form);
         emit Stored(what);
     });
-    connect(&form.Grid(), &GridView::Zoom_Changed, this, &FormWindows::Set_Zoom);
+    connect(&form.Grid(), &GridView::Zoom_Changing, this, [this, &form] {
+        if (Window_Of(form)->width() >= Whole_Width(form)) whole_.insert(&form);
+    });
+    connect(&form.Grid(), &GridView::Zoom_Changed, this, [this, &form](int percent) {
+        if (whole_.remove(&form)) Follow_Zoom(form);
+        Set_Zoom(percent);
+    });
     connect(&form.Grid(), &GridView::Selection_Changed, this, &FormWindows::Selection_Changed);
     connect(&form, &WorksheetForm::Found_Elsewhere, this, &FormWindows::Go_To_Found);
 }
@@ -249,7 +316,6 @@ bool Calculate_Report() {
 
 void FormWindows::Recalculate(WorksheetForm& form) {
     if (!Commit_Rows()) return;
-    const Item item = form.Worksheet();
     const bool edits = form.Mode() == FormMode::Edit;
     form.setEnabled(false);
     const bool calculated = Calculate_Report();
@@ -257,7 +323,7 @@ void FormWindows::Recalculate(WorksheetForm& form) {
     // A form that is shut loses its focus.
     form.Grid().setFocus();
     Requery_All();
-    if (edits && calculated) Open_Worksheet_Form(FormMode::View, item);
+    if (edits && calculated) Open_From(form, FormMode::View, form.Worksheet());
     emit Stored(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : tr("Not calculated."));
 }
 
@@ -296,10 +362,29 @@ void FormWindows::Set_Zoom(int percent) {
     for (const WorksheetForm* form : Forms()) form->Grid().Set_Zoom(percent);
 }
 
+int FormWindows::Whole_Width(const WorksheetForm& form) const {
+    QMdiSubWindow* window = Window_Of(form);
+    if (window->layout() != nullptr) window->layout()->invalidate();
+    return std::min(window->sizeHint().width(), area_->viewport()->width());
+}
+
+void FormWindows::Follow_Zoom(const WorksheetForm& form) {
+    QMdiSubWindow* window = Window_Of(form);
+    if (area_->viewMode() == QMdiArea::TabbedView || window->isMaximized() || window->isMinimized()) return;
+    const bool isGiven = !places_->Is_Sized(*window) && !places_->Is_Moved(*window);
+    QRect place = window->geometry();
+    place.setWidth(std::max(Whole_Width(form), window->minimumSizeHint().width()));
+    window->setGeometry(Fit_Into(place, area_->viewport()->size()));
+    if (isGiven) places_->Note(*window);
+}
+
 void FormWindows::Set_Tabs(bool tabs) {
     area_->setViewMode(tabs ? QMdiArea::TabbedView : QMdiArea::SubWindowView);
-    if (!tabs) {
-        for (QMdiSubWindow* window : area_->subWindowList()) window->showNormal();
+    for (WorksheetForm* form : Forms()) {
+        if (tabs) break;
+        QMdiSubWindow& window = *Window_Of(*form);
+        window.showNormal();
+        if (!places_->Is_Known(window)) Put_In_Place(window, *form);
     }
     emit Changed();
 }
@@ -315,9 +400,7 @@ bool FormWindows::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::Close) return QObject::eventFilter(watched, event);
     if (auto* window = qobject_cast<QMdiSubWindow*>(watched)) {
         closing_ = window->widget();
-        const bool hasPlace = area_->viewMode() == QMdiArea::SubWindowView && !window->isMaximized() &&
-                              !window->isMinimized() && closing_ != nullptr;
-        if (hasPlace) Remember_Place(Plain_Text(closing_->objectName()), window->geometry());
+        Remember(*window);
         return false;
     }
     if (watched == closing_) {

@@ -3,6 +3,7 @@
 
 #include <QMdiArea>
 #include <QObject>
+#include <QSet>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +13,8 @@
 class QMdiSubWindow;
 
 namespace tallmar {
+
+class GivenPlaces;
 
 class FormWindows : public QObject {
     Q_OBJECT
@@ -61,6 +64,8 @@ class FormWindows : public QObject {
     void Set_Zoom(int percent);
     int Zoom() const { return zoom_; }
     void Set_Tabs(bool tabs);
+    void Cascade();
+    void Tile();
 
   signals:
     // A form was opened, closed or brought up.
@@ -81,14 +86,26 @@ class FormWindows : public QObject {
     void Worksheets_Changed(const WorksheetForm& by);
     // The next hit of a search of all worksheets: its form is opened, and the search goes on there.
     void Go_To_Found(const FoundCell& cell, const QString& text, FormMode mode);
-    void Show_In_Place(QMdiSubWindow& window, WorksheetForm& form);
+    // cmdOpenView, cmdOpenEdit, cmdPrevious and cmdNext of the form.
+    void Open_From(WorksheetForm& form, FormMode mode, const Item& item);
+    // A neighbour of the form. One that the walk itself opened and the person left as it was is left behind closed.
+    void Walk_To(WorksheetForm& form, const Item& item);
+    void Put_In_Place(QMdiSubWindow& window, const WorksheetForm& form);
+    void Remember(const QMdiSubWindow& window);
     QMdiSubWindow* Window_Of(const WorksheetForm& form) const;
+    // The width at which nothing of the form is out of sight, as far as the area allows.
+    int Whole_Width(const WorksheetForm& form) const;
+    // A form that showed its whole width goes on to do so at another zoom.
+    void Follow_Zoom(const WorksheetForm& form);
     void Drop(WorksheetForm& form);
 
     QMdiArea* area_;
+    GivenPlaces* places_;
     QObject* closing_ = nullptr;  // the form whose window is being closed
     int zoom_ = 100;
-    Identity identity_;  // as the open forms know it
+    Identity identity_;            // as the open forms know it
+    QSet<const QObject*> whole_;   // forms that showed their whole width before the zoom that is under way
+    QSet<const QObject*> walked_;  // forms that cmdPrevious or cmdNext opened, and nobody has touched
 };
 
 // Calc_All under the hourglass. False after the box that tells why nothing was calculated.

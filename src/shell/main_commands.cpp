@@ -127,11 +127,11 @@ void Swap_Tabs(FrmMain& main) {
 }
 
 void Cascade(FrmMain& main) {
-    main.Area().cascadeSubWindows();
+    main.Forms().Cascade();
 }
 
 void Tile(FrmMain& main) {
-    main.Area().tileSubWindows();
+    main.Forms().Tile();
 }
 
 void Next_Window(FrmMain& main) {

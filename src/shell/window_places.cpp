@@ -23,21 +23,27 @@ void Write(std::string_view key, const QString& value) {
 
 }  // namespace
 
-std::optional<QRect> Remembered_Place(std::string_view form) {
+// "left top", or "left top width height" where the person chose the size, too.
+std::optional<FormPlace> Remembered_Place(std::string_view form) {
     const QStringList numbers = Read(form).split(' ');
-    if (numbers.size() != 4) return std::nullopt;
+    const bool hasSize = numbers.size() == 4;
+    if (!hasSize && numbers.size() != 2) return std::nullopt;
     int values[4] = {};
-    for (qsizetype i = 0; i < 4; ++i) {
+    for (qsizetype i = 0; i < numbers.size(); ++i) {
         bool isNumber = false;
         values[i] = numbers[i].toInt(&isNumber);
         if (!isNumber) return std::nullopt;
     }
-    const QRect place(values[0], values[1], values[2], values[3]);
-    return place.isValid() ? std::optional(place) : std::nullopt;
+    FormPlace place{{values[0], values[1]}, std::nullopt};
+    if (!hasSize) return place;
+    place.size = QSize(values[2], values[3]);
+    return place.size->isEmpty() ? std::nullopt : std::optional(place);
 }
 
-void Remember_Place(std::string_view form, const QRect& place) {
-    Write(form, QString("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height()));
+void Remember_Place(std::string_view form, const FormPlace& place) {
+    QString text = QString("%1 %2").arg(place.at.x()).arg(place.at.y());
+    if (place.size) text += QString(" %1 %2").arg(place.size->width()).arg(place.size->height());
+    Write(form, text);
 }
 
 QRect Fit_Into(QRect place, QSize area) {

@@ -9,8 +9,12 @@
 
 namespace tallmar {
 
-std::optional<QRect> Remembered_Place(std::string_view form);
-void Remember_Place(std::string_view form, const QRect& place);
+struct FormPlace {
+    QPoint at;
+    std::optional<QSize> size;  // none: the form's own
+};
+std::optional<FormPlace> Remembered_Place(std::string_view form);
+void Remember_Place(std::string_view form, const FormPlace& place);
 // Moved and, where it must be, made smaller, so that all of it stands inside the area.
 QRect Fit_Into(QRect place, QSize area);
 

@@ -122,6 +122,49 @@ TEST_F(EditWindowsTest, RecalculateStoresTheRowAndOpensTheView) {
     EXPECT_EQ(form.Grid().currentIndex(), Cell(form, 5_cur, "Col_1"));
 }
 
+TEST_F(EditWindowsTest, ViewOpensAtTheLineOfTheEditForm) {
+    Make_Report(fy2016);
+    EditForm& form = Edit("A");
+    Enter(form, 12_cur, "Col_2", "1200");
+    form.findChild<QPushButton*>("cmdRecalculate")->click();
+    Settle();
+    const WorksheetForm* view = main->Forms().Find_Form("A", FormMode::View);
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->Model().Line(view->Grid().currentIndex().row()), 12_cur);
+    EXPECT_EQ(view->Model().Column(view->Grid().currentIndex().column()).field, "Col_2");
+}
+
+TEST_F(EditWindowsTest, EditFormOpensAtTheLineOfItsViewAndStaysWhereItWasLeft) {
+    Make_Report(fy2016);
+    WorksheetForm* view = View("A");
+    const auto open_edit_at = [&](Currency line) {
+        view->Grid().setCurrentIndex(view->Model().index(view->Model().Row_Of(line), view->Model().Column_Of("Col_1")));
+        view->findChild<QPushButton*>("cmdOpenEdit")->click();
+        const WorksheetForm* edit = main->Forms().Find_Form("A", FormMode::Edit);
+        return edit->Model().Line(edit->Grid().currentIndex().row());
+    };
+    EXPECT_EQ(open_edit_at(8_cur), 8_cur);
+    EXPECT_EQ(open_edit_at(5_cur), 8_cur) << "it was open: its cursor is its own";
+}
+
+TEST_F(EditWindowsTest, WalkKeepsAFormThatTookAnEntry) {
+    Make_Report(fy2016);
+    Edit("A");
+    const auto next = [this] {
+        main->Forms().Active()->findChild<QPushButton*>("cmdNext")->click();
+        Settle();
+    };
+    next();
+    next();
+    EXPECT_EQ(Open_Forms(), 2U);
+    auto& a5 = *qobject_cast<EditForm*>(main->Forms().Active());
+    ASSERT_EQ(a5.Worksheet().Name(), "A5");
+    Enter(a5, 1_cur, "Col_2", "40");
+    next();
+    EXPECT_NE(main->Forms().Find_Form("A5", FormMode::Edit), nullptr);
+    EXPECT_EQ(Open_Forms(), 3U);
+}
+
 TEST_F(EditWindowsTest, StoredRowIsToldAndUndoneFromTheMenu) {
     Make_Report(fy2016);
     EditForm& form = Edit("A");

@@ -5,6 +5,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <set>
 
 #include "shell/shell_test.h"
@@ -156,6 +157,51 @@ TEST_F(FormWindowsTest, NextOpensTheNeighbour) {
     EXPECT_NE(main->Forms().Find_Form("A4", FormMode::View), nullptr);
 }
 
+TEST_F(FormWindowsTest, WalkClosesTheFormsThatItOpenedItself) {
+    main->resize(3000, 2000);  // room for every form at its own size
+    Make_Report(fy2016);
+    View("A");
+    const auto next = [this] {
+        QTest::mouseClick(main->Forms().Active()->findChild<QPushButton*>("cmdNext"), Qt::LeftButton);
+        Settle();
+        return main->Forms().Active();
+    };
+    const QPoint second = Window_Of(*next()).pos();
+    for (int step = 0; step < 6; ++step) next();
+    EXPECT_EQ(Open_Forms(), 2U) << "the form that the menu opened, and that which the walk has reached";
+    EXPECT_NE(main->Forms().Find_Form("A", FormMode::View), nullptr);
+    EXPECT_EQ(Window_Of(*main->Forms().Active()).pos(), second) << "in one place";
+}
+
+TEST_F(FormWindowsTest, WalkKeepsAFormThatThePersonMoved) {
+    Make_Report(fy2016);
+    View("A");
+    QTest::mouseClick(main->Forms().Active()->findChild<QPushButton*>("cmdNext"), Qt::LeftButton);
+    Settle();
+    Window_Of(*main->Forms().Active()).move(5, 90);
+    QTest::mouseClick(main->Forms().Active()->findChild<QPushButton*>("cmdNext"), Qt::LeftButton);
+    Settle();
+    EXPECT_NE(main->Forms().Find_Form("A4", FormMode::View), nullptr);
+    EXPECT_EQ(Open_Forms(), 3U);
+}
+
+TEST_F(FormWindowsTest, RecalculateOfAViewKeepsItsPosition) {
+    Make_Report(fy2016);
+    WorksheetForm* form = View("A");
+    Window_Of(*form).resize(500, 300);
+    Settle();
+    const QModelIndex at = form->Model().index(form->Model().rowCount() - 2, form->Model().Column_Of("Col_9"));
+    form->Grid().setCurrentIndex(at);
+    const int down = form->Grid().verticalScrollBar()->value(), across = form->Grid().horizontalScrollBar()->value();
+    ASSERT_GT(down, 0);
+    ASSERT_GT(across, 0);
+    QTest::mouseClick(form->findChild<QPushButton*>("cmdRecalculate"), Qt::LeftButton);
+    Settle();
+    EXPECT_EQ(form->Grid().currentIndex(), at);
+    EXPECT_EQ(form->Grid().verticalScrollBar()->value(), down);
+    EXPECT_EQ(form->Grid().horizontalScrollBar()->value(), across);
+}
+
 TEST_F(FormWindowsTest, RecalculateShowsTheNewFiguresAndKeepsTheForm) {
     Make_Report(fy2016);
     WorksheetForm* form = View("A");
@@ -204,9 +250,81 @@ TEST_F(FormWindowsTest, PlaceOfAFormIsRemembered) {
     EXPECT_EQ(Window_Of(*View("A")).geometry(), place);
 }
 
+TEST_F(FormWindowsTest, SizesOfTileAndCascadeAreNotRemembered) {
+    main->resize(1600, 900);
+    Make_Report(fy2016);
+    const QSize own = Window_Of(*View("F")).size();
+    View("A5");
+    for (const char* arrange : {"mnuWindowTile", "mnuWindowCascade"}) {
+        Entry(arrange).trigger();
+        EXPECT_NE(Window_Of(*View("F")).size(), own);
+        main->resize(main->size() + QSize(60, 40));  // tiled windows follow
+        Settle();
+        Window_Of(*View("F")).close();
+        Settle();
+        EXPECT_FALSE(Remembered_Place("frmViewF").has_value()) << arrange;
+        EXPECT_EQ(Window_Of(*View("F")).width(), own.width()) << arrange;
+    }
+}
+
+TEST_F(FormWindowsTest, SizeThatWasChosenOutlivesTile) {
+    Make_Report(fy2016);
+    const QRect place(40, 30, 500, 300);
+    Window_Of(*View("A")).setGeometry(place);
+    Window_Of(*View("A")).close();
+    Settle();
+    View("A");
+    View("A5");
+    Entry("mnuWindowTile").trigger();
+    Window_Of(*View("A")).close();
+    Settle();
+    EXPECT_EQ(Window_Of(*View("A")).geometry(), place);
+}
+
+TEST_F(FormWindowsTest, FormThatWasOnlyMovedGrowsWithItsRows) {
+    Make_Report(fy2016);
+    QMdiSubWindow& empty = Window_Of(*View("A4"));
+    empty.move(17, 23);
+    const int height = empty.height();
+    empty.close();
+    Settle();
+    for (int line = 1; line <= 8; ++line) {
+        db.Execute("INSERT INTO A4 (LineNum, Explanation) VALUES (" + std::to_string(line) + ", \"Rent\");");
+    }
+    const QMdiSubWindow& filled = Window_Of(*View("A4"));
+    EXPECT_EQ(filled.pos(), QPoint(17, 23));
+    EXPECT_GT(filled.height(), height);
+}
+
+TEST_F(FormWindowsTest, FormWidensWithTheZoomWhileThereIsRoom) {
+    main->resize(1600, 900);
+    Make_Report(fy2016);
+    WorksheetForm* form = View("F");
+    const int width = Window_Of(*form).width();
+    Entry("mnuWindowZoomIn").trigger();
+    EXPECT_GT(Window_Of(*form).width(), width);
+    EXPECT_EQ(form->Grid().horizontalScrollBar()->maximum(), 0) << "nothing is scrolled away";
+    for (int i = 0; i < 15; ++i) Entry("mnuWindowZoomIn").trigger();
+    EXPECT_EQ(Window_Of(*form).width(), main->Area().viewport()->width()) << "as far as the window goes";
+    Entry("mnuWindowZoomNormal").trigger();
+    EXPECT_EQ(Window_Of(*form).width(), width);
+    Window_Of(*form).close();
+    Settle();
+    EXPECT_FALSE(Remembered_Place("frmViewF").has_value()) << "nobody chose that size";
+}
+
+TEST_F(FormWindowsTest, WindowThatWasMadeNarrowStaysSoAtEveryZoom) {
+    main->resize(1600, 900);
+    Make_Report(fy2016);
+    WorksheetForm* form = View("A");
+    Window_Of(*form).resize(400, 300);
+    Entry("mnuWindowZoomIn").trigger();
+    EXPECT_EQ(Window_Of(*form).width(), 400);
+}
+
 TEST_F(FormWindowsTest, PlaceOutsideTheWindowIsBroughtIn) {
     Make_Report(fy2016);
-    Remember_Place("frmViewA", QRect(5000, -40, 9000, 300));
+    Remember_Place("frmViewA", {QPoint(5000, -40), QSize(9000, 300)});
     const WorksheetForm* form = View("A");
     EXPECT_TRUE(main->Area().viewport()->rect().contains(Window_Of(*form).geometry()));
 }

@@ -81,6 +81,7 @@ void GridView::Restore_Place() {
 void GridView::Set_Zoom(int percent) {
     percent = std::clamp(percent, kLeastZoom, kMostZoom);
     if (percent == zoom_) return;
+    emit Zoom_Changing();
     zoom_ = percent;
     Scale();
     scrollTo(currentIndex());

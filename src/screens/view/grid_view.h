@@ -61,6 +61,8 @@ class GridView : public QTableView {
     // The menu of the right button opens: owners add to it.
     void Menu_Opens(QMenu& menu);
     void Find_Requested();
+    // The font is still the one before.
+    void Zoom_Changing();
     void Zoom_Changed(int percent);
 
   protected:
