@@ -96,6 +96,9 @@ class OpenForm {
     // nothing is entered in the row. Throws DbError; the step is still there then.
     bool Can_Undo() const { return !steps_.empty(); }
     UndoOutcome Undo();
+    // The step that was taken back last, again and by the same way. A step that is stored anew ends it.
+    bool Can_Redo() const { return !undone_.empty(); }
+    UndoOutcome Redo();
 
     // Rows that are stored, added and removed while it lives are one step; `what` names it: "paste".
     class OneStep {
@@ -119,6 +122,7 @@ class OpenForm {
     void Record_Row(const RowUnderEdit& stored);
     void Record(EditPart part, std::string_view what);
     void Settle_Sides();
+    UndoOutcome Take_Step(std::vector<EditStep>& from, std::vector<EditStep>& to, std::string_view word);
     std::size_t Undo_Part(const EditPart& part, UndoOutcome& outcome);
     std::size_t Undo_Cells(const EditPart& part, UndoOutcome& outcome);
     bool Still_Stands(const TableChange& change) const;
@@ -131,7 +135,8 @@ class OpenForm {
     bool changed_ = false;                                // rows were stored since Follow_Changes
     std::optional<std::vector<TableState>> sidesBefore_;  // as the first entry of the row found them
     std::vector<EditStep> steps_;
-    bool grouped_ = false;  // the last step still grows
+    std::vector<EditStep> undone_;  // the other way round
+    bool grouped_ = false;          // the last step still grows
 };
 
 }  // namespace tallmar

@@ -112,6 +112,28 @@ TableChange Difference(const TableState& before, const TableState& after) {
     return change;
 }
 
+namespace {
+
+TableChange Reversed(TableChange change) {
+    for (RowChange& row : change.rows) std::swap(row.before, row.after);
+    return change;
+}
+
+EditPart Reversed(EditPart part) {
+    for (CellChange& cell : part.cells) std::swap(cell.before, cell.after);
+    if (part.structure) part.structure = Reversed(std::move(*part.structure));
+    for (TableChange& change : part.sides) change = Reversed(std::move(change));
+    return part;
+}
+
+}  // namespace
+
+EditStep Reversed(const EditStep& step) {
+    EditStep reversed{step.what, {}};
+    for (auto part = step.parts.rbegin(); part != step.parts.rend(); ++part) reversed.parts.push_back(Reversed(*part));
+    return reversed;
+}
+
 std::vector<TableChange> Differences(std::span<const TableState> before, std::span<const TableState> after) {
     std::vector<TableChange> changes;
     const auto add = [&](const TableState& from, const TableState& to) {

@@ -59,5 +59,7 @@ struct EditStep {
     std::string what;  // "line 15.01 added"; empty: cells of a row
     std::vector<EditPart> parts;
 };
+// The step that takes this one back. What follows from it must have followed.
+EditStep Reversed(const EditStep& step);
 
 }  // namespace tallmar

@@ -43,6 +43,7 @@ void OpenForm::Record_Row(const RowUnderEdit& stored) {
 void OpenForm::Record(EditPart part, std::string_view what) {
     if (!grouped_) steps_.push_back({std::string(what), {}});
     steps_.back().parts.push_back(std::move(part));
+    undone_.clear();
 }
 
 void OpenForm::Settle_Sides() {
@@ -182,8 +183,17 @@ std::size_t OpenForm::Undo_Part(const EditPart& part, UndoOutcome& outcome) {
 }
 
 UndoOutcome OpenForm::Undo() {
+    return Take_Step(steps_, undone_, "taken back");
+}
+
+UndoOutcome OpenForm::Redo() {
+    return Take_Step(undone_, steps_, "done again");
+}
+
+UndoOutcome OpenForm::Take_Step(std::vector<EditStep>& from, std::vector<EditStep>& to, std::string_view word) {
     Settle_Sides();
-    const EditStep& step = steps_.back();
+    const EditStep step = std::move(from.back());
+    from.pop_back();
     UndoOutcome outcome{.line = step.parts.front().line, .text = {}, .kept = {}};
     std::size_t done = 0;
     Job job(db);
@@ -207,17 +217,18 @@ UndoOutcome OpenForm::Undo() {
     } catch (const DbError&) {
         row_ = {};
         job.Roll_Back();
+        from.push_back(step);
         throw;
     }
     job.Commit();
+    if (done > 0) to.push_back(Reversed(step));
     if (done == 0) {
-        outcome.text = Line_Place(*this, outcome.line) + ": nothing taken back.";
+        outcome.text = Line_Place(*this, outcome.line) + ": nothing " + std::string(word) + ".";
     } else if (!step.what.empty()) {
-        outcome.text = Sql("Worksheet ", item_.Name(), ": taken back: ", step.what, ".");
+        outcome.text = Sql("Worksheet ", item_.Name(), ": ", word, ": ", step.what, ".");
     } else {
-        outcome.text = Sql(Line_Place(*this, outcome.line), ": ", Counted(done, "cell"), " taken back.");
+        outcome.text = Sql(Line_Place(*this, outcome.line), ": ", Counted(done, "cell"), " ", word, ".");
     }
-    steps_.pop_back();
     return outcome;
 }
 

@@ -179,6 +179,11 @@ TEST(Undo, AddAndDeleteOfEveryFormGoBack) {
         EXPECT_TRUE(Difference(added, Read_State(item, description.where)).rows.empty()) << item;
         form.Undo();
         EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
+        form.Redo();
+        EXPECT_TRUE(Difference(added, Read_State(item, description.where)).rows.empty()) << item;
+        form.Redo();
+        EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
+        EXPECT_FALSE(form.Can_Redo()) << item;
     }
 }
 
@@ -255,6 +260,70 @@ TEST(Undo, ACodeComesBackWithWhatWasKeyedForIt) {
     r.platform.Expect_Box_Starting("Remove Code", "The visits and limits of code 1600", Answer::Yes);
     form.Undo();
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
+    form.Redo();
+    ASSERT_TRUE(db.TableDefs().Has("Cp2m1600"));
+    EXPECT_CELL("S3p3", line, 1, "1600");
+    form.Redo();
+    EXPECT_FALSE(db.TableDefs().Has("Cp2m1600")) << "the line was removed once more";
+    form.Undo();
+    EXPECT_CELL("S3p3", line, 1, "1600");
+}
+
+TEST(Redo, PutsInAgainWhatWasTakenBack) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    EXPECT_FALSE(form.Can_Redo());
+    ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
+    ASSERT_EQ(Key(form, 7_cur, "1", "5"), kStored);
+    form.Undo();
+    form.Undo();
+    UndoOutcome again = form.Redo();
+    EXPECT_EQ(again.line, 6_cur);
+    EXPECT_EQ(again.text, "Worksheet A, line 6: 1 cell done again.");
+    EXPECT_CELL("A", 6, 1, 1200_cur);
+    EXPECT_CELL("A", 7, 1, 0_cur);
+    form.Redo();
+    EXPECT_CELL("A", 7, 1, 5_cur);
+    EXPECT_FALSE(form.Can_Redo());
+    form.Undo();
+    EXPECT_CELL("A", 7, 1, 0_cur) << "what was done again can be taken back again";
+    EXPECT_CELL("A", 6, 1, 1200_cur);
+}
+
+TEST(Redo, EndsWithTheNextEntry) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
+    form.Undo();
+    ASSERT_TRUE(form.Can_Redo());
+    ASSERT_EQ(Key(form, 6_cur, "2", "7"), kStored);
+    EXPECT_FALSE(form.Can_Redo());
+}
+
+TEST(Redo, KeepsWhatChangedSince) {
+    Report r(fy2016);
+    OpenForm form(kEditA, "A");
+    ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
+    form.Undo();
+    r.Cell("A", 6, 1, 99_cur);
+    const UndoOutcome again = form.Redo();
+    EXPECT_EQ(again.text, "Worksheet A, line 6: nothing done again.");
+    ASSERT_EQ(again.kept.size(), 1U);
+    EXPECT_CELL("A", 6, 1, 99_cur);
+}
+
+TEST(Redo, BringsBackWhatACheckWroteElsewhere) {
+    Report r(fy2016);
+    OpenForm form(kEditB1, "B1");
+    r.platform.Expect_Box_Starting(kExclusion, "The statistic you just modified");
+    ASSERT_EQ(Key(form, 6_cur, "CC_500", "40"), kStored);
+    form.Undo();
+    EXPECT_EQ(Rows_Of("B1X"), 0);
+    form.Redo();
+    EXPECT_EQ(Rows_Of("B1X"), 1);
+    EXPECT_CELL("B1", 6, "CC_500", 40.0);
+    form.Undo();
+    EXPECT_EQ(Rows_Of("B1X"), 0);
 }
 
 }  // namespace tallmar
