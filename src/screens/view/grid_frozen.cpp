@@ -22,19 +22,32 @@ constexpr int kFarLeft = 10'000'000;
 
 }  // namespace
 
-int GridView::Frozen_Count() const {
-    if (model() == nullptr) return 0;
-    int room = viewport()->width() * kMostShare / 100;
-    int count = 0;
-    while (count < Model().Frozen() && columnWidth(count) <= room) room -= columnWidth(count++);
-    return count;
+std::vector<int> GridView::Frozen_Columns() const {
+    if (model() == nullptr || Model().Frozen() == 0) return {};
+    const int room = viewport()->width() * kMostShare / 100;
+    const int name = Model().Frozen() - 1;
+    int all = 0;
+    for (int i = 0; i <= name; ++i) all += columnWidth(i);
+    std::vector<int> columns;
+    if (name > 0 && all > room && columnWidth(0) + columnWidth(name) <= room) return {0, name};
+    int width = 0;
+    for (int i = 0; i <= name && (width += columnWidth(i)) <= room; ++i) columns.push_back(i);
+    return columns;
+}
+
+int GridView::Frozen_Before(int column) const {
+    int width = 0;
+    for (const int frozen : Frozen_Columns()) width += frozen < column ? columnWidth(frozen) : 0;
+    return width;
+}
+
+int GridView::Frozen_Left(int column) const {
+    return std::max(columnViewportPosition(column), Frozen_Before(column));
 }
 
 int GridView::Frozen_Width() const {
-    const int count = Frozen_Count();
-    int width = 0;
-    for (int i = 0; i < count; ++i) width += columnWidth(i);
-    return width;
+    const std::vector<int> columns = Frozen_Columns();
+    return columns.empty() ? 0 : Frozen_Left(columns.back()) + columnWidth(columns.back());
 }
 
 bool GridView::Is_Shifted() const {
@@ -44,32 +57,46 @@ bool GridView::Is_Shifted() const {
 QRect GridView::visualRect(const QModelIndex& index) const {
     QRect rect = QTableView::visualRect(index);
     if (!index.isValid() || !Is_Shifted()) return rect;
-    if (index.column() < Frozen_Count()) return rect.translated(horizontalOffset(), 0);
-    const int frozen = Frozen_Width();
-    if (rect.right() < frozen) return rect.translated(-kFarLeft, 0);
-    rect.setLeft(std::max(rect.left(), frozen));
-    return rect;
+    const std::vector<int> frozen = Frozen_Columns();
+    if (std::ranges::find(frozen, index.column()) != frozen.end()) {
+        rect.moveLeft(Frozen_Left(index.column()));
+        return rect;
+    }
+    for (const int column : frozen) {
+        const int left = Frozen_Left(column);
+        // What goes beneath one of them is cut off there.
+        if (column < index.column()) rect.setLeft(std::max(rect.left(), left + columnWidth(column)));
+        if (column > index.column()) rect.setRight(std::min(rect.right(), left - 1));
+    }
+    return rect.left() <= rect.right() ? rect : QTableView::visualRect(index).translated(-kFarLeft, 0);
 }
 
 QModelIndex GridView::indexAt(const QPoint& at) const {
     if (!Is_Shifted()) return QTableView::indexAt(at);
     if (at.x() < -kFarLeft / 2) return QTableView::indexAt(at + QPoint(kFarLeft, 0));
-    const bool frozen = at.x() >= 0 && at.x() < Frozen_Width();
-    return QTableView::indexAt(frozen ? at - QPoint(horizontalOffset(), 0) : at);
+    return QTableView::indexAt(at - QPoint(Frozen_Shift(at.x()), 0));
+}
+
+int GridView::Frozen_Shift(int x) const {
+    for (const int column : Frozen_Columns()) {
+        const int left = Frozen_Left(column);
+        if (x >= left && x < left + columnWidth(column)) return left - columnViewportPosition(column);
+    }
+    return 0;
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!index.isValid()) return;
-    const int frozen = Frozen_Width();
-    if (frozen > 0 && index.column() < Frozen_Count()) {
+    const std::vector<int> frozen = Frozen_Columns();
+    if (std::ranges::find(frozen, index.column()) != frozen.end()) {
         const int across = horizontalScrollBar()->value();
         QTableView::scrollTo(index, hint);
         horizontalScrollBar()->setValue(across);
         return;
     }
     QTableView::scrollTo(index, hint);
-    const int hidden = frozen - columnViewportPosition(index.column());
-    if (frozen > 0 && hidden > 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
+    const int hidden = Frozen_Before(index.column()) - columnViewportPosition(index.column());
+    if (hidden > 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {
@@ -96,9 +123,12 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::Paint_Frozen(const QRect& part) {
-    const int count = Frozen_Count();
-    const int frozen = Frozen_Width();
-    const QRect clip = QRect(0, 0, frozen, viewport()->height()) & part;
+    for (const int column : Frozen_Columns()) Paint_Frozen_Column(column, part);
+}
+
+void GridView::Paint_Frozen_Column(int column, const QRect& part) {
+    const int left = Frozen_Left(column);
+    const QRect clip = QRect(left, 0, columnWidth(column), viewport()->height()) & part;
     if (clip.isEmpty()) return;
     QPainter painter(viewport());
     painter.setClipRect(clip);
@@ -109,20 +139,21 @@ void GridView::Paint_Frozen(const QRect& part) {
     const QStyle::State plain = option.state & ~(QStyle::State_HasFocus | QStyle::State_Selected);
     const int first = std::max(rowAt(clip.top()), 0);
     for (int row = first; row < Model().rowCount() && rowViewportPosition(row) <= clip.bottom(); ++row) {
-        for (int column = 0; column < count; ++column) {
-            const QModelIndex index = Model().index(row, column);
-            option.rect = visualRect(index);
-            option.state = plain;
-            if (selectionModel()->isSelected(index)) option.state |= QStyle::State_Selected;
-            if (index == currentIndex() && hasFocus()) option.state |= QStyle::State_HasFocus;
-            style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &option, &painter, this);
-            itemDelegateForIndex(index)->paint(&painter, option, index);
-        }
+        const QModelIndex index = Model().index(row, column);
+        option.rect = visualRect(index);
+        option.state = plain;
+        if (selectionModel()->isSelected(index)) option.state |= QStyle::State_Selected;
+        if (index == currentIndex() && hasFocus()) option.state |= QStyle::State_HasFocus;
+        style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &option, &painter, this);
+        itemDelegateForIndex(index)->paint(&painter, option, index);
     }
     // Where the others go beneath.
+    const std::vector<int> frozen = Frozen_Columns();
+    if (std::ranges::find(frozen, column + 1) != frozen.end()) return;
     painter.setPen(Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), kEdgeShare));
+    const int edge = left + columnWidth(column) - 1;
     const int end = verticalHeader()->length() - verticalOffset();
-    painter.drawLine(frozen - 1, clip.top(), frozen - 1, std::min(clip.bottom(), end - 1));
+    painter.drawLine(edge, clip.top(), edge, std::min(clip.bottom(), end - 1));
 }
 
 }  // namespace tallmar

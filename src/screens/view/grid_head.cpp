@@ -109,17 +109,17 @@ void GridHead::paintSection(QPainter* painter, const QRect& rect, int logicalInd
 
 void GridHead::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
-    if (grd_.Frozen_Count() == 0 || offset() == 0) return;
+    if (offset() == 0) return;
     QPainter painter(viewport());
     painter.setFont(font());
-    for (int i = 0; i < grd_.Frozen_Count(); ++i) {
-        paintSection(&painter, QRect(sectionPosition(i), 0, sectionSize(i), viewport()->height()), i);
+    for (const int column : grd_.Frozen_Columns()) {
+        paintSection(&painter, QRect(grd_.Frozen_Left(column), 0, sectionSize(column), viewport()->height()), column);
     }
 }
 
 // Over the columns that stay in sight the mouse means these, wherever the others have been scrolled to.
 int GridHead::Shift_At(int x) const {
-    return x < grd_.Frozen_Width() ? offset() : 0;
+    return offset() == 0 ? 0 : grd_.Frozen_Shift(x);
 }
 
 int GridHead::Column_At(int x) const {

@@ -44,7 +44,13 @@ class GridView : public QTableView {
     std::vector<QModelIndex> Find_All(const CellSearch& search) const;
 
     // The columns that stay in sight while the others are scrolled: the model's, as far as they leave room for those.
-    int Frozen_Count() const;
+    // Line and name are the last to go.
+    std::vector<int> Frozen_Columns() const;
+    // Where such a column is now: it moves with the others until it would go out of sight.
+    int Frozen_Left(int column) const;
+    // How far the column of theirs at this place is from its place among the others; 0 elsewhere.
+    int Frozen_Shift(int x) const;
+    // Where the others begin.
     int Frozen_Width() const;
     // Widths that the person chose, by field; the others are the grid's own.
     const ColumnWidths& Chosen_Widths() const { return chosen_; }
@@ -105,7 +111,10 @@ class GridView : public QTableView {
     void Take_Width(int column, int width);
     void Widen_For(const QModelIndex& from, const QModelIndex& to);
     bool Is_Shifted() const;
+    // The width of those of them that are before the column.
+    int Frozen_Before(int column) const;
     void Paint_Frozen(const QRect& part);
+    void Paint_Frozen_Column(int column, const QRect& part);
 
     GridHead* head_;
     int zoom_ = 100;

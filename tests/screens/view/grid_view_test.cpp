@@ -31,13 +31,21 @@ void Turn_Wheel(GridView& grd, int eighths) {
     QApplication::sendEvent(grd.viewport(), &turn);
 }
 
+// Line, group and name take more than their share, line and name do not.
+void Leave_Room_For_Line_And_Name(ViewForm& form) {
+    const GridView& grd = form.Grid();
+    const int share = grd.columnWidth(0) + grd.columnWidth(2) + grd.columnWidth(1) / 2;
+    form.resize(form.width() - grd.viewport()->width() + share * 100 / 60, form.height());
+    QApplication::processEvents();
+}
+
 }  // namespace
 
 TEST(FrozenColumnsTest, LineAndNameStayWhileTheOthersAreScrolled) {
     Report r(fy2016);
     const auto form = Open_View("A", {700, 400});
     GridView& grd = form->Grid();
-    ASSERT_EQ(grd.Frozen_Count(), 3);
+    ASSERT_EQ(grd.Frozen_Columns(), (std::vector{0, 1, 2}));
     const QRect name = grd.visualRect(At(*form, 5_cur, "CCName"));
     grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
     EXPECT_EQ(grd.visualRect(At(*form, 5_cur, "CCName")), name);
@@ -111,7 +119,7 @@ TEST(FrozenColumnsTest, InANarrowWindowOnlyAsManyStayAsLeaveRoom) {
     Report r(fy2016);
     const auto form = Open_View("A", {300, 400});
     GridView& grd = form->Grid();
-    EXPECT_LT(grd.Frozen_Count(), 3);
+    EXPECT_LT(grd.Frozen_Columns().size(), 3U);
     EXPECT_LE(grd.Frozen_Width() * 10, grd.viewport()->width() * 6);
     // The name scrolls then.
     grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
@@ -139,6 +147,51 @@ TEST(GridViewTest, ControlWithHomeEndAndArrowsMovesCursorAndSelectionToTheEdge) 
     EXPECT_EQ(move(Qt::Key_Home, {}), model.index(0, 0));
     EXPECT_EQ(move(Qt::Key_End, Qt::ControlModifier), model.index(rows, columns));
     EXPECT_EQ(move(Qt::Key_Home, Qt::ControlModifier), model.index(0, 0));
+}
+
+TEST(FrozenColumnsTest, TheGroupGoesBeforeTheName) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    const int line = form->Model().Column_Of("LineNum"), group = form->Model().Column_Of("CCGroup"),
+              name = form->Model().Column_Of("CCName");
+    Leave_Room_For_Line_And_Name(*form);
+    ASSERT_EQ(grd.Frozen_Columns(), (std::vector{line, name}));
+
+    // At first all move together; then the name stays beside the line, and the group is beneath them.
+    grd.horizontalScrollBar()->setValue(grd.columnWidth(group) / 2);
+    EXPECT_EQ(grd.visualRect(At(*form, 5_cur, "LineNum")).left(), 0);
+    EXPECT_EQ(grd.visualRect(At(*form, 5_cur, "CCName")).left(),
+              grd.columnWidth(line) + grd.columnWidth(group) - grd.columnWidth(group) / 2);
+    const QRect half = grd.visualRect(At(*form, 5_cur, "CCGroup"));
+    EXPECT_EQ(half.left(), grd.columnWidth(line));
+    EXPECT_EQ(grd.indexAt(half.center()), At(*form, 5_cur, "CCGroup"));
+    grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
+    const QRect kept = grd.visualRect(At(*form, 5_cur, "CCName"));
+    EXPECT_EQ(kept.left(), grd.columnWidth(line));
+    EXPECT_EQ(kept.width(), grd.columnWidth(name)) << "whole";
+    EXPECT_EQ(grd.indexAt(kept.center()), At(*form, 5_cur, "CCName"));
+    EXPECT_FALSE(grd.visualRect(At(*form, 5_cur, "CCGroup")).intersects(grd.viewport()->rect()));
+
+    // Gone to, the group comes back into sight.
+    Put_Cursor(*form, 5_cur, "CCGroup");
+    EXPECT_EQ(grd.visualRect(At(*form, 5_cur, "CCGroup")).width(), grd.columnWidth(group));
+}
+
+TEST(FrozenColumnsTest, HeadsStayWithTheirColumns) {
+    Report r(fy2016);
+    const auto form = Open_View("A", {700, 400});
+    GridView& grd = form->Grid();
+    Leave_Room_For_Line_And_Name(*form);
+    const auto head_of_name = [&] {
+        QApplication::processEvents();
+        const QRect name = grd.visualRect(At(*form, 5_cur, "CCName"));
+        return grd.Head().viewport()->grab(QRect(name.left(), 0, name.width(), grd.Head().height())).toImage();
+    };
+    grd.selectionModel()->clear();
+    const QImage before = head_of_name();
+    grd.horizontalScrollBar()->setValue(grd.horizontalScrollBar()->maximum());
+    EXPECT_EQ(head_of_name(), before);
 }
 
 TEST(GridViewTest, TabGoesOnInTheNextRowAndLeavesAtTheEnds) {
