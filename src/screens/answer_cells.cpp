@@ -6,6 +6,7 @@
 #include "common/dates.h"
 #include "common/format.h"
 #include "common/numbers.h"
+#include "common/text.h"
 #include "screens/cell_check.h"
 
 namespace tallmar {
@@ -178,7 +179,7 @@ CellResult Check_Answer(AnswerKind kind, std::string_view text, int length) {
             if (!Is_Valid_Date(trimmed, kLastDate)) return Refuse(kNoValidDate);
             return Check_Date(trimmed, kNoValidDate);
         case AnswerKind::State:
-            return Length(trimmed) == 2 ? Accept(trimmed) : Refuse(kStateLength);
+            return Length(trimmed) == 2 ? Accept(To_Upper(trimmed)) : Refuse(kStateLength);
         case AnswerKind::Zip:
             return Check_Zip(trimmed);
         default:

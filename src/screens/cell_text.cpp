@@ -7,12 +7,14 @@
 #include "common/format.h"
 #include "common/numbers.h"
 #include "common/variant.h"
+#include "screens/amount_text.h"
 
 namespace tallmar {
 
 namespace {
 
 constexpr std::string_view kCents = "0.00";
+constexpr std::string_view kAmountAnswer = "###,###,##0;(###,###,##0)";
 constexpr std::string_view kDate = "mm/dd/yyyy";
 constexpr int kCentPlaces = 2;
 
@@ -51,6 +53,10 @@ std::string Cell_Text(const FormDescription& form, const CellPlace& place) {
             std::ranges::find_if(list->entries, [&](const PopupEntry& e) { return Same_Text(e.value, text); });
         if (entry != list->entries.end()) return std::string(entry->shown);
     }
+    if (form.isAmount != nullptr && form.isAmount(place)) {
+        const std::optional<double> amount = Parse_Amount(value.To_Text());
+        if (amount && Is_Precise(*amount, 0)) return Format(*amount, kAmountAnswer);
+    }
     if (!place.column.format.empty()) return Format(value, place.column.format);
     if (value.Is<Currency>()) return Line_Text(std::get<Currency>(value.Get()));
     return Edit_Text(value);
@@ -69,6 +75,10 @@ std::string Edit_Text(const Value& value) {
 bool Is_Shaded(const FormDescription& form, const GridColumn& column, const Value& value) {
     if (!value.Is_Null() || !Is_Figure(column)) return false;
     return form.readOnly || form.nullIsShaded || column.kind == CellKind::Shown;
+}
+
+bool Reads_As_Figure(const FormDescription& form, const CellPlace& place) {
+    return Is_Figure(place.column) || (form.isAmount != nullptr && form.isAmount(place));
 }
 
 bool Is_Figure(const GridColumn& column) {

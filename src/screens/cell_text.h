@@ -20,6 +20,8 @@ std::string Edit_Text(const Value& value);
 // A Null cell of a figure is shaded on the form. On an edit form where Null is no shade such a cell takes an entry and
 // is not.
 bool Is_Shaded(const FormDescription& form, const GridColumn& column, const Value& value);
+// The cell's text is that of a figure: in a column of figures, or an answer that is an amount.
+bool Reads_As_Figure(const FormDescription& form, const CellPlace& place);
 // A numbered column of the form that holds numbers. Figures stand to the right.
 bool Is_Figure(const GridColumn& column);
 // The leading columns without a number, up to the first that holds names: line, group, name. They stay in sight. At

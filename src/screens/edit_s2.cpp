@@ -25,6 +25,7 @@ constexpr std::array kColumns{
 
 constexpr std::string_view kForm = "frmEditS2";
 constexpr Currency kOptionLine = 26_cur;
+constexpr Currency kSumLine = 13_cur;
 
 // Line 13 is computed and line 27 a heading. Line 29.02 has a use for all three columns: the edit checks ask for them.
 constexpr std::array kAnswers{
@@ -160,6 +161,13 @@ const PopupList* Popup(const CellPlace& place) {
     return cell == nullptr ? nullptr : Popup_Of(cell->kind);
 }
 
+// Line 13 is the sum of the three before it.
+bool Is_Amount(const CellPlace& place) {
+    if (place.row.Line() == kSumLine) return Same_Text(place.column.field, "Col_1");
+    const AnswerCell* cell = Find_Answer(kAnswers, place.row.Line(), place.column.field);
+    return cell != nullptr && cell->kind == AnswerKind::WholeNumber;
+}
+
 }  // namespace
 
 FormHooks& Form_Hooks() {
@@ -179,8 +187,13 @@ constinit const FormDescription kEditS2{.name = kForm,
                                         .sides = kYearlyWorksheets,
                                         .undoAllowed = May_Undo,
                                         .popup = Popup,
+                                        .isAmount = Is_Amount,
                                         .headsAt = Heads};
-constinit const FormDescription kViewS2{
-    .name = "frmViewS2", .columns = kColumns, .readOnly = true, .popup = Popup, .headsAt = Heads};
+constinit const FormDescription kViewS2{.name = "frmViewS2",
+                                        .columns = kColumns,
+                                        .readOnly = true,
+                                        .popup = Popup,
+                                        .isAmount = Is_Amount,
+                                        .headsAt = Heads};
 
 }  // namespace tallmar

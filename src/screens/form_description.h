@@ -207,6 +207,8 @@ struct FormDescription {
     const PopupList* (*popup)(const CellPlace&) = nullptr;
     // The list of a cell that opens when it is asked for, and narrows to what is typed; empty where it has none.
     std::vector<CellChoice> (*choices)(const CellPlace&) = nullptr;
+    // Answers that are amounts: text in the table, read as figures are.
+    bool (*isAmount)(const CellPlace&) = nullptr;
     // The labels of the columns while the cursor is in a row; empty: the heads stay.
     std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
     const TextAbove* above = nullptr;

@@ -117,6 +117,7 @@ TEST_F(AnswerTest, EveryEntryOfEveryListIsTaken) {
 
 TEST_F(AnswerTest, StateAndZip) {
     EXPECT_EQ(Checked(AnswerKind::State, "IL"), "IL");
+    EXPECT_EQ(Checked(AnswerKind::State, " il "), "IL");
     EXPECT_EQ(Checked(AnswerKind::State, "Ill"), "Please only use the two character state code.");
     EXPECT_EQ(Checked(AnswerKind::State, "I"), "Please only use the two character state code.");
     EXPECT_EQ(Checked(AnswerKind::Zip, "61999"), "61999");

@@ -182,4 +182,18 @@ TEST(TotalRowTest, IsToldByItsName) {
     EXPECT_FALSE(Is_Named_Total(rows.At(0), {}));
 }
 
+TEST(CellText, AmountsAmongTheAnswersReadAsFigures) {
+    Report r(fy2016);
+    r.Cell("S2", 10, 1, "118400");
+    r.Cell("S2", 11, 1, "-500");
+    r.Cell("S2", 13, 1, "117900");
+    r.Cell("S2", 1, 1, "12345");
+    for (const FormDescription* form : {&kEditS2, &kViewS2}) {
+        EXPECT_EQ(Text(*form, "S2", 10_cur, "1"), "118,400");
+        EXPECT_EQ(Text(*form, "S2", 11_cur, "1"), "(500)");
+        EXPECT_EQ(Text(*form, "S2", 13_cur, "1"), "117,900");
+        EXPECT_EQ(Text(*form, "S2", 1_cur, "1"), "12345") << "a street is none";
+    }
+}
+
 }  // namespace tallmar

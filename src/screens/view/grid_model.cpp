@@ -120,6 +120,11 @@ QString GridModel::Display_Text(int row, const GridColumn& column) const {
     return Qt_Text(Cell_Text(form_.Description(), {form_.Worksheet(), column, entered}));
 }
 
+bool GridModel::Is_Right(int row, const GridColumn& column) const {
+    const RowUnderEdit line(Line(row), Row());
+    return Reads_As_Figure(form_.Description(), {form_.Worksheet(), column, line});
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const GridColumn& column = Column(index.column());
@@ -129,7 +134,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         case Qt::EditRole:
             return Qt_Text(Edit_Text(Cell(index.row(), column)));
         case Qt::TextAlignmentRole:
-            return int(Qt::AlignVCenter | (Is_Figure(column) ? Qt::AlignRight : Qt::AlignLeft));
+            return int(Qt::AlignVCenter | (Is_Right(index.row(), column) ? Qt::AlignRight : Qt::AlignLeft));
         case kShadedRole:
             return Is_Shaded(form_.Description(), column, Cell(index.row(), column));
         case kLabelRole:

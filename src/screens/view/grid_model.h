@@ -64,6 +64,7 @@ class GridModel : public QAbstractTableModel {
     const FormRows& Rows() const { return rows_; }
 
   private:
+    bool Is_Right(int row, const GridColumn& column) const;
     QString Display_Text(int row, const GridColumn& column) const;
     void Choose_Columns();
     void Note_Totals();

@@ -33,6 +33,19 @@ TEST(GridModelTest, TheModelHasItsFormAsLongAsTheGridLives) {
     EXPECT_EQ(asked, "A1");
 }
 
+TEST(GridModelTest, AmountsAmongTheAnswersStandToTheRight) {
+    Report r(fy2016);
+    r.Cell("S2", 10, 1, "118400");
+    const auto form = Open_View("S2");
+    EXPECT_EQ(Text_At(*form, 10_cur, "Col_1").toStdString(), "118,400");
+    EXPECT_EQ(Text_At(*form, 10_cur, "Col_1", Qt::EditRole).toStdString(), "118400");
+    const auto alignment = [&](Currency line) {
+        return Text_At(*form, line, "Col_1", Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
+    };
+    EXPECT_EQ(alignment(10_cur), Qt::AlignRight);
+    EXPECT_EQ(alignment(1_cur), Qt::AlignLeft);
+}
+
 TEST(GridModelTest, NullFiguresAreShadedAndShowNothing) {
     Report r(fy2016);
     const auto form = Open_View("S3p1");
