@@ -31,6 +31,10 @@ ChoiceList::ChoiceList(const PopupList& list, const QString& value, QWidget* win
     setObjectName(Qt_Text(list.name));
     for (const PopupEntry& entry : list.entries) {
         Add_Entry(Qt_Text(entry.caption), Qt_Text(entry.value), value).setObjectName(Qt_Text(entry.control));
+        // A report just made holds some answers as whole words.
+        if (Qt_Text(entry.shown).compare(value, Qt::CaseInsensitive) == 0) {
+            entries_->setCurrentRow(entries_->count() - 1);
+        }
     }
 }
 
@@ -99,6 +103,11 @@ void ChoiceList::Narrow(const QString& text) {
     }
     moved_ = !sought.isEmpty() && found >= 0;
     entries_->setCurrentRow(moved_ ? found : -1);
+}
+
+QString ChoiceList::Current_Value() const {
+    const int row = entries_->currentRow();
+    return row < 0 ? QString() : actions()[row]->data().toString();
 }
 
 void ChoiceList::Choose_Current() {

@@ -31,6 +31,8 @@ class ChoiceList : public QFrame {
     // Shows only entries whose value begins with the text, or whose name holds it. The one that is the text, or else
     // the first, is highlighted as if the person had gone to it.
     void Narrow(const QString& text);
+    // What the highlighted entry writes into the cell.
+    QString Current_Value() const;
 
   signals:
     void Chosen(const QString& value);

@@ -100,11 +100,22 @@ void EditGrid::Undo() {
     }
     if (givenUp_) return Bring_Row_Back();
     if (!form.Can_Undo()) return emit Told(tr("There is nothing to take back."));
+    Take_Step(&OpenForm::Undo);
+}
+
+void EditGrid::Redo() {
+    if (!Commit()) return;
+    if (!Entries().Form().Can_Redo()) return emit Told(tr("There is nothing to do again."));
+    Take_Step(&OpenForm::Redo);
+}
+
+void EditGrid::Take_Step(UndoOutcome (OpenForm::*take)()) {
+    OpenForm& form = Entries().Form();
     UndoOutcome undone;
     try {
         const Busy busy(*this);
         const WaitPointer wait;
-        undone = form.Undo();
+        undone = (form.*take)();
     } catch (const DbError& error) {
         Show_Error(error);
     }
@@ -191,6 +202,29 @@ void EditGrid::Fill_Selection(const std::string& text, const char* what) {
         for (const auto& [at, column] : columns) block.cells.push_back({column, text});
     }
     Enter_Rows(rows, what);
+}
+
+void EditGrid::Fill_Down() {
+    if (!currentIndex().isValid() || !Commit()) return;
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    std::map<int, std::map<int, const GridColumn*>> cells;
+    for (const QModelIndex& index : selected) cells[index.row()][index.column()] = &Model().Column(index.column());
+    if (cells.empty()) return;
+    int from = cells.begin()->first;
+    if (cells.size() > 1) {
+        cells.erase(cells.begin());
+    } else if (--from < 0) {
+        return;
+    }
+    std::vector<BlockRow> rows;
+    for (const auto& [row, columns] : cells) {
+        BlockRow& block = rows.emplace_back();
+        block.line = Model().Line(row);
+        for (const auto& [at, column] : columns) {
+            block.cells.push_back({column, Plain_Text(Model().index(from, at).data(Qt::EditRole).toString())});
+        }
+    }
+    Enter_Rows(rows, "fill down");
 }
 
 void EditGrid::Clear_Cells() {

@@ -63,12 +63,15 @@ bool EditGrid::Choice_Key(QKeyEvent* event) {
             if (Is_Editing() && choices_->Is_Moved()) choices_->Choose_Current();
             return false;
         case Qt::Key_Return:
-        case Qt::Key_Enter: {
+        case Qt::Key_Enter:
             if (!choices_->Is_Moved()) return false;
-            const bool isEditing = Is_Editing();
-            choices_->Choose_Current();
-            return !isEditing;
-        }
+            if (Is_Editing()) {
+                // The editor has the entry then, and takes it with this key.
+                choices_->Choose_Current();
+                return false;
+            }
+            if (Choose(choices_->Current_Value())) Enter(false);
+            return true;
         case Qt::Key_Escape:
             Close_Choices();
             return true;
@@ -77,16 +80,15 @@ bool EditGrid::Choice_Key(QKeyEvent* event) {
     }
 }
 
-void EditGrid::Choose(const QString& value) {
+bool EditGrid::Choose(const QString& value) {
     Close_Choices();
     if (QLineEdit* editor = editor_->Open()) {
         editor->setText(value);
         editor->setModified(true);
-        return;
+        return true;
     }
     setFocus();
-    if (asking_ || !Entries().Takes_Entry(currentIndex())) return;
-    Enter_Text(currentIndex(), value);
+    return !asking_ && Entries().Takes_Entry(currentIndex()) && Enter_Text(currentIndex(), value);
 }
 
 }  // namespace tallmar

@@ -30,7 +30,7 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     connect(grd_, &EditGrid::Row_Given_Up, this, [this] { changed_ = false; });
 
     Add_Row_Buttons();
-    QPushButton* open = Add_Button("cmdOpenView", tr("Open &View"), tr("Show the whole worksheet, totals included"));
+    QPushButton* open = Add_Button("cmdOpenView", tr("&Open View"), tr("Show the whole worksheet, totals included"));
     connect(open, &QPushButton::clicked, this, [this] {
         if (!Commit_Grid()) return;
         const WaitPointer wait;

@@ -22,7 +22,9 @@ class EditForm : public WorksheetForm {
     // What the main window's Edit menu calls on the active form.
     bool Can_Undo() const { return grd_->Can_Undo(); }
     void Undo() { grd_->Undo(); }
+    void Redo() { grd_->Redo(); }
     void Paste() { grd_->Paste(); }
+    void Fill_Down() { grd_->Fill_Down(); }
 
   protected:
     void closeEvent(QCloseEvent* event) override;

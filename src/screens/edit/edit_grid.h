@@ -48,8 +48,11 @@ class EditGrid : public GridView {
 
     bool Can_Undo() const;
     void Undo();
+    void Redo();
     void Paste();
     void Clear_Cells();
+    // What the first row of the selection holds goes into the others; one cell takes that of the cell above.
+    void Fill_Down();
     // cmdAdd and cmdDelete on the row of the cursor.
     void Add_Row();
     void Delete_Row();
@@ -122,6 +125,7 @@ class EditGrid : public GridView {
 
     // Many cells, rows that come and go, undo: the form is at work on its own.
     class Busy;
+    void Take_Step(UndoOutcome (OpenForm::*take)());
     void Enter_Rows(const std::vector<BlockRow>& rows, const char* what);
     void Fill_Selection(const std::string& text, const char* what);
     void Read_Again();
@@ -132,7 +136,8 @@ class EditGrid : public GridView {
     void Place_Choices();
     void Close_Choices();
     bool Choice_Key(QKeyEvent* event);
-    void Choose(const QString& value);
+    // The entry of the list goes into the cursor's cell. False where it was refused.
+    bool Choose(const QString& value);
 
     CellEditor* editor_;
     EntryGuard* guard_ = nullptr;

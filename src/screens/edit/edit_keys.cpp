@@ -115,6 +115,7 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
     EntryGuard::Event scope(*guard_);
     if (event->matches(QKeySequence::Paste)) return Paste();
     if (event->matches(QKeySequence::Undo)) return Undo();
+    if (event->matches(QKeySequence::Redo)) return Redo();
     const bool shift = (event->modifiers() & Qt::ShiftModifier) != 0;
     const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
     const bool alt = (event->modifiers() & Qt::AltModifier) != 0;

@@ -62,6 +62,25 @@ TEST(EditChoices, TheOptionStaysWhereFormsAreToStayOpen) {
     EXPECT_CELL("S2", 26, 1, Null);
 }
 
+TEST(EditChoices, TheListMarksTheAnswerThatStands) {
+    Report r(fy2016);
+    r.Cell("S2", 14, 1, "N");
+    r.Cell("S2", 15, 1, "Y");
+    Screen s("S2");
+    EXPECT_CELL("S2", 16, 1, "No") << "as a report just made has it";
+    for (const auto& [line, marked] : {std::pair{14_cur, "No"}, {15_cur, "Yes"}, {16_cur, "No"}}) {
+        s.At(line, 1);
+        ASSERT_NE(s.grd.Choices(), nullptr);
+        const auto* list = s.grd.Choices()->findChild<QListWidget*>();
+        ASSERT_EQ(list->selectedItems().size(), 1);
+        EXPECT_EQ(list->selectedItems().front()->text(), marked);
+        // Seen, too: the highlight's colour behind the entry.
+        QRect entry = list->visualItemRect(list->selectedItems().front());
+        const QColor ground = list->viewport()->grab().toImage().pixelColor(entry.right() - 2, entry.center().y());
+        EXPECT_NE(ground, list->palette().color(QPalette::Active, QPalette::Base));
+    }
+}
+
 TEST(EditChoices, TypingGoesIntoTheCell) {
     Report r(fy2016);
     Screen s("S2");
@@ -85,8 +104,7 @@ TEST(EditChoices, ArrowsGoThroughTheListAndOn) {
     EXPECT_EQ(s.Cursor(), "1 Col_1");
     s.Press(Qt::Key_Return);
     EXPECT_EQ(s.Shown(1, 1), "No");
-    s.Press(Qt::Key_Down);
-    EXPECT_EQ(s.Cursor(), "2 Col_1");
+    EXPECT_EQ(s.Cursor(), "2 Col_1") << "on, as after an answer that was typed";
     s.Press(Qt::Key_Up);
     EXPECT_EQ(s.Cursor(), "1 Col_1") << "beyond the first entry";
     for (int i = 0; i < 3; ++i) s.Press(Qt::Key_Down);

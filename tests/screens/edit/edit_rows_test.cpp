@@ -390,4 +390,45 @@ TEST(EditCounty, IsRefusedOnceWhereItIsTooLong) {
     EXPECT_CELL("S3p1", 0, "Description", Null);
 }
 
+TEST(EditRows, RedoByItsKeys) {
+    Report r(fy2016);
+    Screen s("A");
+    s.At(6, 1);
+    s.Type("1200");
+    s.Press(Qt::Key_Return);
+    EXPECT_CELL("A", 6, 1, 1200_cur);
+    s.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_CELL("A", 6, 1, 0_cur);
+    s.Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_CELL("A", 6, 1, 1200_cur);
+    EXPECT_EQ(s.Cursor(), "6 Col_1");
+    s.form.Redo();
+    EXPECT_EQ(s.told.back(), "There is nothing to do again.");
+}
+
+TEST(EditRows, FillDownTakesTheFirstRowOfTheSelection) {
+    Report r(fy2016);
+    Screen s("A");
+    s.At(6, 1);
+    s.Type("12");
+    s.Press(Qt::Key_Right);
+    s.Type("34");
+    s.Press(Qt::Key_Return);
+    s.At(6, 1);
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down}) s.Press(key, Qt::ShiftModifier);
+    s.form.Fill_Down();
+    for (const int line : {6, 7, 8}) {
+        EXPECT_CELL("A", line, 1, 12_cur);
+        EXPECT_CELL("A", line, 2, 34_cur);
+    }
+    EXPECT_CELL("A", 9, 1, 0_cur);
+    s.At(9, 2);
+    s.form.Fill_Down();
+    EXPECT_CELL("A", 9, 2, 34_cur);
+    s.form.Undo();
+    s.form.Undo();
+    EXPECT_CELL("A", 7, 1, 0_cur);
+    EXPECT_CELL("A", 6, 1, 12_cur);
+}
+
 }  // namespace tallmar

@@ -95,7 +95,7 @@ TEST(FirstReport, IsMadeKeyedCalculatedSavedAndOpenedAgain) {
     EXPECT_EQ(Heads(desk)[2], "1 Answer");
     ASSERT_NE(desk.Grid().Choices(), nullptr);
     EXPECT_EQ(desk.Grid().Choices()->objectName(), "ButtonListYN");
-    Desk::Press(Qt::Key_Down);
+    Desk::Press(Qt::Key_Up);  // from No, which stands
     Desk::Press(Qt::Key_Return);
     EXPECT_EQ(desk.Shown(14, 1), "Yes");
     desk.At(26, 1);
