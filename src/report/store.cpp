@@ -5,6 +5,7 @@
 #include "common/platform.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
+#include "report/backup_list.h"
 #include "report/chart.h"
 #include "report/close_file.h"
 #include "report/code_lists.h"
@@ -42,7 +43,10 @@ bool Refuse(const std::string& text) {
 }
 
 std::string Cannot_Open(std::string_view trouble) {
-    return Sql("The file ", CRFPath, " cannot be opened as a Cost Report File.  ", trouble);
+    const bool hasBackup = The_Platform().Keeps_Reports_Open() && Has_Backup(CRFPath);
+    return Sql(
+        "The file ", CRFPath, " cannot be opened as a Cost Report File.  ", trouble,
+        hasBackup ? "\r\rBackups of it are kept.  Select Report File, Open a Backup to open a copy of one." : "");
 }
 
 std::string Foreign_Form() {
