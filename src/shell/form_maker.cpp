@@ -14,6 +14,14 @@ void Undo_In(WorksheetForm& form) {
     if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Undo();
 }
 
+void Redo_In(WorksheetForm& form) {
+    if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Redo();
+}
+
+void Fill_Down_In(WorksheetForm& form) {
+    if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Fill_Down();
+}
+
 void Paste_Into(WorksheetForm& form) {
     if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Paste();
 }

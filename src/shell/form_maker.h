@@ -9,6 +9,8 @@ WorksheetForm* Make_Form(FormMode mode, const FormDescription& form, const Item&
 
 // What the Edit menu does to a form. Nothing happens on a view form.
 void Undo_In(WorksheetForm& form);
+void Redo_In(WorksheetForm& form);
+void Fill_Down_In(WorksheetForm& form);
 void Paste_Into(WorksheetForm& form);
 
 }  // namespace tallmar

@@ -23,6 +23,30 @@ constexpr int kMessage = 2, kColumns = 3;
 constexpr int kCharacters = 4;            // of level and form
 constexpr int kWidth = 90, kHeight = 26;  // of the window at first, in characters and lines
 
+// What a message is no help with by itself.
+struct Advice {
+    std::string_view about;
+    const char* advice;
+};
+constexpr const char* kOpenBackup =
+    "A line or a worksheet that is needed here is gone from the report.  Open a backup of the report from before "
+    "(Report File, Open a Backup), or bring the line back.";
+constexpr Advice kAdvice[] = {
+    {"record found with LineNum", kOpenBackup},
+    {"No current record", kOpenBackup},
+    {"Unknown table", kOpenBackup},
+    {"The disk is full", "Make room on the disk where the report is, and do it once more."},
+    {"is in use", "Another program is at work on the report.  Wait for it to end, and do it once more."},
+    {"is read only", "The report cannot be written.  Save it under another name, in a folder of yours."},
+};
+
+QString Advice_On(std::string_view message) {
+    for (const Advice& row : kAdvice) {
+        if (message.find(row.about) != std::string_view::npos) return QLatin1String(row.advice);
+    }
+    return {};
+}
+
 // Boxes break their lines by a carriage return.
 QString Broken(std::string_view text) {
     return Qt_Text(text)
@@ -106,6 +130,20 @@ QTableWidget* Make_Grid(QWidget* parent, std::span<const Platform::BatchMessage>
     return grid;
 }
 
+// Below the list: what to do about the message that the cursor is on. It has no room while there is nothing to say.
+QLabel* Make_Advice(QTableWidget& grid) {
+    auto* label = new QLabel(grid.parentWidget());
+    label->setObjectName(QStringLiteral("lblAdvice"));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->hide();
+    QObject::connect(&grid, &QTableWidget::currentCellChanged, label, [label, &grid](int row) {
+        label->setText(row < 0 ? QString() : Advice_On(Plain_Text(grid.item(row, kMessage)->text())));
+        label->setVisible(!label->text().isEmpty());
+    });
+    return label;
+}
+
 }  // namespace
 
 DialogPtr Make_Batch_Msgs(QWidget* parent, std::string_view title, std::span<const Platform::BatchMessage> rows) {
@@ -122,6 +160,7 @@ DialogPtr Make_Batch_Msgs(QWidget* parent, std::string_view title, std::span<con
     auto* layout = new QVBoxLayout(dialog.get());
     layout->addWidget(heading);
     layout->addWidget(grid, 1);
+    layout->addWidget(Make_Advice(*grid));
     layout->addWidget(box);
     const QFontMetrics metrics = grid->fontMetrics();
     dialog->resize(kWidth * metrics.averageCharWidth(), kHeight * metrics.lineSpacing());

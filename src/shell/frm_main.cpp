@@ -33,6 +33,14 @@ namespace tallmar {
 
 namespace {
 
+struct MenuKey {
+    const char* keys;
+    const char* name;
+};
+constexpr MenuKey kMenuKeys[] = {{"F10", "mnuReport"}, {"Alt+E", "mnuEdit"}, {"Alt+V", "mnuView"}};
+// What works on the entries of a form, and not on a view form.
+constexpr const char* kEntryCommands[] = {"mnuEditUndo", "mnuEditRedo", "mnuEditPaste", "mnuEditFillDown"};
+
 constexpr int kLogoSize = 24;
 constexpr int kIconSize = 64;
 constexpr int kMargin = 6;
@@ -73,9 +81,12 @@ FrmMain::FrmMain(const JobGuard& guard)
     connect(forms_, &FormWindows::Selection_Changed, this, &FrmMain::Show_Selection);
     connect(&menus_->Menu("mnuWindowList"), &QMenu::aboutToShow, this, &FrmMain::Fill_Window_List);
     connect(&menus_->Menu("mnuReportRecent"), &QMenu::aboutToShow, this, &FrmMain::Fill_Recent_Files);
-    // Two of the menus have no access key.
-    auto* bar = new QShortcut(Qt::Key_F10, this);
-    connect(bar, &QShortcut::activated, this, [this] { menuBar()->setActiveAction(menus_->Find("mnuReport")); });
+    // Two of the menus have no access key in their captions.
+    for (const MenuKey& menu : kMenuKeys) {
+        auto* key = new QShortcut(QKeySequence(menu.keys), this);
+        connect(key, &QShortcut::activated, this,
+                [this, &menu] { menuBar()->setActiveAction(menus_->Find(menu.name)); });
+    }
     forms_->Set_Tabs(Tabs_Remembered());
     menus_->Find("mnuWindowTabbed")->setChecked(Tabs_Remembered());
     Show_Print_Quality(*this);
@@ -264,8 +275,7 @@ void FrmMain::Forms_Changed() {
     menus_->Enable_Form_Entries(some);
     const WorksheetForm* active = forms_->Active();
     const bool edits = active != nullptr && active->Mode() == FormMode::Edit;
-    menus_->Set_Enabled("mnuEditUndo", edits);
-    menus_->Set_Enabled("mnuEditPaste", edits);
+    for (const char* entry : kEntryCommands) menus_->Set_Enabled(entry, edits);
     lblForm_->setText(Qt_Text(forms_->Caption_Out_Of_Sight()));
     Show_Age();
     Show_Selection();

@@ -7,13 +7,17 @@
 #include "common/platform.h"
 #include "report/entry_age.h"
 #include "report/open_report.h"
+#include "report/paths.h"
 #include "report/store.h"
 #include "screens/view/qt_text.h"
 #include "shell/form_maker.h"
+#include "shell/frm_backups.h"
 #include "shell/frm_create_new_crf.h"
 #include "shell/frm_crf_edit_key.h"
+#include "shell/frm_go_to.h"
 #include "shell/frm_header_lines.h"
 #include "shell/frm_help_about.h"
+#include "shell/frm_help_keys.h"
 #include "shell/frm_main.h"
 #include "shell/recent_files.h"
 #include "shell/window_places.h"
@@ -40,9 +44,18 @@ void Open_Report(FrmMain&) {
     Report_Open_Dialog();
 }
 
+void Open_Backup(FrmMain& main) {
+    if (main.Forms().Commit_Rows()) Open_A_Backup(&main);
+}
+
 void Close_Report(FrmMain& main) {
-    const bool readOnly = db.Is_Read_Only();
-    if (Report_Close()) main.Tell(readOnly ? main.tr("Closed.") : main.tr("Closed, compacted."));
+    std::string trouble;
+    if (!Report_Close(trouble)) return;
+    main.Tell(trouble.empty() ? main.tr("Closed, compacted.") : main.tr("Closed, not compacted: %1.").arg(Qt_Text(trouble)));
+}
+
+void Store_Rows(FrmMain& main) {
+    if (main.Forms().Commit_Rows()) main.Tell(QStringLiteral("Everything is stored."));
 }
 
 // A row under edit goes into both: it was entered before the copy was asked for. One that cannot be stored goes into
@@ -100,6 +113,20 @@ void Close_Views(FrmMain& main) {
 
 void Undo(FrmMain& main) {
     if (WorksheetForm* form = main.Forms().Active()) Undo_In(*form);
+}
+
+void Redo(FrmMain& main) {
+    if (WorksheetForm* form = main.Forms().Active()) Redo_In(*form);
+}
+
+void Fill_Down(FrmMain& main) {
+    if (WorksheetForm* form = main.Forms().Active()) Fill_Down_In(*form);
+}
+
+void Go_To(FrmMain& main) {
+    const bool costCentersAreEdited = main.Forms().Form_Is_Loaded("frmEditCCs");
+    const auto choice = Show_Go_To(&main, Worksheets_To_Open(Menu_State(costCentersAreEdited)));
+    if (choice) main.Forms().Open_Worksheet_Form(choice->mode, choice->item);
 }
 
 void Copy(FrmMain& main) {
@@ -160,8 +187,12 @@ void Zoom_Normal(FrmMain& main) {
 
 // ---- Documents and Help
 
+std::string Program_Document(const char* name) {
+    return The_Platform().Program_Folder() + name;
+}
+
 void Open_Program_Document(const char* name) {
-    The_Platform().Open_Document(The_Platform().Program_Folder() + name);
+    The_Platform().Open_Document(Program_Document(name));
 }
 
 void Part_1(FrmMain&) {
@@ -172,8 +203,17 @@ void Bad_Debt_Log(FrmMain&) {
     Open_Program_Document("/BAD DEBT.DOCX");
 }
 
-void Instructions(FrmMain&) {
-    Open_Program_Document("/R17pr232.pdf");
+constexpr const char* kInstructions = "/R17pr232.pdf";
+
+void Keys(FrmMain& main) {
+    Show_Help_Keys(&main);
+}
+
+// Whoever asks for help gets some.
+void Instructions(FrmMain& main) {
+    const QString document = Qt_Text(Native_Path(Program_Document(kInstructions)));
+    if (QFileInfo(document).isFile()) return Open_Program_Document(kInstructions);
+    Show_Help_Keys(&main, "The instructions of the form, " + document + ", are not there.  These are the keys:");
 }
 
 void About(FrmMain& main) {
@@ -183,7 +223,9 @@ void About(FrmMain& main) {
 constexpr std::array kCommands{
     MainCommand{"mnuReportNew", New_Report},
     MainCommand{"mnuReportOpen", Open_Report},
+    MainCommand{"mnuReportBackup", Open_Backup},
     MainCommand{"mnuReportClose", Close_Report},
+    MainCommand{"mnuReportStore", Store_Rows},
     MainCommand{"mnuReportSaveAs", Save_Report_As},
     MainCommand{"mnuReportKey", Edit_Identity},
     MainCommand{"mnuReportCalculate", Calculate},
@@ -192,10 +234,13 @@ constexpr std::array kCommands{
     MainCommand{"mnuReportExit", Exit_Program},
     MainCommand{"mnuEditClose", Close_Edits},
     MainCommand{"mnuEditUndo", Undo},
+    MainCommand{"mnuEditRedo", Redo},
     MainCommand{"mnuEditCopy", Copy},
     MainCommand{"mnuEditCopyHeads", Copy_With_Heads},
     MainCommand{"mnuEditPaste", Paste},
+    MainCommand{"mnuEditFillDown", Fill_Down},
     MainCommand{"mnuEditFind", Find},
+    MainCommand{"mnuEditGoTo", Go_To},
     MainCommand{"mnuViewCloseAll", Close_Views},
     MainCommand{"mnuWindowTabbed", Swap_Tabs},
     MainCommand{"mnuWindowCascade", Cascade},
@@ -209,6 +254,7 @@ constexpr std::array kCommands{
     MainCommand{"mnu1", Part_1},
     MainCommand{"mnu2", Bad_Debt_Log},
     MainCommand{"mnuHelpInstructions", Instructions},
+    MainCommand{"mnuHelpKeys", Keys},
     MainCommand{"mnuHelpAbout", About},
 };
 

@@ -3,6 +3,7 @@
 #include "report/registry.h"
 #include "screens/view/qt_text.h"
 #include "shell/menu_tree.h"
+#include "shell/worksheet_titles.h"
 
 namespace tallmar {
 
@@ -11,6 +12,13 @@ namespace {
 // An & of a name is no access key.
 QString Caption_Of(const std::string& name) {
     return Qt_Text(name).replace("&", "&&");
+}
+
+// "A-4  Reclassifications". Its first letter jumps to it.
+QString Worksheet_Caption(const std::string& item) {
+    QString caption = '&' + Caption_Of(WorksheetName(item));
+    if (const std::string_view title = Worksheet_Title(item); !title.empty()) caption += ":  " + Qt_Text(title);
+    return caption;
 }
 
 }  // namespace
@@ -36,10 +44,9 @@ void MenuBar::Add(const MenuRow& row, QMenuBar* bar) {
         actions_[row.name] = menu->menuAction();
         return;
     }
-    QAction* action =
-        parent->addAction(row.caption.empty() ? Caption_Of(WorksheetName(row.item)) : Qt_Text(row.caption));
+    QAction* action = parent->addAction(row.caption.empty() ? Worksheet_Caption(row.item) : Qt_Text(row.caption));
     action->setObjectName(Qt_Text(row.name));
-    action->setShortcut(QKeySequence(Qt_Text(row.shortcut), QKeySequence::PortableText));
+    action->setShortcuts(QKeySequence::listFromString(Qt_Text(row.shortcut), QKeySequence::PortableText));
     action->setCheckable(row.checkable);
     actions_[row.name] = action;
     if (row.when == MenuWhen::NotBuilt) Turn(row, false);

@@ -35,7 +35,9 @@ constexpr Entry kReportMenu[] = {
     {"mnuReportNew", "mnuReport", "&New ...", kCommand, kAlways, "Ctrl+N"},
     {"mnuReportOpen", "mnuReport", "&Open ...", kCommand, kAlways, "Ctrl+O"},
     {"mnuReportRecent", "mnuReport", "Recent &Files", kMenu, kAlways, "", kOurs},
+    {"mnuReportBackup", "mnuReport", "Open a Bac&kup ...", kCommand, kAlways, "", kOurs},
     {"mnuReportClose", "mnuReport", "&Close", kCommand, kReport},
+    {"mnuReportStore", "mnuReport", "Sto&re the Row", kCommand, kReport, "Ctrl+S", kOurs},
     {"mnuReportSaveAs", "mnuReport", "Save &As ...", kCommand, kReport, "Ctrl+Shift+S"},
     {"mnuReportKey", "mnuReport", "Report I&dentity ...", kCommand, kReport, "", kOurs},
     {"mnuReportEditCheck", "mnuReport", "Just run the edit checks", kCommand, kNotBuilt},
@@ -67,11 +69,14 @@ constexpr Entry kEditMenu[] = {
     {"mnuEditClose", "mnuEdit", "Close All Edits", kCommand, kReport},
     {"", "mnuEdit", "", kSeparator, kAlways, "", kOurs},
     {"mnuEditUndo", "mnuEdit", "&Undo", kCommand, kForm, "Ctrl+Z", kOurs},
+    {"mnuEditRedo", "mnuEdit", "&Redo", kCommand, kForm, "Ctrl+Y; Ctrl+Shift+Z", kOurs},
     {"mnuEditCopy", "mnuEdit", "&Copy", kCommand, kForm, "Ctrl+C", kOurs},
     {"mnuEditCopyHeads", "mnuEdit", "Copy With &Heads", kCommand, kForm, "Ctrl+Shift+C", kOurs},
     {"mnuEditPaste", "mnuEdit", "&Paste", kCommand, kForm, "Ctrl+V", kOurs},
+    {"mnuEditFillDown", "mnuEdit", "Fill &Down", kCommand, kForm, "Ctrl+D", kOurs},
     {"", "mnuEdit", "", kSeparator, kAlways, "", kOurs},
     {"mnuEditFind", "mnuEdit", "&Find ...", kCommand, kForm, "Ctrl+F", kOurs},
+    {"mnuEditGoTo", "mnuEdit", "&Go To Worksheet ...", kCommand, kReport, "Ctrl+G", kOurs},
 };
 
 constexpr Entry kViewMenu[] = {
@@ -102,6 +107,7 @@ constexpr Entry kLastMenus[] = {
     {"mnu2", "mnu339", "&Bad Debt Log", kCommand, kReport},
     {"mnuHelp", "", "&Help", kMenu},
     {"mnuHelpInstructions", "mnuHelp", "&Instructions", kCommand, kAlways, "F1"},
+    {"mnuHelpKeys", "mnuHelp", "&Keys", kCommand, kAlways, "", kOurs},
     {"", "mnuHelp", "", kSeparator},
     {"mnuHelpAbout", "mnuHelp", "&About Tallmar 1728"},
 };

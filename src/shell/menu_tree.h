@@ -35,7 +35,7 @@ struct MenuRow {
     MenuKind kind = MenuKind::Command;
     MenuWhen when = MenuWhen::Always;
     std::string item = {};
-    std::string shortcut = {};  // portable key text
+    std::string shortcut = {};  // portable key text; several are parted by "; "
     bool checkable = false;
     bool ours = false;  // an addition of the desktop to the form's own menus
     bool edit = false;  // a list: its entries open edit forms

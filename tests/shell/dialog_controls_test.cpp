@@ -9,11 +9,14 @@
 #include <set>
 
 #include "shell/dialog_test.h"
+#include "shell/frm_backups.h"
 #include "shell/frm_batch_msgs.h"
 #include "shell/frm_create_new_crf.h"
 #include "shell/frm_crf_edit_key.h"
+#include "shell/frm_go_to.h"
 #include "shell/frm_header_lines.h"
 #include "shell/frm_help_about.h"
+#include "shell/frm_help_keys.h"
 #include "support/report_fixture.h"
 
 namespace tallmar {
@@ -23,6 +26,17 @@ namespace {
 DialogPtr Some_Messages() {
     static const Platform::BatchMessage messages[] = {{"E", "A", "One"}, {"W", "S3p1", "Two"}};
     return Make_Batch_Msgs(nullptr, "Title", messages);
+}
+
+DialogPtr Some_Backups() {
+    static const KeptBackup backups[] = {{"/backups/1.CRF", "/home/pat/Agency.CRF", Date{42000}, 1, 2048}};
+    static std::string chosen;
+    return Make_Backups(nullptr, backups, chosen);
+}
+
+DialogPtr Go_To_Worksheets() {
+    static WorksheetChoice choice{FormMode::View, {}};
+    return Make_Go_To(nullptr, {{"A", "A", "Trial balance", true}, {"B", "B", "", false}}, choice);
 }
 
 struct DialogCase {
@@ -35,6 +49,9 @@ constexpr DialogCase kDialogs[] = {
     {"frmCRFEditKey", [] { return Make_CRF_Edit_Key(nullptr, {}); }},
     {"frmBatchMsgs", Some_Messages},
     {"frmHeaderLines", [] { return Make_Header_Lines(nullptr); }},
+    {"frmHelpKeys", [] { return Make_Help_Keys(nullptr, "A note"); }},
+    {"frmGoTo", Go_To_Worksheets},
+    {"frmBackups", Some_Backups},
 };
 
 class DialogControlsTest : public testing::TestWithParam<DialogCase> {

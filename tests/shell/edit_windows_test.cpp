@@ -176,6 +176,29 @@ TEST_F(EditWindowsTest, StoredRowIsToldAndUndoneFromTheMenu) {
     EXPECT_NE(Nz_Double(db.Read_Row("SELECT Col_1 FROM A WHERE LineNum = 5;")[0]), 100);
 }
 
+TEST_F(EditWindowsTest, CtrlSStoresTheRowsAndSaysSo) {
+    Make_Report(fy2016);
+    EditForm& form = Edit("A");
+    Enter(form, 5_cur, "Col_1", "100");
+    Entry("mnuReportStore").trigger();
+    EXPECT_EQ(db.Read_Row("SELECT Col_1 FROM A WHERE LineNum = 5;")[0].To_Currency(), 100_cur);
+    EXPECT_EQ(main->statusBar()->currentMessage(), "Everything is stored.");
+    EXPECT_EQ(form.Grid().currentIndex(), Cell(form, 5_cur, "Col_1"));
+}
+
+TEST_F(EditWindowsTest, WhatWasTakenBackIsDoneAgainFromTheMenu) {
+    Make_Report(fy2016);
+    EditForm& form = Edit("A");
+    Enter(form, 5_cur, "Col_1", "100");
+    ASSERT_TRUE(form.Commit_Grid());
+    Entry("mnuEditUndo").trigger();
+    Entry("mnuEditRedo").trigger();
+    EXPECT_EQ(db.Read_Row("SELECT Col_1 FROM A WHERE LineNum = 5;")[0].To_Currency(), 100_cur);
+    EXPECT_EQ(main->statusBar()->currentMessage(), "Worksheet A, line 5: 1 cell done again.");
+    Entry("mnuEditRedo").trigger();
+    EXPECT_EQ(main->statusBar()->currentMessage(), "There is nothing to do again.");
+}
+
 TEST_F(EditWindowsTest, RefusedRowStopsTheClosingOfAllForms) {
     Make_Report(fy2016);
     View("A");

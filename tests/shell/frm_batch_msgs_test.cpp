@@ -106,4 +106,20 @@ TEST(BatchMsgs, JobWithNoMessageShowsNoList) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST(BatchMsgs, AdviceFollowsTheMessage) {
+    const Platform::BatchMessage messages[] = {{"E", "B1", "CALC_B1: No record found with LineNum = 30."},
+                                               {"W", "S3p1", "A message that says it all"},
+                                               {"E", "A", "No current record in 'A'"}};
+    const DialogPtr dialog = Make_Batch_Msgs(nullptr, "Title", messages);
+    dialog->show();
+    auto& grid = Child<QTableWidget>(*dialog, "flxGrid");
+    const auto& advice = Child<QLabel>(*dialog, "lblAdvice");
+    EXPECT_TRUE(advice.text().startsWith("A line or a worksheet that is needed here is gone from the report."));
+    EXPECT_TRUE(advice.isVisible());
+    grid.setCurrentCell(1, 2);
+    EXPECT_FALSE(advice.isVisible());
+    grid.setCurrentCell(2, 2);
+    EXPECT_TRUE(advice.isVisible());
+}
+
 }  // namespace tallmar

@@ -6,14 +6,20 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTableWidget>
 #include <QTimer>
 
+#include "shell/frm_help_keys.h"
+#include "shell/menu_tree.h"
 #include "shell/recent_files.h"
 #include "shell/shell_test.h"
 #include "shell/window_places.h"
@@ -179,8 +185,18 @@ TEST_F(FrmMainTest, DocumentsOpenFromTheProgramsFolder) {
     EXPECT_THAT(opened, testing::ElementsAre(program + "/P1339.DOCX"));
     boxes.Expect_Box("Error: Document Not Found", "The document " + program + "/BAD DEBT.DOCX is not there.");
     Entry("mnu2").trigger();
-    boxes.Expect_Box("Error: Document Not Found", "The document " + program + "/R17pr232.pdf is not there.");
+    boxes.Expect_Dialog("frmHelpKeys", [&](QWidget& keys) {
+        EXPECT_EQ(
+            keys.findChild<QLabel*>("lblNote")->text(),
+            Qt_Text("The instructions of the form, " + program + "/R17pr232.pdf, are not there.  These are the keys:"));
+        keys.close();
+    });
     Entry("mnuHelpInstructions").trigger();
+    QFile instructions(Qt_Text(program) + "/R17pr232.pdf");
+    ASSERT_TRUE(instructions.open(QIODevice::WriteOnly));
+    instructions.close();
+    Entry("mnuHelpInstructions").trigger();
+    EXPECT_EQ(opened.back(), program + "/R17pr232.pdf");
     documentsOpen = false;
     boxes.Expect_Box("Error: Document Not Opened",
                      "There is no program that opens the document " + program + "/P1339.DOCX.");
@@ -207,6 +223,32 @@ TEST_F(FrmMainTest, RecentFileThatIsGoneIsToldAndTakenOff) {
     Open_Recent(*main, gone);
     EXPECT_TRUE(Recent_Files().empty());
     EXPECT_FALSE(Entry("mnuReportRecent").isEnabled());
+}
+
+TEST_F(FrmMainTest, CopyOfABackupIsOpenedFromTheMenu) {
+    const std::string backup = folder.File("data") + "/backups/Agency-0123456789abcdef/2016-11-15 103000.CRF";
+    const std::string report = Make_Report(fy2016);
+    Entry("mnuReportClose").trigger();
+    boxes.Expect_Box("Tallmar 1728",
+                     "No backup is kept yet: a report is kept as it was opened, before its first change.");
+    Entry("mnuReportBackup").trigger();
+    QDir().mkpath(QFileInfo(Qt_Text(backup)).path());
+    ASSERT_TRUE(QFile::copy(Qt_Text(report), Qt_Text(backup)));
+    boxes.Expect_Dialog("frmBackups", [](QWidget& dialog) {
+        auto* list = dialog.findChild<QTableWidget*>("grdBackups");
+        ASSERT_EQ(list->rowCount(), 1);
+        EXPECT_EQ(list->item(0, 0)->text(), "11/15/2016 10:30");
+        EXPECT_EQ(list->item(0, 1)->text(), "Agency.CRF");
+        dialog.findChild<QPushButton*>("cmdOpen")->click();
+    });
+    boxes.Expect_Dialog("cdlMain", [this](QWidget& widget) {
+        auto* name = widget.findChild<QLineEdit*>();
+        EXPECT_EQ(name->text(), "Agency (backup).CRF");
+        name->setText(Qt_Text(folder.File("copy.CRF")));
+        static_cast<QDialog&>(widget).accept();
+    });
+    Entry("mnuReportBackup").trigger();
+    EXPECT_EQ(CRFPath, folder.File("copy.CRF"));
 }
 
 TEST_F(FrmMainTest, DroppedReportIsOpened) {
@@ -261,6 +303,77 @@ TEST_F(FrmMainTest, KeysReachMenusWithoutAnAccessKey) {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
     EXPECT_EQ(main->menuBar()->activeAction(), &Entry("mnuEdit"));
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+}
+
+TEST_F(FrmMainTest, AltEAndAltVOpenTheMenusOverAForm) {
+    Make_Report(fy2016);
+    QApplication::setActiveWindow(main.get());
+    for (const FormMode mode : {FormMode::View, FormMode::Edit}) {
+        main->Forms().Open_Worksheet_Form(mode, "A");
+        for (const auto& [key, menu] : {std::pair{Qt::Key_E, "mnuEdit"}, {Qt::Key_V, "mnuView"}}) {
+            QApplication::setActiveWindow(main.get());
+            QTest::keyClick(main.get(), key, Qt::AltModifier);
+            EXPECT_EQ(main->menuBar()->activeAction(), &Entry(menu));
+            ASSERT_NE(QApplication::activePopupWidget(), nullptr) << menu;
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        }
+    }
+}
+
+TEST_F(FrmMainTest, ListsOfWorksheetsShowTitlesAndLettersJump) {
+    Make_Report(fy2016);
+    EXPECT_EQ(Entry("mnuEditOpenA4").text(), "&A-4:  Reclassifications");
+    EXPECT_EQ(Entry("mnuViewOpenDp2").text(), "&D  Part-2:  Reimbursement Settlement");
+    EXPECT_EQ(Entry("mnuEditOpenA83").text(), "A-8-3 ...") << "a stated caption";
+    QMenu& list = main->Menus().Menu("mnuViewOpen");
+    list.popup(main->mapToGlobal(QPoint(10, 10)));
+    QTest::keyClick(&list, Qt::Key_F);
+    EXPECT_EQ(list.activeAction(), &Entry("mnuViewOpenF"));
+    QTest::keyClick(&list, Qt::Key_F);
+    EXPECT_EQ(list.activeAction(), &Entry("mnuViewOpenF1"));
+    list.close();
+}
+
+TEST_F(FrmMainTest, CtrlGGoesToAWorksheet) {
+    Make_Report(fy2016);
+    boxes.Expect_Dialog("frmGoTo", [](QWidget& dialog) {
+        auto* line = dialog.findChild<QLineEdit*>("txtWorksheet");
+        QTest::keyClicks(line, "s3");
+        auto* list = dialog.findChild<QListWidget*>("lstWorksheets");
+        ASSERT_EQ(list->count(), 4);
+        EXPECT_EQ(list->item(0)->text(), "S-3  Part-1:  Statistical Data");
+        QTest::keyClick(line, Qt::Key_Down);
+        QTest::keyClick(line, Qt::Key_Return);
+    });
+    Entry("mnuEditGoTo").trigger();
+    EXPECT_NE(main->Forms().Find_Form("S3p2", FormMode::Edit), nullptr);
+
+    boxes.Expect_Dialog("frmGoTo", [](QWidget& dialog) {
+        auto* line = dialog.findChild<QLineEdit*>("txtWorksheet");
+        QTest::keyClicks(line, "xyz");
+        EXPECT_EQ(dialog.findChild<QListWidget*>("lstWorksheets")->count(), 0);
+        EXPECT_FALSE(dialog.findChild<QPushButton*>("cmdView")->isEnabled());
+        line->clear();
+        QTest::keyClicks(line, "b");
+        EXPECT_FALSE(dialog.findChild<QPushButton*>("cmdEdit")->isEnabled()) << "B has no edit form";
+        QTest::keyClick(line, Qt::Key_Return);
+    });
+    Entry("mnuEditGoTo").trigger();
+    EXPECT_NE(main->Forms().Find_Form("B", FormMode::View), nullptr);
+
+    boxes.Expect_Dialog("frmGoTo", [](QWidget& dialog) { dialog.close(); });
+    Entry("mnuEditGoTo").trigger();
+    EXPECT_EQ(Open_Forms(), 2U);
+}
+
+TEST_F(FrmMainTest, EveryKeyOfTheMenusIsInTheListOfKeys) {
+    QString listed;
+    for (const KeyRow& row : Key_Rows()) listed += QStringLiteral(", ") + row.keys + ", ";
+    for (const MenuRow& row : Menu_Rows()) {
+        for (const QString& key : Qt_Text(row.shortcut).split("; ", Qt::SkipEmptyParts)) {
+            EXPECT_TRUE(listed.contains(", " + key + ", ")) << row.name << " " << Plain_Text(key);
+        }
+    }
 }
 
 TEST_F(FrmMainTest, StoredRowIsToldAtTheFoot) {

@@ -10,6 +10,7 @@
 #include "catalogue.h"
 #include "common/item.h"
 #include "shell/main_commands.h"
+#include "shell/worksheet_titles.h"
 
 namespace tallmar {
 namespace {
@@ -185,6 +186,17 @@ TEST(MenuTreeTest, EveryWorksheetIsReachable) {
             EXPECT_TRUE(Is_Reachable(family, false)) << family.items.Text();
         }
     }
+}
+
+TEST(MenuTreeTest, EveryWorksheetHasATitle) {
+    for (const WorksheetFamily& family : All_Families()) {
+        const std::string_view pattern = family.items.Text();
+        const std::string_view sample = pattern.substr(0, pattern.find_first_of("*#?"));
+        EXPECT_EQ(Worksheet_Title(sample).empty(), family.view == nullptr) << pattern;
+    }
+    EXPECT_EQ(Worksheet_Title("K1h0"), "Hospice Compensation Analysis: Salaries and Wages");
+    EXPECT_EQ(Worksheet_Title("Oh3"), "Analysis of HHA-Based Hospice Costs");
+    EXPECT_EQ(Worksheet_Title("CCs"), "");
 }
 
 TEST(MenuTreeTest, EditTreeOpensOnlyWorksheetsWithAnEditForm) {

@@ -27,7 +27,8 @@ namespace tallmar {
 class ShellTest : public testing::Test {
   protected:
     ShellTest()
-        : platform({folder.File("settings"), "", folder.File("program"), [] { return Date_Of(2016, 11, 15); },
+        : platform({folder.File("settings"), folder.File("data"), folder.File("program"),
+                    [] { return Date_Of(2016, 11, 15); },
                     [this](const std::string& path) {
                         opened.push_back(path);
                         return documentsOpen;

@@ -60,7 +60,7 @@ ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* paren
         Add_Button("cmdRecalculate", tr("Recalc&ulate"), tr("Calculate the whole report and show the results here"));
     connect(recalculate, &QPushButton::clicked, this, &WorksheetForm::Recalculate_Requested);
     Add_Button("cmdPrint", tr("Pr&int"), tr("Printing is not available yet"))->setEnabled(false);
-    QPushButton* open = Add_Button("cmdOpenEdit", tr("Open &Edit"), tr("Open this worksheet for edit"));
+    QPushButton* open = Add_Button("cmdOpenEdit", tr("&Open Edit"), tr("Open this worksheet for edit"));
     connect(open, &QPushButton::clicked, this,
             [this] { emit Open_Requested(FormMode::Edit, Qt_Text(Worksheet().Name())); });
     if (Form_Of(FormMode::Edit, Worksheet()) == nullptr) {

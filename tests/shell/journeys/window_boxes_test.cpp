@@ -205,8 +205,8 @@ const std::vector<WindowBox>& Window_Boxes() {
          "Error: Not A Cost Report File", kDropText, kWarning},
         {"FolderDropped", Nothing, [](Desk& desk) { Drop(desk, {QUrl::fromLocalFile(Qt_Text(desk.folder.Path()))}); },
          "Error: Not A Cost Report File", kDropText, kWarning},
-        {"DocumentNotThere", Nothing, choose("mnuHelpInstructions"), "Error: Document Not Found",
-         "The document <program>/R17pr232.pdf is not there.", kWarning},
+        {"DocumentNotThere", Nothing, choose("mnu2"), "Error: Document Not Found",
+         "The document <program>/BAD DEBT.DOCX is not there.", kWarning},
         {"SecondCopy", Nothing, [](Desk&) { Tell_Second_Copy(); }, "Attempt to Run Multiple Copies of Tallmar 1728",
          "A copy of Tallmar 1728 is already running.  Only one copy may be run at a time.  After leaving this message "
          "box, this copy of Tallmar 1728 will shut down.  Then, you may [1] use the already running copy, [2] shut "
