@@ -8,6 +8,7 @@
 #include "common/db/sql_text.h"
 #include "common/platform.h"
 #include "common/variant.h"
+#include "common/worksheets.h"
 #include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"

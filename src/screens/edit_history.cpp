@@ -114,11 +114,6 @@ TableChange Difference(const TableState& before, const TableState& after) {
 
 namespace {
 
-TableChange Reversed(TableChange change) {
-    for (RowChange& row : change.rows) std::swap(row.before, row.after);
-    return change;
-}
-
 EditPart Reversed(EditPart part) {
     for (CellChange& cell : part.cells) std::swap(cell.before, cell.after);
     if (part.structure) part.structure = Reversed(std::move(*part.structure));

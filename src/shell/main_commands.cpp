@@ -51,7 +51,8 @@ void Open_Backup(FrmMain& main) {
 void Close_Report(FrmMain& main) {
     std::string trouble;
     if (!Report_Close(trouble)) return;
-    main.Tell(trouble.empty() ? main.tr("Closed, compacted.") : main.tr("Closed, not compacted: %1.").arg(Qt_Text(trouble)));
+    main.Tell(trouble.empty() ? main.tr("Closed, compacted.")
+                              : main.tr("Closed, not compacted: %1.").arg(Qt_Text(trouble)));
 }
 
 void Store_Rows(FrmMain& main) {

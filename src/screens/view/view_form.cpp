@@ -45,8 +45,7 @@ void Show_Line_Set(const WorksheetForm& form, const LineSet& set) {
 }  // namespace
 
 ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* parent)
-    : WorksheetForm(FormMode::View, new GridModel(description, std::move(item)), parent),
-      lblAge_(new QLabel(this)) {
+    : WorksheetForm(FormMode::View, new GridModel(description, std::move(item)), parent), lblAge_(new QLabel(this)) {
     Set_Up(new GridView(this));
     lblAge_->setObjectName("lblAge");
     lblAge_->setWordWrap(true);

@@ -3,6 +3,7 @@
 #include <QMenu>
 
 #include "report/registry.h"
+#include "screens/cell_batch.h"
 #include "screens/view/view_test.h"
 
 namespace tallmar {
