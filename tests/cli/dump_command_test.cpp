@@ -66,9 +66,9 @@ TEST_F(DumpCommand, TablesAreNamedWithoutRegardToCaseAndOnce) {
 }
 
 TEST_F(DumpCommand, NamesAndTextsMayHoldQuotes) {
-    Sql("SELECT LineNum, Description AS [a \"b\"] INTO [it's \"mine\" \\ é] FROM Sp2");
-    Sql("UPDATE [it's \"mine\" \\ é] SET [a \"b\"] = \"\"\"\\\" & Chr(13) & Chr(10) & Chr(1)");
-    const json table = Dump({"IT'S \"MINE\" \\ É"})["tables"]["it's \"mine\" \\ é"];
+    Sql("SELECT LineNum, Description AS [a \"b\"] INTO [it's \"mine\" é] FROM Sp2");
+    Sql("UPDATE [it's \"mine\" é] SET [a \"b\"] = \"\"\"\\\" & Chr(13) & Chr(10) & Chr(1)");
+    const json table = Dump({"IT'S \"MINE\" É"})["tables"]["it's \"mine\" é"];
     EXPECT_EQ(table["columns"][1]["name"], "a \"b\"");
     EXPECT_EQ(table["rows"][0][1], "\"\\\r\n\x01");
 }

@@ -44,11 +44,15 @@ TEST_F(CalcCommand, AnOverflowNamesItsCellAndWhatIsOld) {
     std::string cells;
     for (int line = 6; line < 16; ++line) cells += "A," + std::to_string(line) + ",Col_1,99999999999999\n";
     Succeed({"enter", crf}, cells);
-    EXPECT_EQ(
-        Succeed({"calc", crf}),
-        R"({"ErrLevel":"E","ErrForm":"A","ErrMessage":"Overflow in A, line 29, column Col_1.  Worksheet A was not )"
-        R"(calculated to its end: some of its figures, and of those that follow from them, are of an earlier )"
-        "calculation.\"}\n");
+    const auto message = [](const std::string& worksheet, const std::string& place) {
+        return R"({"ErrLevel":"E","ErrForm":")" + worksheet + R"(","ErrMessage":"Overflow in )" + place +
+               ".  Worksheet " + worksheet +
+               " was not calculated to its end: some of its figures, and of those that follow from them, are of an "
+               "earlier calculation.\"}\n";
+    };
+    // Each line of A fits; their sum does not, on A itself and as the costs that B allocates.
+    EXPECT_EQ(Succeed({"calc", crf}),
+              message("A", "A, line 29, column Col_1") + message("B1", "B, column NetExpenses"));
 }
 
 // A statistic by which nothing can be allocated, or everything.

@@ -108,11 +108,12 @@ TEST_F(FiscalYearCommands, AMoveOverADividingDateIsRefusedUnlessAnsweredYes) {
     const std::string cells = "S2,7,2,9/30/1999\nS2,7,1,10/1/1998\n";
     const Ran asked = Run_Tallmar({"enter", crf}, cells);
     EXPECT_EQ(asked.status, kExitFailed);
-    EXPECT_EQ(asked.err,
-              "Change of Fiscal Year: The new fiscal year uses other worksheets: A-1, A-2, A-3, A-8-3; no longer used: "
-              "S-2-1.  Do you wish to continue?\n"
-              "line 1: Change of Fiscal Year: The fiscal year was not changed.\n"
-              "line 2: Change of Fiscal Year: The fiscal year was not changed.\n");
+    EXPECT_EQ(
+        asked.err,
+        "line 1: Change of Fiscal Year: The new fiscal year uses other worksheets: A-1, A-2, A-3, A-8-3; no longer "
+        "used: S-2-1.  Do you wish to continue?\n"
+        "line 1: Change of Fiscal Year: The fiscal year was not changed.\n"
+        "line 2: Change of Fiscal Year: The fiscal year was not changed.\n");
     EXPECT_EQ(Sql("SELECT Count(*) AS V FROM Worksheets WHERE Item=\"S21\""), "{\"V\":1}\n");
     EXPECT_EQ(Run_Tallmar({"enter", crf, "--answer", "yes"}, cells).status, kExitDone);
     EXPECT_EQ(Sql("SELECT Count(*) AS V FROM Worksheets WHERE Item=\"S21\""), "{\"V\":0}\n");

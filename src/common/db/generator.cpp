@@ -458,6 +458,7 @@ Probe Generate_Probe(const BoundStatement& statement) {
         add(read ? Probed_Read(select, *each.value, each.field) : ProbedValue{table.name, each.field, {}}, *each.value);
     }
     for (const BoundOutput& output : select.outputs) {
+        if (output.value == nullptr) continue;  // an insert has taken it among its values
         add(Probed_Read(select, *output.value, output.column.name), *output.value);
     }
     return probe;
