@@ -14,7 +14,9 @@ EditModel::EditModel(const FormDescription& description, Item item, QObject* par
     connect(this, &QAbstractItemModel::modelReset, this, [this] { open_.clear(); });
 }
 
-RowUnderEdit EditModel::Row_Of_Table(int row) const {
+RowUnderEdit EditModel::Row_At(int row) const {
+    const RowUnderEdit& under = Form().Under_Edit();
+    if (row == row_ && under.Exists()) return under;
     return {Line(row), Rows().At(static_cast<std::size_t>(row))};
 }
 
@@ -35,7 +37,7 @@ void EditModel::Leave_Row() {
 
 bool EditModel::Takes_Entry(const QModelIndex& index) const {
     if (!index.isValid() || db.Is_Read_Only()) return false;
-    return Is_Open(Column(index.column()), index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row()));
+    return Is_Open(Column(index.column()), Row_At(index.row()));
 }
 
 bool EditModel::Is_Name(const QModelIndex& index) const {
@@ -138,7 +140,7 @@ bool EditModel::Is_Entry(const QModelIndex& index) const {
     if (open_.size() <= row) open_.resize(row + 1);
     std::vector<bool>& open = open_[row];
     if (open.empty()) {
-        const RowUnderEdit of = index.row() == row_ ? Form().Under_Edit() : Row_Of_Table(index.row());
+        const RowUnderEdit of = Row_At(index.row());
         for (int i = 0; i < columnCount(); ++i) open.push_back(Is_Open(Column(i), of));
     }
     return open[static_cast<std::size_t>(index.column())];

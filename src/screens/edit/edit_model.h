@@ -59,7 +59,8 @@ class EditModel : public GridModel {
     Value Cell(int row, const GridColumn& column) const override;
 
   private:
-    RowUnderEdit Row_Of_Table(int row) const;
+    // As it is under edit, or as the table has it: while a row is stored the form has none under edit.
+    RowUnderEdit Row_At(int row) const;
     bool Is_Open(const GridColumn& column, const RowUnderEdit& row) const;
     void Show_Row(int row) { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
 

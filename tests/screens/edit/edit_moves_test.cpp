@@ -1,4 +1,7 @@
 // The cursor goes from entry to entry.
+#include <algorithm>
+#include <vector>
+
 #include "screens/edit/edit_test.h"
 
 namespace tallmar {
@@ -51,6 +54,22 @@ TEST(EditMoves, ARunThatGoesOverTheEndOfARowBeginsAnewThere) {
     EXPECT_EQ(a.Cursor(), "7 Col_2");
     a.Press(Qt::Key_Return);
     EXPECT_EQ(a.Cursor(), "8 Col_1");
+}
+
+// While a row is stored the form has no row under edit for a moment, and whoever hears of the change may ask for cells.
+TEST(EditMoves, TheCellsOfARowThatWasStoredWithoutLeavingItStayOpen) {
+    Report r(fy2016);
+    Screen a("A");
+    a.At(23.2, 5);
+    std::vector<bool> asked;
+    QObject::connect(&a.form.Model(), &QAbstractItemModel::dataChanged, &a.form,
+                     [&] { asked.push_back(a.Index(23.2, 1).data(kShadedRole).toBool()); });
+    a.Type("7");
+    a.Press(Qt::Key_Return);
+    EXPECT_CELL("A", 23.2, 5, 7_cur);
+    EXPECT_FALSE(asked.empty());
+    EXPECT_EQ(std::ranges::count(asked, true), 0);
+    EXPECT_FALSE(a.Index(23.2, 1).data(kShadedRole).toBool());
 }
 
 TEST(EditMoves, EnterPassesCellsThatTakeNothing) {
