@@ -24,13 +24,15 @@ std::string Folded(std::string_view text) {
 }
 
 // 0 is the best; a worksheet that is not meant has none.
-constexpr int kNoRank = 3;
+constexpr int kNoRank = 4;
 int Rank(const FoundWorksheet& worksheet, const std::string& wanted) {
     const std::string name = Folded(worksheet.name);
-    const std::array names{name, Replace(name, "part", ""), Folded(worksheet.item)};
-    if (std::ranges::find(names, wanted) != names.end()) return 0;
-    if (std::ranges::any_of(names, [&](const std::string& text) { return text.starts_with(wanted); })) return 1;
-    return Folded(worksheet.title).find(wanted) != std::string::npos ? 2 : kNoRank;
+    const std::array names{name, Folded(worksheet.item), Replace(name, "part", "")};
+    const auto same = std::ranges::find(names, wanted);
+    // "d1" is D-1 before it is D Part-1.
+    if (same != names.end()) return same == names.end() - 1 ? 1 : 0;
+    if (std::ranges::any_of(names, [&](const std::string& text) { return text.starts_with(wanted); })) return 2;
+    return Folded(worksheet.title).find(wanted) != std::string::npos ? 3 : kNoRank;
 }
 
 void Add(std::vector<FoundWorksheet>& worksheets, const std::string& item, const std::string& name, bool edits) {

@@ -35,6 +35,7 @@ TEST(WorksheetSearchTest, WholeNameComesBeforeItsBeginnings) {
     EXPECT_THAT(Found("f"), testing::Contains("F2"));
     EXPECT_EQ(Found("s2").front(), "S2");
     EXPECT_EQ(Found("s21").front(), "S21");
+    EXPECT_THAT(Found("d-1"), ElementsAre("D1", "Dp1")) << "D-1 before D Part-1";
 }
 
 TEST(WorksheetSearchTest, WordOfATitleIsFound) {
