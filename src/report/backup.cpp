@@ -119,12 +119,14 @@ void Remove(const BackupFolder& folder) {
 }
 
 // Of a report all but the newest five, and then of all reports what is too much.
-void Drop_Surplus(const fs::path& current) {
+void Drop_Surplus(const fs::path& current, const fs::path& spared) {
     std::vector<BackupFolder> folders = All_Folders();
     std::uintmax_t bytes = 0;
     for (BackupFolder& folder : folders) {
         const std::size_t surplus = folder.backups.size() - std::min(folder.backups.size(), kBackupsKept);
-        for (std::size_t i = 0; folder.path == current && i < surplus; ++i) Remove(folder.backups[i]);
+        for (std::size_t i = 0; folder.path == current && i < surplus; ++i) {
+            if (folder.backups[i].path != spared) Remove(folder.backups[i]);
+        }
         bytes += folder.Size();
     }
     std::ranges::sort(folders, [](const BackupFolder& a, const BackupFolder& b) {
@@ -133,7 +135,7 @@ void Drop_Surplus(const fs::path& current) {
     std::size_t count = folders.size();
     for (const BackupFolder& folder : folders) {
         if (bytes <= kMostBytes && count <= kMostFolders) return;
-        if (folder.path == current) continue;
+        if (folder.path == current || folder.path == spared.parent_path()) continue;
         Remove(folder);
         bytes -= folder.Size();
         --count;
@@ -176,7 +178,7 @@ void Keep_Backup() {
     Keep_Backup_Of(Native_Path(CRFPath));
 }
 
-void Keep_Backup_Of(const std::string& path) {
+void Keep_Backup_Of(const std::string& path, const std::string& spared) {
     if (The_Platform().Data_Folder().empty()) return;
     try {
         const fs::path folder = Folder_For(path);
@@ -185,7 +187,7 @@ void Keep_Backup_Of(const std::string& path) {
         fs::path backup = Next_Backup(folder);
         while (!Copy_To(path, backup.string())) backup = Next_Backup(folder);
         for (const fs::path& file : {backup, folder / kReportFile}) ::chmod(file.c_str(), kOwnersFile);
-        Drop_Surplus(folder);
+        Drop_Surplus(folder, spared);
     } catch (const std::exception&) {  // no room for a backup is no reason to stop the work
     }
 }

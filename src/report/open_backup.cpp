@@ -3,8 +3,12 @@
 #include <filesystem>
 
 #include "common/db/database.h"
+#include "common/file_id.h"
 #include "common/platform.h"
+#include "report/backup.h"
 #include "report/paths.h"
+#include "report/replace.h"
+#include "report/report_lock.h"
 #include "report/store.h"
 
 namespace tallmar {
@@ -29,8 +33,12 @@ bool Open_Copy_Of_Backup(const std::string& backup, const std::string& path) {
         return false;
     }
     if (Report_Is_Open() && !Report_Close()) return false;
+    if (!Report_Is_Free(path) || !Check_Report_Name(path, kFailedTitle)) return false;
     try {
-        DBEngine::CopyDatabase(backup, Native_Path(path));
+        const std::string target = Native_Path(path);
+        DBEngine::OpenCopy(backup).Close();  // a backup that is damaged takes the place of nothing
+        if (Id_Of(target)) Keep_Backup_Of(target, backup);
+        DBEngine::CopyDatabase(backup, target);
     } catch (const std::exception& error) {
         The_Platform().Message_Box(error.what(), kStop, kFailedTitle);
         return false;

@@ -84,17 +84,36 @@ TEST_F(BackupListTest, BackupIsNoPlaceForItsCopy) {
     EXPECT_EQ(Bytes(backup), "12345");
 }
 
-TEST_F(BackupListTest, BackupThatIsBrokenOrGoneIsTold) {
-    const std::string copy = folder.File("copy.CRF");
+TEST_F(BackupListTest, BackupThatIsBrokenOrGoneIsToldAndReplacesNothing) {
+    New_Report();
+    Report_Close();
+    const std::string before = Bytes(report);
     const std::string backup = Keep("Agency-0123456789abcdef", "2016-11-15 103000.CRF");
-    platform.Expect_Box_Starting("Error: Attempting to Open Invalid CRF file", "The file " + copy);
-    EXPECT_FALSE(Open_Copy_Of_Backup(backup, copy));
+    platform.Expect_Box_Starting("Error: Backup Not Opened", "The file '" + backup);
+    EXPECT_FALSE(Open_Copy_Of_Backup(backup, report));
     EXPECT_EQ(Bytes(backup), "12345");
     fs::remove(backup);
-    fs::remove(copy);
-    platform.Expect_Box_Starting("Error: Backup Not Opened", "The file");
-    EXPECT_FALSE(Open_Copy_Of_Backup(backup, copy));
-    EXPECT_FALSE(fs::exists(copy));
+    platform.Expect_Box_Starting("Error: Backup Not Opened", "The file '" + backup);
+    EXPECT_FALSE(Open_Copy_Of_Backup(backup, report));
+    EXPECT_EQ(Bytes(report), before);
+}
+
+TEST_F(BackupListTest, WhatACopyReplacesIsKeptAndTheBackupStaysThoughItIsTheOldest) {
+    New_Report();
+    Report_Release();
+    for (int i = 1; i <= 5; ++i) {
+        ASSERT_TRUE(Report_Open(report));
+        Keep_Backup();
+        db.Execute(Sql("UPDATE Master SET ProviderName = \"State ", i, "\";"));
+        Report_Release();
+    }
+    const std::string oldest = Kept_Backups().back().path;
+    ASSERT_TRUE(Open_Copy_Of_Backup(oldest, report));
+    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_TRUE(fs::exists(oldest));
+    Report_Release();
+    ASSERT_TRUE(Open_Copy_Of_Backup(Kept_Backups().front().path, folder.File("before.CRF")));
+    EXPECT_EQ(ProviderName, "State 5");
 }
 
 TEST_F(BackupListTest, BoxOfADamagedReportNamesItsBackups) {
