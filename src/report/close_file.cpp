@@ -142,6 +142,7 @@ std::string Close_File() {
     attempt([&] {
         if (readOnly) throw DbError(DbErrorCode::ReadOnly, report);
         Compact(report);
+        trouble.clear();  // what kept it from being repaired first has passed
     });
     return trouble;
 }

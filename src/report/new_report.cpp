@@ -1,5 +1,7 @@
 #include "report/new_report.h"
 
+#include <functional>
+
 #include "common/platform.h"
 #include "common/text.h"
 #include "report/ag_option.h"
@@ -64,6 +66,16 @@ bool Make_File(const NewReportEntries& entries, const FiscalYear& year) {
     return Finish_CRF();
 }
 
+// The new report is there, whatever comes of showing it.
+void Show_New_Report(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const DbError& error) {
+        The_Platform().Message_Box(error.what(), kStop, "System Error");
+        Forget_Report();
+    }
+}
+
 }  // namespace
 
 bool Create_CRF(const NewReportEntries& entries, const FiscalYear& year) {
@@ -88,15 +100,17 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
     window.Set_Text("frmMain", Window_Caption());
     const bool made = Make_File(entries, year);
     if (made && Report_Is_Open()) {
-        Show_Report();
-        Load_MSA();
-        Load_AGOption();
+        Show_New_Report([] {
+            Show_Report();
+            Load_MSA();
+            Load_AGOption();
+        });
     } else {
         Forget_Report();
     }
     window.Hourglass(false);
     window.Set_Enabled("frmMain", true);
-    if (made && Report_Is_Open()) End_Msg_Log(kLogPrefix);
+    if (made && Report_Is_Open()) Show_New_Report([] { End_Msg_Log(kLogPrefix); });
     return made;
 }
 

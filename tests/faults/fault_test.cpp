@@ -51,6 +51,8 @@ struct Command {
     std::map<std::string, std::string> before;  // what stands in the folder: name, and the report it is a copy of
     std::string result;                         // the report that it changes
     bool shrinks = false;                       // the size of the file is part of its state
+
+    friend void PrintTo(const Command& command, std::ostream* out) { *out << command.name; }
 };
 
 const std::string kCells = "A,6,Col_1,1234\nA,7,Col_2,77\nS2,1,Col_1,Mill Road\n";

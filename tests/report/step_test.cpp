@@ -23,6 +23,7 @@ TEST(RunStep, ATroubleOfTheFileOrTheMemoryEndsTheRun) {
 
 TEST(RunStep, ATroubleOfAStatementIsReportedAndTheNextStepFollows) {
     Report report(fy2016);
+    report.platform.Expect_Box("Error: Worksheet A", "Unknown field 'Colour'");
     EXPECT_FALSE(Run_Step("A", [] { throw DbError(DbErrorCode::UnknownField, "Colour"); }));
     EXPECT_TRUE(Run_Step("A", [] {}));
 }

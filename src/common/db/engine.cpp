@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <memory>
@@ -30,22 +31,36 @@ bool Is_In_Memory(Connection& connection) {
     return file == nullptr || *file == '\0';
 }
 
-// The whole database as the bytes of its file.
-class Image {
-  public:
-    explicit Image(Connection& connection) : bytes_(sqlite3_serialize(connection.Handle(), "main", &size_, 0)) {
-        if (!bytes_) throw DbError(DbErrorCode::OutOfMemory);
-        // What comes from a file has the seals that it has.
-        if (Is_In_Memory(connection)) Seal_File({bytes_.get(), static_cast<std::size_t>(size_)});
-    }
-    std::string_view Bytes() const {
-        return {reinterpret_cast<const char*>(bytes_.get()), static_cast<std::size_t>(size_)};
-    }
+std::string Memory_Image(Connection& connection) {
+    sqlite3_int64 size = 0;
+    const std::unique_ptr<unsigned char, FreeImage> bytes(sqlite3_serialize(connection.Handle(), "main", &size, 0));
+    if (!bytes) throw DbError(DbErrorCode::OutOfMemory);
+    Seal_File({bytes.get(), static_cast<std::size_t>(size)});
+    return {reinterpret_cast<const char*>(bytes.get()), static_cast<std::size_t>(size)};
+}
 
-  private:
-    sqlite3_int64 size_ = 0;
-    std::unique_ptr<unsigned char, FreeImage> bytes_;
-};
+// With the seals that it has. SQLite's own image of a file has zeros for a page that cannot be read.
+std::string File_Image(Connection& connection) {
+    constexpr sqlite3_int64 kPiece = 1 << 20;
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    sqlite3_file_control(connection.Handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    const auto require = [&](bool done) {
+        if (!done) throw DbError(DbErrorCode::DiskError, connection.Path());
+    };
+    require(file != nullptr && file->pMethods != nullptr && file->pMethods->xFileSize(file, &size) == SQLITE_OK);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    for (sqlite3_int64 at = 0; at < size; at += kPiece) {
+        const int count = static_cast<int>(std::min(kPiece, size - at));
+        require(file->pMethods->xRead(file, bytes.data() + at, count, at) == SQLITE_OK);
+    }
+    return bytes;
+}
+
+// The whole database as the bytes of its file. What is in a file is held still.
+std::string Image_Of(Connection& connection) {
+    return Is_In_Memory(connection) ? Memory_Image(connection) : File_Image(connection);
+}
 
 // The engine keeps its journal beside the report, under its name and a suffix, and takes no longer paths.
 constexpr std::size_t kLongestSuffix = std::string_view("-journal").size();
@@ -108,6 +123,8 @@ void Pack(Connection& report) {
         throw;
     }
     sqlite3_limit(report.Handle(), SQLITE_LIMIT_ATTACHED, most);
+    // As long as before: nothing was won.
+    if (Troubles_Of(report.Handle()).shorten) throw DbError(DbErrorCode::DiskError, report.Path());
 }
 
 // Without the seals of another file: those of the file that takes the pages would not go with them.
@@ -129,9 +146,9 @@ void Put_Content(Connection& content, const std::string& path, unsigned mode) {
             if (Is_In_Memory(content)) return Copy_Pages(content, *target.report);
             return Copy_Pages(*Packed_Copy(content, path), *target.report);
         }
-        const Image image(content);
-        const bool placed = target.kind == Target::Kind::Nothing ? Create_File(image.Bytes(), path, mode)
-                                                                 : Replace_What_Is_No_Report(image.Bytes(), path);
+        const std::string image = Image_Of(content);
+        const bool placed = target.kind == Target::Kind::Nothing ? Create_File(image, path, mode)
+                                                                 : Replace_What_Is_No_Report(image, path);
         if (placed) return;
     }
     throw DbError(DbErrorCode::Locked, path);
@@ -208,7 +225,7 @@ void DBEngine::CopyDatabase(const std::string& from, const std::string& to) {
 bool DBEngine::CopyToNewFile(const std::string& from, const std::string& to) {
     Require_Place(to);
     const auto source = Hold_For_Reading(from);
-    return Look_At_Target(to).kind == Target::Kind::Nothing && Create_File(Image(*source).Bytes(), to, Rights_Of(from));
+    return Look_At_Target(to).kind == Target::Kind::Nothing && Create_File(Image_Of(*source), to, Rights_Of(from));
 }
 
 }  // namespace tallmar

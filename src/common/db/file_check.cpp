@@ -50,11 +50,14 @@ bool Is_Rollback_File(const Header& header) {
            pageSize >= 512 && (pageSize & (pageSize - 1)) == 0;
 }
 
-bool Is_Whole(const Header& header, std::uint64_t size) {
+// It may be longer than its pages: a change that makes it shorter is complete before SQLite cuts off the rest. Under
+// one of several names that may as well be a change that was cut off, with its journal beside another name.
+bool Is_Whole(const Header& header, std::uint64_t size, bool mayBeLonger) {
     const std::uint64_t pageSize = Page_Size(header);
     const std::uint64_t pages = Number_At(header, kPageCountAt);
     const bool counted = pages > 0 && Number_At(header, kChangeCounterAt) == Number_At(header, kValidForAt);
-    return size % pageSize == 0 && (!counted || size == pages * pageSize);
+    if (size % pageSize != 0) return false;
+    return !counted || size == pages * pageSize || (mayBeLonger && size > pages * pageSize);
 }
 
 }  // namespace
@@ -98,13 +101,13 @@ void Check_Header(sqlite3* handle, const FileCheck& check, const std::string& pa
         file->pMethods == nullptr || file->pMethods->xFileSize(file, &size) != SQLITE_OK) {
         refuse(DbErrorCode::DiskError);
     }
-    if (static_cast<std::size_t>(size) < header.size() ||
-        file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK ||
-        std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) {
-        refuse(DbErrorCode::NotADatabase);
+    if (static_cast<std::size_t>(size) < header.size()) refuse(DbErrorCode::NotADatabase);
+    if (file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK) {
+        refuse(DbErrorCode::DiskError);
     }
+    if (std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) refuse(DbErrorCode::NotADatabase);
     if (check.hotJournal) return;
-    if (!Is_Rollback_File(header) || !Is_Whole(header, static_cast<std::uint64_t>(size)) ||
+    if (!Is_Rollback_File(header) || !Is_Whole(header, static_cast<std::uint64_t>(size), !check.hasOtherNames) ||
         Number_At(header, kApplicationIdAt) != kCrfApplicationId) {
         refuse(DbErrorCode::NotADatabase);
     }

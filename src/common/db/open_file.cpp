@@ -101,9 +101,12 @@ void Check_Content(Connection& connection) {
     connection.Shapes();
 }
 
-// Every page, and every index against its table: rows are found by their index.
+// Every page, and every index against its table: rows are found by their index. A page that the system does not give
+// is no damage of the file.
 bool Is_Sound(Connection& connection) {
-    return Single_Text(connection, "PRAGMA integrity_check(1)") == "ok";
+    if (Single_Text(connection, "PRAGMA integrity_check(1)") == "ok") return true;
+    if (Troubles_Of(connection.Handle()).read) throw DbError(DbErrorCode::DiskError, connection.Path());
+    return false;
 }
 
 // What the seals say of the file as it is at one moment.
@@ -139,6 +142,7 @@ std::shared_ptr<Connection> Copy_In_Memory(Connection& connection) {
 // What is to be opened for the purpose, sound throughout.
 std::shared_ptr<Connection> Sound_For(std::shared_ptr<Connection> connection, OpenFor purpose) {
     const Seals seals = Seals_Of(*connection);
+    if (seals == Seals::NotRead) throw DbError(DbErrorCode::DiskError, connection->Path());
     if (seals == Seals::Broken) throw DbError(DbErrorCode::NotADatabase, connection->Path());
     if (purpose == OpenFor::Copy) connection = Copy_In_Memory(*connection);
     if (seals == Seals::Whole && Is_Sound(*connection)) return connection;

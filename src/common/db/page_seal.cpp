@@ -14,7 +14,8 @@ static_assert(std::endian::native == std::endian::little, "seals are little-endi
 
 // Places in page 1, all numbers of SQLite's own big-endian.
 constexpr std::size_t kHeadSize = 100;
-constexpr std::size_t kPageSizeAt = 16, kReservedAt = 20, kChangeCounterAt = 24, kFirstFreeAt = 32, kValidForAt = 92;
+constexpr std::size_t kPageSizeAt = 16, kReservedAt = 20, kChangeCounterAt = 24, kPageCountAt = 28, kFirstFreeAt = 32,
+                      kValidForAt = 92;
 // The counter in the seal of page 1: pages have been written without a seal.
 constexpr std::uint32_t kNotSealed = 0xffffffff;
 // The first byte of a page of an index: inner, leaf.
@@ -115,6 +116,13 @@ First Check_First_Page(std::span<const unsigned char> page) {
     return otherWriter && sum != First_Checksum(page, sealed) ? First::NotSealed : First::Broken;
 }
 
+// Behind its last page there may be what a change that made the file shorter has not cut off.
+std::uint32_t Pages_Of(std::span<const unsigned char> head, std::uint32_t inFile) {
+    const std::uint32_t counted = Number_At(head, kPageCountAt);
+    const bool holds = counted > 0 && Number_At(head, kChangeCounterAt) == Number_At(head, kValidForAt);
+    return holds ? std::min(counted, inFile) : inFile;
+}
+
 }  // namespace
 
 std::uint32_t Sealed_Page_Size(std::span<const unsigned char> head) {
@@ -144,20 +152,20 @@ Seals Check_Seals(sqlite3* handle) {
     if (sqlite3_file_control(handle, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || file == nullptr ||
         file->pMethods == nullptr || file->pMethods->xFileSize(file, &size) != SQLITE_OK ||
         file->pMethods->xRead(file, head.data(), static_cast<int>(head.size()), 0) != SQLITE_OK) {
-        return Seals::Broken;
+        return Seals::NotRead;
     }
     const std::uint32_t pageSize = Sealed_Page_Size(head);
     if (pageSize == 0) return Seals::Whole;
-    const auto pages = static_cast<std::uint32_t>(size / pageSize);
+    const std::uint32_t pages = Pages_Of(head, static_cast<std::uint32_t>(size / pageSize));
     SealReader reader(file, pageSize, pages);
-    if (!reader.Read(1)) return Seals::Broken;
+    if (!reader.Read(1)) return Seals::NotRead;
     const First first = Check_First_Page(reader.Page());
     if (first != First::Sealed) return first == First::NotSealed ? Seals::Whole : Seals::Broken;
 
     const auto freePages = reader.Free_Pages(Number_At(head, kFirstFreeAt));
     Seals found = Seals::Whole;
     for (std::uint32_t number = 2; number <= pages; ++number) {
-        if (!reader.Read(number)) return Seals::Broken;
+        if (!reader.Read(number)) return Seals::NotRead;
         if (reader.Is_Sealed_Well(number) || freePages.contains(number)) continue;
         if (!reader.Is_Index()) return Seals::Broken;
         found = Seals::IndexBroken;

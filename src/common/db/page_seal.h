@@ -27,11 +27,19 @@ enum class Seals : std::uint8_t {
     Whole,        // or not there
     IndexBroken,  // on pages of indexes alone
     Broken,
+    NotRead,  // the system cannot read the file
 };
 // Reads the open file page by page. Nobody may write it meanwhile. Pages that are free are passed over.
 Seals Check_Seals(sqlite3* handle);
 
-// The name of a file system for sqlite3_open_v2 that seals each page of a report as it is written.
+// The name of a file system for sqlite3_open_v2 that seals each page of a report as it is written, and that takes a
+// change for done once it is in the file, whatever the system refuses afterwards.
 const char* Sealing_Files();
+// What the system has refused of the open file, since it was opened.
+struct FileTroubles {
+    bool read = false;     // some part of it could not be read
+    bool shorten = false;  // it is longer than its pages, for its end could not be cut off
+};
+FileTroubles Troubles_Of(sqlite3* handle);
 
 }  // namespace tallmar::db_detail

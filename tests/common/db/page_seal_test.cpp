@@ -77,6 +77,19 @@ class PageSeal : public DbTest {
     std::string dump, bytes;
 };
 
+// A program that was killed, or refused by the system, between the end of such a change and the cut.
+TEST_F(PageSeal, WhatAShorterReportHasNotCutOffIsNoneOfItsPages) {
+    const std::string longer = bytes + bytes.substr(kPage, 2 * kPage);
+    Put_Bytes(path, longer);
+    EXPECT_EQ(Dump(db = DBEngine::OpenDatabase(path)), dump);
+    db.Close();
+    EXPECT_TRUE(Bytes_Of(path) == longer);
+    EXPECT_TRUE(Is_Sealed());
+    DBEngine::CompactDatabase(path, path);
+    EXPECT_LE(std::filesystem::file_size(path), bytes.size());
+    EXPECT_EQ(Dump(db = DBEngine::OpenDatabase(path)), dump);
+}
+
 TEST_F(PageSeal, OneBitAnywhereIsSeen) {
     std::mt19937 random(1728);
     for (std::size_t place = 0; place < bytes.size(); place += 61) {
