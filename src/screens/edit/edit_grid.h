@@ -119,6 +119,9 @@ class EditGrid : public GridView {
     void Enter(bool up);
     void Tab(bool back);
     QModelIndex Next_Entry(int row, int column, int step) const;
+    // Invalid where there is none.
+    QModelIndex Next_In_Row(const QModelIndex& at, int step) const;
+    QModelIndex Next_Beyond_Row(const QModelIndex& at, int step) const;
     void Tell_Why_Locked(const QModelIndex& index);
     void Tell_How_Renamed(const QModelIndex& index);
     void Type_First(const QString& typed);

@@ -26,35 +26,57 @@ QModelIndex EditGrid::Next_Entry(int row, int column, int step) const {
     return {};
 }
 
+// The row is stored before the next entry is looked for: its answers open and close cells of other rows.
 void EditGrid::Enter(bool up) {
-    const QModelIndex at = currentIndex();
-    const QModelIndex next = Next_Entry(at.row(), run_.value_or(at.column()), up ? -1 : 1);
-    if (next.isValid()) return setCurrentIndex(next);
-    const OpenForm& form = Entries().Form();
-    const bool adds = !up && form.Description().add != nullptr && at.row() + 1 == Model().rowCount();
-    if (adds && addOffered_ && !form.Has_Entries()) return Add_Row();
+    const int column = run_.value_or(currentIndex().column());
+    const bool offered = addOffered_;
     const QString stored = Pending_Text();
-    if (!Commit() || !adds) return;
+    if (!Commit()) return;
+    const QModelIndex at = currentIndex();
+    const QModelIndex next = Next_Entry(at.row(), column, up ? -1 : 1);
+    if (next.isValid()) return setCurrentIndex(next);
+    const bool adds = !up && Entries().Form().Description().add != nullptr && at.row() + 1 == Model().rowCount();
+    if (!adds) return;
+    if (offered && stored.isEmpty()) return Add_Row();
     addOffered_ = true;
     emit Told((stored + ' ' + tr("Press Enter again to add a line.")).trimmed());
 }
 
-void EditGrid::Tab(bool back) {
-    const int columns = Model().columnCount();
-    const int cells = Model().rowCount() * columns;
-    const int step = back ? -1 : 1;
-    const QModelIndex at = currentIndex();
-    const int began = run_.value_or(at.column());
-    for (int cell = at.row() * columns + at.column() + step; cell >= 0 && cell < cells; cell += step) {
-        const QModelIndex next = Model().index(cell / columns, cell % columns);
-        if (!Is_Stop(next)) continue;
-        setCurrentIndex(next);
-        // A run that goes over the end of a row begins anew there.
-        if (currentIndex() == next) run_ = next.row() == at.row() ? began : next.column();
-        return;
+QModelIndex EditGrid::Next_In_Row(const QModelIndex& at, int step) const {
+    for (int column = at.column() + step; column >= 0 && column < Model().columnCount(); column += step) {
+        const QModelIndex next = Model().index(at.row(), column);
+        if (Is_Stop(next)) return next;
     }
-    // On to the buttons, with the row stored.
-    if (Commit()) QAbstractScrollArea::focusNextPrevChild(!back);
+    return {};
+}
+
+QModelIndex EditGrid::Next_Beyond_Row(const QModelIndex& at, int step) const {
+    const int first = step < 0 ? Model().columnCount() - 1 : 0;
+    for (int row = at.row() + step; row >= 0 && row < Model().rowCount(); row += step) {
+        const QModelIndex end = Model().index(row, first);
+        const QModelIndex next = Is_Stop(end) ? end : Next_In_Row(end, step);
+        if (next.isValid()) return next;
+    }
+    return {};
+}
+
+void EditGrid::Tab(bool back) {
+    const int step = back ? -1 : 1;
+    const int began = run_.value_or(currentIndex().column());
+    QModelIndex next = Next_In_Row(currentIndex(), step);
+    const bool isInRow = next.isValid();
+    if (!isInRow) {
+        if (!Commit()) return;
+        next = Next_Beyond_Row(currentIndex(), step);
+        // On to the buttons.
+        if (!next.isValid()) {
+            QAbstractScrollArea::focusNextPrevChild(!back);
+            return;
+        }
+    }
+    setCurrentIndex(next);
+    // A run that goes over the end of a row begins anew there.
+    if (currentIndex() == next) run_ = isInRow ? began : next.column();
 }
 
 }  // namespace tallmar

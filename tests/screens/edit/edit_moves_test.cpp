@@ -135,9 +135,27 @@ TEST(EditMoves, AnEmptyWorksheetTakesTheFirstKeyIntoANewLine) {
     EXPECT_EQ(s.Shown(1, "Explanation"), "Postage");
 }
 
+// Lines 7 and 8 are asked where line 6 is answered with yes.
+TEST(EditMoves, EnterAndTabGoIntoTheLineThatTheAnswerOpens) {
+    Report r(fy2016);
+    Screen s("S21");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
+        s.At(6, 1);
+        s.Type("y");
+        s.Press(key);
+        EXPECT_EQ(s.Cursor(), "7 Col_1");
+        s.At(6, 1);
+        s.Type("n");
+        s.Press(key);
+        EXPECT_EQ(s.Cursor(), "9 Col_1");
+    }
+}
+
 TEST(EditMoves, AddPutsTheCursorIntoTheFirstCellToFill) {
     Report r(fy2016);
     Screen a("A4");
+    a.Button("cmdAdd")->click();
+    EXPECT_EQ(a.Cursor(), "1 Explanation");
     a.At(1, 4);
     a.Button("cmdAdd")->click();
     EXPECT_EQ(a.Cursor(), "2 Explanation");

@@ -100,7 +100,7 @@ TEST(ListFocus, AListOfMessagesLeavesTheCursor) {
     EXPECT_EQ(Desk::Stored("B1", 6, "CC_100"), "5");
 }
 
-TEST(ListFocus, AChosenAnswerLeavesTheCursor) {
+TEST(ListFocus, AnAnswerChosenByEnterPutsTheCursorIntoTheLineThatItOpens) {
     Person person(fy2016);
     Desk& desk = person.desk;
     desk.Edit("F");
@@ -111,6 +111,21 @@ TEST(ListFocus, AChosenAnswerLeavesTheCursor) {
     ASSERT_NE(desk.Grid().Choices(), nullptr);
     person.Press("Down");
     person.Press("Return");
+    EXPECT_TRUE(person.Is_At(7, 1));
+    EXPECT_EQ(desk.Shown(6, 1), "Yes");
+}
+
+TEST(ListFocus, AClickedAnswerLeavesTheCursor) {
+    Person person(fy2016);
+    Desk& desk = person.desk;
+    desk.Edit("F");
+    desk.Edit("S21");
+    desk.At(6, 1);
+    ASSERT_TRUE(person.Is_At(6, 1));
+    person.Press("Down", "Alt_L");
+    ASSERT_NE(desk.Grid().Choices(), nullptr);
+    QTest::mouseClick(desk.Grid().Choices()->findChild<QWidget*>("qt_scrollarea_viewport"), Qt::LeftButton, {},
+                      QPoint(10, 6));
     EXPECT_TRUE(person.Is_At(6, 1));
     EXPECT_EQ(desk.Shown(6, 1), "Yes");
 }
