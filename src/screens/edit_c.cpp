@@ -99,12 +99,15 @@ std::vector<GridColumn> Total_Post(const Item&) {
              .tag = {}}};
 }
 
-// The visits of a limit are those of the line of its discipline. From 10/1/2000 there are no limits, and the
-// calculation clears their lines.
+// The average costs are empty until the first calculation. The visits of a limit are those of the line of its
+// discipline. From 10/1/2000 there are no limits, and the calculation clears their lines.
+constexpr SourcedCells kCosts2{1_cur, 6.01_cur, "Col_4", why::kComputed};
 constexpr std::array kSources2{
+    kCosts2,
     SourcedCells{8_cur, 13_cur, "Col_5 Col_6", "it comes from lines 1 to 6"},
 };
 constexpr std::array kLimits2{
+    kCosts2,
     SourcedCells{8_cur, 13_cur, "Col_4 Col_5 Col_6 Col_7 Col_10", why::kLimitYears},
 };
 std::string_view Locked_2(const CellPlace& place) {
