@@ -229,6 +229,7 @@ TEST_F(EditWindowsTest, RefusedRowKeepsTheProgramRunning) {
     EXPECT_TRUE(main->isVisible());
     EXPECT_TRUE(Report_Is_Open());
     Explain(form);
+    boxes.Expect_Box("Rows Not Stored", "Worksheet A-4: row 1 has no cost center and was dropped.");
     Entry("mnuReportExit").trigger();
     EXPECT_FALSE(main->isVisible());
 }

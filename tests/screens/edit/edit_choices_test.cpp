@@ -189,6 +189,7 @@ TEST(EditChoices, LockedCellsHaveNone) {
 TEST(EditChoices, CostCentersAreListedWhereOneIsAskedForAndNarrowToWhatIsTyped) {
     Report r(fy2016);
     Screen s("A4");
+    s.Button("cmdAdd")->click();
     s.At(1, 3);
     EXPECT_EQ(s.grd.Choices(), nullptr) << "nobody asked";
     s.Press(Qt::Key_Down, Qt::AltModifier);
@@ -202,7 +203,7 @@ TEST(EditChoices, CostCentersAreListedWhereOneIsAskedForAndNarrowToWhatIsTyped) 
         return captions;
     };
     EXPECT_EQ(shown().size(), db.Read_Rows("SELECT CCNum FROM CostCenters WHERE CCName Is Not Null;").size());
-    s.Type("nursing");
+    s.Type("skilled");
     ASSERT_EQ(shown().size(), 1U);
     EXPECT_EQ(shown().front(), "6  Skilled Nursing Care");
     s.Press(Qt::Key_Return);

@@ -107,7 +107,8 @@ TEST(EditPending, WhatACheckWroteBesideTheRowComesBackWithIt) {
     r.platform.Expect_Box_Starting(
         "Warning: Modifying A Statistic Belonging To An 'Accumulated Costs' Type Cost Center", "The statistic",
         Answer::Ok);
-    s.Press(Qt::Key_Tab);
+    // It is the last entry of its row, and Tab would store the row.
+    s.Press(Qt::Key_Backtab);
     EXPECT_EQ(overrides(), 1U);
     s.Press(Qt::Key_Escape);
     EXPECT_EQ(overrides(), 0U);
@@ -181,6 +182,7 @@ TEST(EditPending, AnEntryUnderTheEditorWaits) {
 TEST(EditPending, ARowThatItsCheckHoldsWaitsWithoutABox) {
     Report r(fy2016);
     Screen s("A4");
+    s.Button("cmdAdd")->click();
     s.grd.Set_Idle_Time(std::chrono::milliseconds(1));
     s.At(1, 1);
     s.Type("a");

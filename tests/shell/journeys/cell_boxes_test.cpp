@@ -36,10 +36,10 @@ struct CellBox {
 
 const std::vector<CellBox>& Boxes() {
     static const std::vector<CellBox> boxes{
-        {"TextTooLong", fy2016, "Dp2", 25.5, "Description", "1234567890123456789012345678901234567",
+        {"TextTooLong", fy2016, "Dp2", 25.5, "Description", "Other adjustments, specified at length",
          "Invalid Length Entry",
-         ENTERING("1234567890123456789012345678901234567") "up to 36 characters.  Your entry or modification is being "
-                                                           "discarded.  Select OK to continue."},
+         ENTERING("Other adjustments, specified at length") "up to 36 characters.  Your entry or modification is being "
+                                                            "discarded.  Select OK to continue."},
         {"NotANumber", fy2016, "A", 6, 1, "abc", "Invalid Non-Numeric Entry",
          ENTERING("abc") "numeric data.  Your entry or modification is being discarded.  Select OK to continue."},
         {"RoundedUp", fy2016, "A", 6, 1, "12.5", "Too Specific Numeric Entry",
@@ -121,6 +121,16 @@ const std::vector<CellBox>& Boxes() {
          ENTERING("57056.5") "zero digits to the right of the decimal point.  Your entry or modification is being "
                              "rounded.",
          kWarning, Answer::Ok, "57057"},
+        {"CodeListed", fy2016, "S3p3", 29.01, 1, "1400", "Duplicate Code", "The code 1400 is already listed.", kStop,
+         Answer::Ok, nullptr, "INSERT INTO S3p3 (LineNum, Col_1) VALUES (29, '1400');"},
+        {"CodeWithVisits", fy2016, "S3p3", 29, 1, "1500", "Remove Code",
+         "The visits and limits of code 1400 on C Part II will be removed.  Do you wish to continue?",
+         kYesNo + kQuestion + kDefaultButton2, Answer::No, nullptr,
+         "INSERT INTO S3p3 (LineNum, Col_1) VALUES (29, '1400');"
+         "CREATE TABLE Cp2m1400 (LineNum CURRENCY, Col_4 DOUBLE, Col_5 DOUBLE, Col_6 DOUBLE, Col_7 DOUBLE, Col_10 "
+         "DOUBLE);"
+         "INSERT INTO Worksheets (Item, ItemName, Calc_Lvl) VALUES ('Cp2m1400', 'C  Part-2  MSA-1400', 7);"
+         "INSERT INTO Cp2m1400 (LineNum, Col_5) VALUES (1, 120);"},
         {"YesOrNo", fy2016, "S2", 14, 1, "Q", "Entry Error", "Please enter Y or N."},
         {"SplitOption", fy2016, "S2", 26, 1, "3", "Entry Error",
          "Valid types of controls are zero(0), one(1) or two(2)."},
@@ -191,8 +201,9 @@ std::vector<Text> Texts_Of_The_Forms() {
         for (const auto& found : pair.globalMatch(source)) {
             const bool shared = found.captured(1) == "kTitle";
             const Text text{shared ? "Entry Error" : joined(found.captured(1)), joined(found.captured(2))};
-            // Fields and values of a new row look alike.
-            if (shared || text.text.contains(words)) texts.push_back(text);
+            // Fields and values of a new row look alike, and so do fields and the reason why they are locked.
+            const bool isOfFields = text.title.startsWith("Col_");
+            if (shared || (!isOfFields && text.text.contains(words))) texts.push_back(text);
         }
     }
     return texts;

@@ -241,6 +241,9 @@ TEST(Hostile, AFormWhoseWorksheetGoesGoesToo) {
     desk.Edit("S3p3");
     ASSERT_EQ(desk.Open_Forms(), 3U);
     desk.At(29, 1);
+    desk.Expect("Remove Code",
+                "The visits and limits of code 1400 on C Part II will be removed.  Do you wish to continue?",
+                Answer::Yes, kYesNo + kQuestion + kDefaultButton2);
     Desk::Press(Qt::Key_Backspace);
     Desk::Press(Qt::Key_Return);
     Desk::Settle();

@@ -71,9 +71,9 @@ TEST(TwoPrograms, TheCommandLineKeepsOffAnOpenReport) {
 // However the program ends, the rows that the cursor has left are in the file.
 TEST(TwoPrograms, ACrashLosesTheRowUnderEditAtMost) {
     Desk desk;
-    const std::string path = desk.Report_Path();
     for (const char* last : {"6", "13", "ready"}) {
         SCOPED_TRACE(last);
+        const std::string path = desk.folder.File(std::string(last) + ".CRF");
         Make_Empty_Sample(Samples()[2], path);
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
