@@ -41,6 +41,9 @@ Args Least_Arguments(const Command& command) {
     return args;
 }
 
+// Before the words of a program that a shell starts: it keeps nothing in the user's folders.
+constexpr const char* kHomeless = "env -u HOME -u XDG_DATA_HOME ";
+
 TEST_F(CommandLine, EachCommandAndOptionHasATest) {
     std::set<std::string> suites;
     const testing::UnitTest& all = *testing::UnitTest::GetInstance();
@@ -205,7 +208,7 @@ TEST_F(CommandLine, NoControlCharacterReachesTheTerminal) {
 TEST_F(CommandLine, AClosedStandardStreamIsAFailure) {
     New();
     const std::string before = Read_Bytes(crf);
-    const std::string program = std::string(TALLMAR_BIN_DIR) + "/tallmar ";
+    const std::string program = std::string(kHomeless) + TALLMAR_BIN_DIR + "/tallmar ";
     const auto run = [&](const std::string& command) {
         return std::system((program + command + " 2>/dev/null").c_str());
     };
@@ -223,7 +226,7 @@ TEST_F(CommandLine, AReaderThatGoesAwayIsAFailure) {
     New();
     const std::string before = Read_Bytes(crf);
     const std::string status = Path("status");
-    const std::string command = "(sleep 0.1; " + std::string(TALLMAR_BIN_DIR) + "/tallmar sql '" + crf +
+    const std::string command = "(sleep 0.1; " + std::string(kHomeless) + TALLMAR_BIN_DIR + "/tallmar sql '" + crf +
                                 "' 'UPDATE A SET Col_1 = 5' 2>/dev/null; echo $? >'" + status + "') | true";
     EXPECT_EQ(std::system(command.c_str()), 0);
     EXPECT_EQ(Read_Bytes(status), "1\n");
