@@ -82,14 +82,16 @@ INSTANTIATE_TEST_SUITE_P(Entries, NewBoxes, testing::ValuesIn(kNewBoxes),
 TEST(NewBoxes, DatesAreCheckedAsTheyAreLeft) {
     Desk desk;
     desk.boxes.Expect_Dialog("frmCreateNewCRF", [&](QWidget& dialog) {
-        QApplication::setActiveWindow(&dialog);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
         for (const auto& [control, title, text] : {std::tuple{"txtFYStart", "Error: Invalid Fiscal Year Start Date",
                                                               "Fiscal Year Start date is not a valid date."},
                                                    std::tuple{"txtFYEnd", "Error: Invalid Fiscal Year End Date",
                                                               "Fiscal Year End date is not a valid date."}}) {
+            // The box of the first date takes the activation with it.
+            QApplication::setActiveWindow(&dialog);
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
             auto* entry = dialog.findChild<QLineEdit*>(control);
             entry->setFocus();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return entry->hasFocus(); }));
             entry->setText("soon");
             desk.Expect(title, text, Answer::Ok, kWarning);
             Desk::Press(Qt::Key_Tab);
