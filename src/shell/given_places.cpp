@@ -4,8 +4,8 @@
 
 namespace tallmar {
 
-GivenPlaces::GivenPlaces(QMdiArea* area) : QObject(area), area_(area) {
-    area->viewport()->installEventFilter(this);
+GivenPlaces::GivenPlaces(QMdiArea* area) : QObject(area), area_(area), viewport_(area->viewport()) {
+    viewport_->installEventFilter(this);
 }
 
 void GivenPlaces::Note(QMdiSubWindow& window) {
@@ -28,7 +28,8 @@ bool GivenPlaces::Is_Sized(const QMdiSubWindow& window) const {
 }
 
 bool GivenPlaces::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != area_->viewport() || event->type() != QEvent::Resize) return false;
+    // As the area goes its viewport still has events, but none of its size.
+    if (watched != viewport_ || event->type() != QEvent::Resize) return false;
     QList<QMdiSubWindow*> untouched = area_->subWindowList();
     untouched.removeIf([this](const QMdiSubWindow* window) { return Is_Moved(*window) || Is_Sized(*window); });
     // After the area has laid them out.

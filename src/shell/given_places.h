@@ -31,6 +31,7 @@ class GivenPlaces : public QObject {
 
   private:
     QMdiArea* area_;
+    QWidget* viewport_;
     QHash<const QObject*, QRect> given_;
 };
 
