@@ -28,7 +28,6 @@ constexpr std::size_t kMostFolders = 200;
 constexpr std::uintmax_t kMostBytes = 500'000'000;
 constexpr int kNumberWidth = 6;
 constexpr mode_t kOwnersFolder = 0700, kOwnersFile = 0600;
-constexpr const char* kReportFile = "report.txt";
 
 bool isExpected = false;
 
@@ -77,22 +76,15 @@ fs::path Folder_For(const fs::path& report) {
     return Root_Folder() / (report.stem().string() + "-" + Fingerprint(Whole_Path(report).string()));
 }
 
-// "000012 2016-11-15 103000.CRF" is 12.
-long Number_Of(const std::string& name) {
-    long number = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
-    return error == std::errc() && end != name.data() + name.size() && *end == ' ' ? number : 0;
-}
-
 BackupFolder Look_Into(const fs::path& path) {
     BackupFolder folder{.path = path, .backups = {}, .reportIsGone = false};
     for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
         if (entry.path().extension() != ".CRF" || !entry.is_regular_file()) continue;
-        folder.backups.push_back({Number_Of(entry.path().filename().string()), entry.path(), entry.file_size()});
+        folder.backups.push_back({Backup_Number(entry.path().filename().string()), entry.path(), entry.file_size()});
     }
     std::ranges::sort(folder.backups);
     std::string report;
-    std::ifstream file(path / kReportFile, std::ios::binary);
+    std::ifstream file(path / kBackupReportFile, std::ios::binary);
     std::error_code error;
     folder.reportIsGone = std::getline(file, report) && !fs::exists(report, error) && !error;
     return folder;
@@ -114,7 +106,7 @@ void Remove(const Backup& backup) {
 void Remove(const BackupFolder& folder) {
     for (const Backup& backup : folder.backups) Remove(backup);
     std::error_code ignored;
-    fs::remove(folder.path / kReportFile, ignored);
+    fs::remove(folder.path / kBackupReportFile, ignored);
     fs::remove(folder.path, ignored);  // what is not ours stays, and the folder with it
 }
 
@@ -172,6 +164,12 @@ bool Copy_To(const std::string& file, const std::string& backup) {
 
 }  // namespace
 
+long Backup_Number(const std::string& name) {
+    long number = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+    return error == std::errc() && end != name.data() + name.size() && *end == ' ' ? number : 0;
+}
+
 void Keep_Backup() {
     if (!isExpected) return;
     isExpected = false;
@@ -183,10 +181,10 @@ void Keep_Backup_Of(const std::string& path, const std::string& spared) {
     try {
         const fs::path folder = Folder_For(path);
         Make_Folder(folder);
-        Write_File_Atomically((folder / kReportFile).string(), Whole_Path(path).string() + "\n");
+        Write_File_Atomically((folder / kBackupReportFile).string(), Whole_Path(path).string() + "\n");
         fs::path backup = Next_Backup(folder);
         while (!Copy_To(path, backup.string())) backup = Next_Backup(folder);
-        for (const fs::path& file : {backup, folder / kReportFile}) ::chmod(file.c_str(), kOwnersFile);
+        for (const fs::path& file : {backup, folder / kBackupReportFile}) ::chmod(file.c_str(), kOwnersFile);
         Drop_Surplus(folder, spared);
     } catch (const std::exception&) {  // no room for a backup is no reason to stop the work
     }

@@ -10,6 +10,11 @@
 
 namespace tallmar {
 
+// In the folder of each report's backups: the path of the report.
+inline constexpr const char* kBackupReportFile = "report.txt";
+// "000012 2016-11-15 103000.CRF" is 12; 0 for a name from before they were numbered.
+long Backup_Number(const std::string& name);
+
 // Called by every job before it changes the report, outside a Job: the first call since opening keeps a copy of the
 // file. Troubles are passed over: a report is never held up for its backup.
 void Keep_Backup();

@@ -1,7 +1,6 @@
 #include "report/backup_list.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <tuple>
@@ -9,6 +8,7 @@
 #include "common/dates.h"
 #include "common/platform.h"
 #include "common/text.h"
+#include "report/backup.h"
 #include "report/paths.h"
 
 namespace tallmar {
@@ -18,7 +18,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kStamp = "####-##-## ######";
-constexpr const char* kReportFile = "report.txt";
 constexpr std::size_t kFingerprint = 17;  // with the hyphen before it
 
 // Of "000012 2016-11-15 103000.CRF", or without the number; 0 where it is no date.
@@ -36,15 +35,10 @@ Date Taken(const std::string& name) {
     return {};
 }
 
-long Number_Of(const std::string& name) {
-    const std::size_t end = name.find_first_not_of("0123456789");
-    return end == 0 || end == name.npos || name[end] != ' ' ? 0 : std::strtol(name.c_str(), nullptr, 10);
-}
-
 // Where it is not written down the folder bears the report's name.
 std::string Report_Of(const fs::path& folder) {
     std::string report;
-    std::ifstream file(folder / kReportFile, std::ios::binary);
+    std::ifstream file(folder / kBackupReportFile, std::ios::binary);
     if (std::getline(file, report) && !report.empty()) return report;
     const std::string name = folder.filename().string();
     return name.substr(0, name.size() - std::min(name.size(), kFingerprint)) + ".CRF";
@@ -56,7 +50,7 @@ void Add_Backups_In(const fs::path& folder, std::vector<KeptBackup>& backups) {
         if (entry.path().extension() != ".CRF" || !entry.is_regular_file(ignored)) continue;
         const std::string name = entry.path().filename().string();
         backups.push_back(
-            {entry.path().string(), Report_Of(folder), Taken(name), Number_Of(name), entry.file_size(ignored)});
+            {entry.path().string(), Report_Of(folder), Taken(name), Backup_Number(name), entry.file_size(ignored)});
     }
 }
 
