@@ -2,7 +2,7 @@
 // beside their floor, which is the SQLite statements alone. Expected: ratio at most 3 for cached statements.
 #include <benchmark/benchmark.h>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "floor.h"
 #include "report/open_report.h"
 #include "support/temp_folder.h"

@@ -4,8 +4,8 @@
 #include <chrono>
 #include <vector>
 
-#include "common/db/replay.h"
-#include "common/db/statement_cache.h"
+#include "db/replay.h"
+#include "db/statement_cache.h"
 #include "report/open_report.h"
 
 namespace tallmar {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/csv.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "screens/cell_batch.h"
 
 namespace tallmar {

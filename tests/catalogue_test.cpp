@@ -8,7 +8,7 @@
 #include <set>
 #include <sstream>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "support/report_fixture.h"

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
 #include "common/numbers.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 
 namespace tallmar {

@@ -5,8 +5,8 @@
 
 #include "calc/sync_cp2.h"
 #include "common/dates.h"
-#include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"

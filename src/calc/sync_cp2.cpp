@@ -6,7 +6,7 @@
 
 #include "calc/w_c.h"
 #include "calc/w_s3.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/build_worksheet.h"

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 
 namespace tallmar {
 

@@ -5,7 +5,7 @@
 
 #include "calc/a83_parts.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/registry.h"
 
 namespace tallmar {

@@ -1,7 +1,7 @@
 #include "calc/w_b.h"
 
 #include "calc/stat_columns.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/message_log.h"
 #include "report/open_report.h"

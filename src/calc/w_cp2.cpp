@@ -3,9 +3,9 @@
 
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
 #include "common/numbers.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/code_lists.h"
 #include "report/registry.h"

@@ -3,7 +3,7 @@
 
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/code_lists.h"

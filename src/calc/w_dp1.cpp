@@ -4,8 +4,8 @@
 #include <array>
 
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
 #include "common/numbers.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 
 namespace tallmar {

@@ -2,7 +2,7 @@
 
 #include "calc/w_f.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 
 namespace tallmar {

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 
 namespace tallmar {
 

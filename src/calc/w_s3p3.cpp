@@ -3,8 +3,8 @@
 #include "calc/w_s3.h"
 #include "calc/worksheet.h"
 #include "common/dates.h"
-#include "common/db/sql_text.h"
 #include "common/numbers.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/registry.h"
 

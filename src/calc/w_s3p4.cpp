@@ -2,7 +2,7 @@
 
 #include "calc/w_s3.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 
 namespace tallmar {
 

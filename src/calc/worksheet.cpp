@@ -1,7 +1,7 @@
 #include "calc/worksheet.h"
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/registry.h"

@@ -9,7 +9,7 @@
 
 #include "catalogue.h"
 #include "cli/commands.h"
-#include "common/db/error.h"
+#include "common/db_error.h"
 
 namespace tallmar {
 

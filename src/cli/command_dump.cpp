@@ -5,7 +5,7 @@
 #include "cli/json_text.h"
 #include "cli/open_for_command.h"
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "report/open_report.h"
 

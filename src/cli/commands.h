@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/cli.h"
+#include "cli/console_platform.h"
+#include "cli/exit_status.h"
 #include "cli/results.h"
 
 namespace tallmar {

@@ -275,14 +275,6 @@ std::string Iso_Date(Date date) {
     return Printed("%04d-%02d-%02d", c.year, c.month, c.day);
 }
 
-Date Safe_Date(const Value& value) {
-    try {
-        return value.To_Date();
-    } catch (const std::exception&) {
-        return Date{kFirstSerial};
-    }
-}
-
 bool Is_Valid_Date(std::string_view text, Date today) {
     constexpr double kEarliest = 24108;  // 1/1/1966
     const auto date = Parse_Date(text);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/value.h"
+#include "common/date.h"
 
 namespace tallmar {
 
@@ -32,8 +32,6 @@ std::string Iso_Date_Time(Date date);
 // "2015-10-01"
 std::string Iso_Date(Date date);
 
-// `value` as a date; on any error the date 1/1/100.
-Date Safe_Date(const Value& value);
 // A date text not earlier than serial 24108 (1/1/1966) and not later than `today`.
 bool Is_Valid_Date(std::string_view text, Date today);
 

@@ -12,6 +12,11 @@ std::string To_Upper(std::string_view text);
 std::string To_Lower(std::string_view text);
 // <0, 0, >0 without regard to case. A total order: equal only where the folded texts are equal.
 int Compare_Text(std::string_view a, std::string_view b);
+// Orders texts without regard to case, in maps and sets.
+struct LessText {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const { return Compare_Text(a, b) < 0; }
+};
 bool Same_Text(std::string_view a, std::string_view b);
 // The pattern language of Like: * any run, ? one character, # one digit, [a-c] one of, [!a-c] none of. Without regard
 // to case. A pattern that ends inside [ matches nothing; [] stands for no character, [!] for an exclamation mark.

@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "common/currency.h"
+#include "common/date.h"
 
 namespace tallmar {
 
@@ -24,16 +25,6 @@ enum class FieldType : std::uint8_t {
     Memo = 12,
     Char = 18,
 };
-
-// Days from 12/30/1899, the time of day as the fraction.
-struct Date {
-    double serial = 0;
-    friend constexpr auto operator<=>(Date, Date) = default;
-};
-// From 1/1/100 to the end of 12/31/9999. The time of a day before 12/30/1899 counts away from zero.
-constexpr bool Is_In_Calendar(double serial) {
-    return serial > -657'435 && serial < 2'958'466;
-}
 
 struct NullValue {
     friend constexpr bool operator==(NullValue, NullValue) = default;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "common/dates.h"
 #include "common/numbers.h"
 #include "common/text.h"
 
@@ -27,6 +28,14 @@ std::string Nz_Str(const Value& value, std::string_view otherwise) {
 
 bool Is_Blank(const Value& value) {
     return value.Is_Null() || Trim(value.To_Text()).empty();
+}
+
+Date Safe_Date(const Value& value) {
+    try {
+        return value.To_Date();
+    } catch (const std::exception&) {
+        return Date_Of(100, 1, 1);
+    }
 }
 
 bool Is_Yes(const Value& answer) {

@@ -17,6 +17,8 @@ double Nz_Double(const Value& value);
 std::string Nz_Str(const Value& value, std::string_view otherwise = "");
 // Null, or nothing but blanks.
 bool Is_Blank(const Value& value);
+// `value` as a date; on any error the date 1/1/100.
+Date Safe_Date(const Value& value);
 // True for an answer that begins with Y: the form's answers count by their first letter, in either case.
 bool Is_Yes(const Value& answer);
 // Rounded by Round_Half; Null where `value` is Null or no number.

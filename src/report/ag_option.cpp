@@ -2,9 +2,9 @@
 
 #include <span>
 
-#include "common/db/sql_text.h"
 #include "common/item.h"
 #include "common/numbers.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/open_report.h"

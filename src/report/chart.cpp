@@ -1,7 +1,7 @@
 #include "report/chart.h"
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/message_log.h"

@@ -10,9 +10,9 @@
 #include <optional>
 #include <utility>
 
-#include "common/db/sql_text.h"
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "report/paths.h"
 

@@ -1,8 +1,8 @@
 #include "report/edit_key.h"
 
-#include "common/db/sql_text.h"
 #include "common/format.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "report/backup.h"
 #include "report/entry_age.h"
 #include "report/open_report.h"

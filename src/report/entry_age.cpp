@@ -5,9 +5,9 @@
 #include <sstream>
 #include <vector>
 
-#include "common/db/sql_text.h"
 #include "common/format.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "report/open_report.h"
 #include "report/paths.h"

@@ -1,7 +1,7 @@
 #include "report/master.h"
 
-#include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "report/registry.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/open_report.h"

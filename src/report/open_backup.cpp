@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
-#include "common/db/database.h"
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "db/database.h"
 #include "report/backup.h"
 #include "report/paths.h"
 #include "report/replace.h"

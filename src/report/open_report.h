@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "common/db/database.h"
 #include "common/value.h"
+#include "db/database.h"
 
 namespace tallmar {
 

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "common/db/sql_text.h"
 #include "common/numbers.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/message_log.h"

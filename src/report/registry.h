@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "common/db/database.h"
+#include "db/database.h"
 
 namespace tallmar {
 

@@ -4,9 +4,9 @@
 #include <array>
 #include <filesystem>
 
-#include "common/db/sql_text.h"
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "report/open_report.h"
 #include "report/paths.h"

@@ -15,9 +15,9 @@
 #include <thread>
 #include <utility>
 
-#include "common/db/sql_text.h"
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "report/paths.h"
 #include "report/window.h"

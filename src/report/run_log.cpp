@@ -1,8 +1,8 @@
 #include "report/run_log.h"
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "report/open_report.h"
 #include "report/registry.h"

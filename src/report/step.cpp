@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "common/db/error.h"
+#include "common/db_error.h"
 #include "common/text.h"
 #include "report/message_log.h"
 

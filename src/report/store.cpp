@@ -1,8 +1,8 @@
 #include "report/store.h"
 
-#include "common/db/sql_text.h"
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
 #include "report/backup_list.h"

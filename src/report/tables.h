@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "common/db/schema.h"
+#include "db/shapes.h"
 
 namespace tallmar {
 

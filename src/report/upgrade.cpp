@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "calc/stat_columns.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/worksheets.h"
 #include "report/open_report.h"
 #include "report/registry.h"

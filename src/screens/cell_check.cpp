@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "common/db/sql_text.h"
 #include "common/numbers.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 
 namespace tallmar {

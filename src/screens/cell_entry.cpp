@@ -4,11 +4,11 @@
 #include <optional>
 #include <utility>
 
-#include "common/db/convert.h"
-#include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"
+#include "db/convert.h"
 #include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"

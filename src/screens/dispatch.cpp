@@ -5,7 +5,7 @@
 
 #include "calc/worksheet.h"
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/worksheets.h"
 #include "report/open_report.h"

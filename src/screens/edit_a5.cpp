@@ -3,7 +3,7 @@
 
 #include "calc/w_a5.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"
 #include "screens/forms.h"

@@ -3,7 +3,7 @@
 
 #include "calc/w_a6.h"
 #include "calc/worksheet.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/answer_cells.h"

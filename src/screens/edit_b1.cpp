@@ -3,7 +3,7 @@
 
 #include "calc/stat_columns.h"
 #include "calc/w_b1.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"

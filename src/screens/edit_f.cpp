@@ -2,7 +2,7 @@
 // computed.
 #include <array>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "screens/entry_cells.h"
 #include "screens/forms.h"

@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 
 namespace tallmar {

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <set>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "screens/lock_reasons.h"
 

@@ -1,6 +1,6 @@
 #include "screens/form_description.h"
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 
 namespace tallmar {
 

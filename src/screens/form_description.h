@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "common/currency.h"
-#include "common/db/database.h"
 #include "common/item.h"
 #include "common/text.h"
 #include "common/value.h"
+#include "db/database.h"
 
 namespace tallmar {
 

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/backup.h"
 #include "report/edit_key.h"

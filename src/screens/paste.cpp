@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
 #include "common/format.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "screens/cell_place.h"
 

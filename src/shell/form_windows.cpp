@@ -9,9 +9,9 @@
 #include <algorithm>
 
 #include "calc/driver.h"
-#include "common/db/error.h"
-#include "common/db/sql_text.h"
+#include "common/db_error.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/text.h"
 #include "common/wait_pointer.h"
 #include "report/entry_age.h"

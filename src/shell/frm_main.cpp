@@ -16,7 +16,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "common/db/error.h"
+#include "common/db_error.h"
 #include "common/platform.h"
 #include "report/entry_age.h"
 #include "report/open_report.h"

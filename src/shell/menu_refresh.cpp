@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
 #include "common/item.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "shell/menu_tree.h"

@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "calc/w_b1.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "support/allocation_report.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "support/report_fixture.h"

@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/chart.h"
 #include "report/open_report.h"
 #include "report/registry.h"

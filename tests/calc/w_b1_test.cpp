@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "common/db/replay.h"
 #include "common/platform.h"
+#include "db/replay.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "report/store.h"

@@ -8,7 +8,7 @@
 
 #include "catalogue.h"
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/worksheets.h"
 #include "report/chart.h"
 #include "report/open_report.h"

@@ -2,7 +2,7 @@
 #include <map>
 
 #include "cli_test.h"
-#include "common/db/database.h"
+#include "db/database.h"
 #include "support/other_window.h"
 
 namespace tallmar {

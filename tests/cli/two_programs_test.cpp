@@ -3,7 +3,7 @@
 #include <unistd.h>
 
 #include "cli_test.h"
-#include "common/db/database.h"
+#include "db/database.h"
 #include "support/other_window.h"
 #include "support/short_wait.h"
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "common/variant.h"
+
 namespace tallmar {
 
 TEST(DatesTest, SerialsCountFromTheEndOf1899) {

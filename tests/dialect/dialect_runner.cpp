@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
-#include "common/db/database.h"
-#include "common/db/parser.h"
-#include "common/db/plan.h"
-#include "common/db/statement_cache.h"
-#include "common/db/to_sql.h"
 #include "common/text.h"
+#include "db/database.h"
+#include "db/statement_cache.h"
 #include "dialect/dialect_file.h"
+#include "sql/parser.h"
+#include "sql/plan.h"
+#include "sql/to_sql.h"
 
 namespace tallmar {
 namespace {
@@ -74,10 +74,10 @@ void Expect_Error(const DbError& error, std::string expected) {
 
 // Written back and read again, a statement is the same tree.
 void Expect_Round_Trip(const std::string& text) {
-    if (Is_Table_Name(text)) return;
-    const Statement tree = Parse_Statement(text);
-    const std::string written = To_Sql(tree);
-    if (!Same_Statement(tree, Parse_Statement(written)))
+    if (sql::Is_Table_Name(text)) return;
+    const sql::StatementTree tree = sql::Parse_Statement(text);
+    const std::string written = sql::To_Sql(tree);
+    if (!sql::Same_Statement(tree, sql::Parse_Statement(written)))
         throw Failure{"another statement when written back: " + written};
 }
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "common/db/database.h"
+#include "db/database.h"
 #include "fuzz/fuzz_target.h"
 #include "support/temp_folder.h"
 

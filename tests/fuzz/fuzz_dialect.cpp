@@ -3,19 +3,19 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "common/db/error.h"
-#include "common/db/parser.h"
-#include "common/db/plan.h"
-#include "common/db/to_sql.h"
+#include "common/db_error.h"
 #include "dialect/dialect_file.h"
 #include "fuzz/fuzz_target.h"
+#include "sql/parser.h"
+#include "sql/plan.h"
+#include "sql/to_sql.h"
 
 namespace tallmar {
 namespace {
 
-const Schema& Fixed_Schema() {
-    static const Schema schema = [] {
-        Schema tables;
+const sql::Schema& Fixed_Schema() {
+    static const sql::Schema schema = [] {
+        sql::Schema tables;
         for (const char* name : {"A", "B", "T", "CostCenters", "A4", "Cp3"}) {
             TableShape shape;
             shape.name = name;
@@ -47,15 +47,15 @@ std::vector<std::string> Statements_Of_Corpus(const std::string& sourceFolder) {
 }
 
 std::string Round_Trip(std::string_view text) {
-    Statement tree;
+    sql::StatementTree tree;
     try {
-        tree = Parse_Statement(text);
+        tree = sql::Parse_Statement(text);
     } catch (const DbError&) {
         return "";  // refused: nothing to write back
     }
-    const std::string written = To_Sql(tree);
+    const std::string written = sql::To_Sql(tree);
     try {
-        if (Same_Statement(tree, Parse_Statement(written))) return "";
+        if (sql::Same_Statement(tree, sql::Parse_Statement(written))) return "";
     } catch (const DbError& error) {
         return "written back it is refused: " + error.Description();
     }
@@ -64,12 +64,12 @@ std::string Round_Trip(std::string_view text) {
 
 std::string Run_Text(std::string_view text) {
     try {
-        Lift(text);
-        Compile(text, Fixed_Schema());
+        sql::Lift(text);
+        sql::Compile(text, Fixed_Schema());
     } catch (const DbError&) {
     }
     try {
-        Compile_Find("SELECT * FROM A ORDER BY LineNum", text, Fixed_Schema());
+        sql::Compile_Find("SELECT * FROM A ORDER BY LineNum", text, Fixed_Schema());
     } catch (const DbError&) {
     }
     return Round_Trip(text);

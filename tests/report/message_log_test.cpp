@@ -1,6 +1,6 @@
 #include "report/message_log.h"
 
-#include "common/db/replay.h"
+#include "db/replay.h"
 #include "support/report_test.h"
 
 namespace tallmar {

@@ -5,7 +5,7 @@
 #include "calc/w_a.h"
 #include "calc/w_b1.h"
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "report/chart.h"
 #include "report/master.h"
 #include "report/open_report.h"

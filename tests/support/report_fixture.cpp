@@ -6,7 +6,7 @@
 
 #include "calc/driver.h"
 #include "catalogue.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/ag_option.h"
 #include "report/build_worksheet.h"

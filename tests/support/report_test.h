@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "common/dates.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/worksheets.h"
 #include "report/new_report.h"
 #include "report/open_report.h"

@@ -1,7 +1,7 @@
 // While it lives, whoever meets a report in use gives up soon: what is tested is that he does, not how long he waits.
 #pragma once
 
-#include "common/db/busy_timeout.h"
+#include "db/busy_timeout.h"
 
 namespace tallmar {
 

@@ -6,8 +6,8 @@
 #include <map>
 #include <utility>
 
-#include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "common/wait_pointer.h"
 #include "report/open_report.h"
 #include "screens/cell_text.h"

@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <utility>
 
-#include "common/db/sql_text.h"
 #include "common/platform.h"
+#include "common/sql_text.h"
 #include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/db/schema.h"
+#include "db/shapes.h"
 
 namespace tallmar {
 

@@ -11,7 +11,7 @@
 #include <QTest>
 
 #include "catalogue.h"
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/new_report.h"
 #include "report/open_report.h"

@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "common/db/database.h"
+#include "db/database.h"
 #include "report/open_report.h"
 #include "report/store.h"
 #include "screens/edit/choice_list.h"

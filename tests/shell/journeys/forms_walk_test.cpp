@@ -4,7 +4,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 
-#include "common/db/sql_text.h"
+#include "common/sql_text.h"
 #include "common/worksheets.h"
 #include "report/open_report.h"
 #include "report/registry.h"

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 #include <array>
 
 namespace tallmar {
@@ -124,11 +125,11 @@ void BoxDriver::Wait() {
 void BoxDriver::Look() {
     Wait();
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || modal == handled_) return;
-    handled_ = modal;
+    if (modal == nullptr || std::ranges::find(handled_, modal) != handled_.end()) return;
+    handled_.emplace_back(modal);
     Answer_Modal(*modal);
-    // The same box may be shown again.
-    if (handled_ != nullptr && !handled_->isVisible()) handled_ = nullptr;
+    // The same box may be shown again, and a dialog that shows one comes back when it has gone.
+    std::erase_if(handled_, [](const QPointer<QWidget>& each) { return each == nullptr || !each->isVisible(); });
 }
 
 void BoxDriver::Answer_Modal(QWidget& modal) {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/platform.h"
 
@@ -60,7 +61,7 @@ class BoxDriver {
 
     std::deque<Expected> expected_;
     std::function<bool(QWidget&)> otherwise_;
-    QPointer<QWidget> handled_;
+    std::vector<QPointer<QWidget>> handled_;
     QObject life_;  // no look after the driver has gone
     int seen_ = 0;
 };
