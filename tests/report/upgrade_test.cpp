@@ -1,5 +1,6 @@
 #include "report/upgrade.h"
 
+#include "db/crf_header.h"
 #include "support/report_test.h"
 
 namespace tallmar {

@@ -125,7 +125,7 @@ void BoxDriver::Wait() {
 void BoxDriver::Look() {
     Wait();
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || std::ranges::find(handled_, modal) != handled_.end()) return;
+    if (modal == nullptr || std::ranges::find(handled_, QPointer<QWidget>(modal)) != handled_.end()) return;
     handled_.emplace_back(modal);
     Answer_Modal(*modal);
     // The same box may be shown again, and a dialog that shows one comes back when it has gone.
