@@ -14,6 +14,9 @@ inline constexpr std::string_view kReservedWords[] = {
     "ORDER", "RIGHT", "SELECT",  "SET",  "TRUE",  "UNION", "VALUES", "WHERE",
 };
 
+// True for a word that is no name of a field or table unless it stands in brackets.
+bool Is_Reserved(std::string_view word);
+
 // The type that CREATE TABLE names by this word, in any case; null for a word that names none.
 const FieldTypeRow* Find_Field_Type(std::string_view word);
 

@@ -1,8 +1,9 @@
 #include "sql/to_sql.h"
 
 #include "common/sql_text.h"
+#include "sql/expression_parser.h"
+#include "sql/keywords.h"
 #include "sql/lexer.h"
-#include "sql/parser.h"
 
 namespace tallmar::sql {
 
