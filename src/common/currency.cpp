@@ -39,42 +39,60 @@ Currency operator*(Currency a, Currency b) {
     return Checked(Divide_Half_Even(Wide{a.scaled_} * b.scaled_, Currency::kScale));
 }
 
-std::optional<Currency> Currency::From_Text(std::string_view text) {
-    bool negative = false;
-    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
-        negative = text.front() == '-';
-        text.remove_prefix(1);
-    }
-    Wide scaled = 0;
-    int places = -1;
-    int fifth = 0;        // first dropped digit
+namespace {
+
+// The digits of a decimal, taken one after another: four places and what decides the rounding to them.
+struct Decimal {
+    Wide scaled = 0;      // the digits up to the fourth place
+    int places = -1;      // read so far; -1 before the point
+    int fifth = 0;        // the first dropped digit
     bool beyond = false;  // any digit after it but zero
     bool any = false;
-    for (const char c : text) {
+
+    // False for a character that no decimal has there, and for more digits than any amount has.
+    bool Take(char c) {
         if (c == '.' && places < 0) {
             places = 0;
-        } else if (c >= '0' && c <= '9') {
-            any = true;
-            const int digit = c - '0';
-            if (places >= 4) {
-                if (places == 4)
-                    fifth = digit;
-                else
-                    beyond = beyond || digit != 0;
-                ++places;
-                continue;
-            }
-            scaled = scaled * 10 + digit;
-            if (scaled > Wide{std::numeric_limits<std::int64_t>::max()} * 2) return std::nullopt;
-            if (places >= 0) ++places;
-        } else {
-            return std::nullopt;
+            return true;
         }
+        if (c < '0' || c > '9') return false;
+        any = true;
+        Take_Digit(c - '0');
+        return scaled <= Wide{std::numeric_limits<std::int64_t>::max()} * 2;
     }
-    if (!any) return std::nullopt;
-    for (int i = places < 0 ? 0 : places; i < 4; ++i) scaled *= 10;
-    if (fifth > 5 || (fifth == 5 && (beyond || scaled % 2 != 0))) ++scaled;
-    if (negative) scaled = -scaled;
+
+    // x 10 000, halves to even.
+    Wide Rounded() const {
+        Wide rounded = scaled;
+        for (int i = std::max(places, 0); i < 4; ++i) rounded *= 10;
+        const bool up = fifth > 5 || (fifth == 5 && (beyond || rounded % 2 != 0));
+        return up ? rounded + 1 : rounded;
+    }
+
+  private:
+    void Take_Digit(int digit) {
+        if (places < 4) {
+            scaled = scaled * 10 + digit;
+        } else if (places == 4) {
+            fifth = digit;
+        } else {
+            beyond = beyond || digit != 0;
+        }
+        if (places >= 0) ++places;
+    }
+};
+
+}  // namespace
+
+std::optional<Currency> Currency::From_Text(std::string_view text) {
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    Decimal decimal;
+    for (const char c : text) {
+        if (!decimal.Take(c)) return std::nullopt;
+    }
+    if (!decimal.any) return std::nullopt;
+    const Wide scaled = negative ? -decimal.Rounded() : decimal.Rounded();
     if (scaled > std::numeric_limits<std::int64_t>::max() || scaled < std::numeric_limits<std::int64_t>::min()) {
         return std::nullopt;
     }

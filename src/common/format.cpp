@@ -104,40 +104,57 @@ NumberLayout Layout_Of(const Section& section) {
     return layout;
 }
 
-std::string Laid_Out(const Section& section, const NumberLayout& layout, const Digits& number) {
-    // A "0" fills from its place on; digits without a place of their own stand before the first one.
-    std::string whole = number.whole;
-    if (whole.size() < layout.filled) whole.insert(0, layout.filled - whole.size(), '0');
-    // Zeros at the end fall away under "#", from the right, up to the first "0".
+// How many places are left: zeros at the end fall away under "#", from the right, up to the first "0".
+std::size_t Shown_Places(const Section& section, const NumberLayout& layout, const Digits& number) {
     std::size_t shown = number.fraction.size();
     for (std::size_t i = section.size(); i > layout.point && shown > 0; --i) {
         if (!Is_Digit_Place(section[i - 1])) continue;
         if (section[i - 1].Is("0") || number.fraction[shown - 1] != '0') break;
         --shown;
     }
-    std::string result;
-    std::size_t digit = 0;
-    std::size_t placesLeft = layout.wholePlaces;
-    const auto put_whole = [&](std::size_t down_to) {
-        for (; whole.size() - digit > down_to; ++digit) {
-            result += whole[digit];
-            const std::size_t after = whole.size() - digit - 1;
-            if (layout.grouped && after > 0 && after % 3 == 0) result += ',';
+    return shown;
+}
+
+// The digits before the point, with their separators, written up to each place in turn.
+class WholeDigits {
+  public:
+    // A "0" fills from its place on; digits without a place of their own come before the first one.
+    WholeDigits(const NumberLayout& layout, const Digits& number) : grouped_(layout.grouped), whole_(number.whole) {
+        if (whole_.size() < layout.filled) whole_.insert(0, layout.filled - whole_.size(), '0');
+    }
+    void Write(std::string& result, std::size_t left) {
+        for (; whole_.size() - written_ > left; ++written_) {
+            result += whole_[written_];
+            const std::size_t after = whole_.size() - written_ - 1;
+            if (grouped_ && after > 0 && after % 3 == 0) result += ',';
         }
-    };
+    }
+
+  private:
+    bool grouped_;
+    std::string whole_;
+    std::size_t written_ = 0;
+};
+
+std::string Laid_Out(const Section& section, const NumberLayout& layout, const Digits& number) {
+    const std::size_t shown = Shown_Places(section, layout, number);
+    WholeDigits whole(layout, number);
+    std::string result;
+    std::size_t placesLeft = layout.wholePlaces;
     std::size_t place = 0;
     for (std::size_t i = 0; i < section.size(); ++i) {
         const Step& step = section[i];
+        const bool beforePoint = i < layout.point;
         if (i == layout.point) {
-            put_whole(0);
+            whole.Write(result, 0);
             result += '.';
         } else if (Is_Digit_Place(step)) {
-            if (i < layout.point) {
-                put_whole(--placesLeft);
+            if (beforePoint) {
+                whole.Write(result, --placesLeft);
             } else if (place < shown) {
                 result += number.fraction[place++];
             }
-        } else if (!(step.Is(",") && layout.grouped && i < layout.point)) {
+        } else if (!(beforePoint && layout.grouped && step.Is(","))) {
             result += step.text;
         }
     }
@@ -310,25 +327,19 @@ std::string Format_Text(std::string text, const Section& section) {
     return result;
 }
 
-}  // namespace
+// What `write` makes of a value that is a date; any other value as its text.
+template <class Write>
+std::string Date_Or_Text(const Value& value, Write write) {
+    try {
+        return write();
+    } catch (const std::exception&) {
+        return value.To_Text();
+    }
+}
 
-std::string Format(const Value& value, std::string_view format) {
-    if (format.empty()) return value.To_Text();
-    if (Same_Text(format, "General Date")) {
-        if (value.Is_Null()) return "";
-        try {
-            return General_Date(value.To_Date());
-        } catch (const std::exception&) {
-            return value.To_Text();
-        }
-    }
-    for (const NamedFormat& named : kNamedDates) {
-        if (Same_Text(format, named.name)) format = named.format;
-    }
-    const std::vector<Section> sections = Sections_Of(format);
+std::string Format_By(const Value& value, const std::vector<Section>& sections) {
     const auto has = [&](std::string_view codes) {
-        return std::any_of(sections.begin(), sections.end(),
-                           [codes](const Section& section) { return Has_Any(section, codes); });
+        return std::ranges::any_of(sections, [&](const Section& section) { return Has_Any(section, codes); });
     };
     if (has("0#")) {
         if (value.Is_Null()) return sections.size() > 3 ? Laid_Out(sections[3], Layout_Of(sections[3]), {}) : "";
@@ -337,16 +348,28 @@ std::string Format(const Value& value, std::string_view format) {
     if (value.Is_Null()) return "";
     if (has("@&<>")) return Format_Text(value.To_Text(), sections[0]);
     if (has("mMdDyYhHnNsS")) {
-        try {
+        return Date_Or_Text(value, [&] {
             const Value number = value.Is<std::string>() && value.Is_Numeric() ? Value(value.To_Double()) : value;
             return Format_Date(number.To_Date(), sections[0]);
-        } catch (const std::exception&) {
-            return value.To_Text();
-        }
+        });
     }
     std::string literals;
     for (const Step& step : sections[0]) literals += step.text;
     return literals;
+}
+
+}  // namespace
+
+std::string Format(const Value& value, std::string_view format) {
+    if (format.empty()) return value.To_Text();
+    if (Same_Text(format, "General Date")) {
+        if (value.Is_Null()) return "";
+        return Date_Or_Text(value, [&] { return General_Date(value.To_Date()); });
+    }
+    for (const NamedFormat& named : kNamedDates) {
+        if (Same_Text(format, named.name)) format = named.format;
+    }
+    return Format_By(value, Sections_Of(format));
 }
 
 }  // namespace tallmar

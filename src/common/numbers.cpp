@@ -27,27 +27,43 @@ std::optional<double> Parse_Number(std::string_view text) {
     return value;
 }
 
-double Val(std::string_view text) {
+namespace {
+
+// The longest start of a text that is a number, taken character by character.
+struct NumberStart {
     std::string digits;
     bool point = false;
     bool exponent = false;
-    for (const char c : text) {
-        if (c == ' ' || c == '\t' || c == '\n' || c == '\r') continue;
-        const bool sign = c == '-' || c == '+';
-        if (sign && !digits.empty() && !(exponent && (digits.back() == 'e'))) break;
-        if (c == '.') {
-            if (point || exponent) break;
+
+    // False where the number ends before `c`.
+    bool Take(char c) {
+        if (c == '-' || c == '+') {
+            if (!digits.empty() && digits.back() != 'e') return false;
+        } else if (c == '.') {
+            if (point || exponent) return false;
             point = true;
-        } else if ((c == 'e' || c == 'E' || c == 'd' || c == 'D') && !exponent && !digits.empty()) {
+        } else if (std::string_view("eEdD").find(c) != std::string_view::npos) {
+            if (exponent || digits.empty()) return false;
             exponent = true;
-            digits += 'e';
-            continue;
-        } else if (!sign && (c < '0' || c > '9')) {
-            break;
+            c = 'e';
+        } else if (c < '0' || c > '9') {
+            return false;
         }
         digits += c;
+        return true;
     }
-    if (!digits.empty() && digits.front() == '+') digits.erase(0, 1);
+};
+
+}  // namespace
+
+double Val(std::string_view text) {
+    NumberStart number;
+    for (const char c : text) {
+        const bool blank = c == ' ' || c == '\t' || c == '\n' || c == '\r';
+        if (!blank && !number.Take(c)) break;
+    }
+    std::string_view digits = number.digits;
+    if (digits.starts_with('+')) digits.remove_prefix(1);
     double value = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), value);
     return std::isfinite(value) ? value : 0;

@@ -84,19 +84,24 @@ bool JobGuard::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool JobGuard::Throws_Away(const QEvent& event) {
-    const bool keyed = event.type() == QEvent::KeyPress;
-    const auto* key = keyed ? static_cast<const QKeyEvent*>(&event) : nullptr;
-    if (on_) {
-        if (keyed && !Is_Modifier(*key)) {
-            cutEntry_ = Is_Character(*key) ? std::optional(quint64(key->timestamp())) : std::nullopt;
-        }
-        // The window system asks a window to close; the program's own closing of forms goes on.
-        const bool closing = event.type() == QEvent::Close && event.spontaneous();
-        return closing || std::ranges::find(kInput, event.type()) != kInput.end();
+    const auto* key = event.type() == QEvent::KeyPress ? static_cast<const QKeyEvent*>(&event) : nullptr;
+    if (on_) return Throws_Away_During_Job(event, key);
+    if (!cutEntry_ || (key == nullptr && event.type() != QEvent::MouseButtonPress)) return false;
+    return Throws_Away_After_Job(key);
+}
+
+bool JobGuard::Throws_Away_During_Job(const QEvent& event, const QKeyEvent* key) {
+    if (key != nullptr && !Is_Modifier(*key)) {
+        cutEntry_ = Is_Character(*key) ? std::optional(quint64(key->timestamp())) : std::nullopt;
     }
-    if (!cutEntry_ || (!keyed && event.type() != QEvent::MouseButtonPress)) return false;
-    if (keyed && Is_Modifier(*key)) return false;
-    const bool goesOn = keyed && key->timestamp() < *cutEntry_ + kEntryMilliseconds;
+    // The window system asks a window to close; the program's own closing of forms goes on.
+    const bool closing = event.type() == QEvent::Close && event.spontaneous();
+    return closing || std::ranges::find(kInput, event.type()) != kInput.end();
+}
+
+bool JobGuard::Throws_Away_After_Job(const QKeyEvent* key) {
+    if (key != nullptr && Is_Modifier(*key)) return false;
+    const bool goesOn = key != nullptr && key->timestamp() < *cutEntry_ + kEntryMilliseconds;
     // The key that ends the entry goes with it.
     if (goesOn && Is_Character(*key)) {
         cutEntry_ = key->timestamp();

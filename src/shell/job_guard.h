@@ -6,6 +6,8 @@
 #include <QObject>
 #include <optional>
 
+class QKeyEvent;
+
 namespace tallmar {
 
 class JobGuard : public QObject {
@@ -37,6 +39,9 @@ class JobGuard : public QObject {
 
   private:
     bool Throws_Away(const QEvent& event);
+    // `key` is null where the event is no key.
+    bool Throws_Away_During_Job(const QEvent& event, const QKeyEvent* key);
+    bool Throws_Away_After_Job(const QKeyEvent* key);
 
     bool on_ = false;
     int pauses_ = 0;
