@@ -69,7 +69,7 @@ constexpr std::array<std::string_view, 10> kTotals{"Col_1", "Col_2", "Col_3", "C
 void Build_A() {
     Create_Table("A", kColumns);
     Execute_All(kRowsAndDefaults);
-    Finish_Table("A", "", 4);
+    Finish_Table("A", "");
 }
 
 void Calc_A() {

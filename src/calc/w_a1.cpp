@@ -57,7 +57,7 @@ void Build_Compensation(const Item& item) {
     db.Execute(Sql("CREATE UNIQUE INDEX ndx", item.Name(), " ON ", item.Name(), " (LineNum);"));
     db.Execute(Sql("UPDATE ", item.Name(), " SET ", analysis.zeroes, " WHERE LineNum NOT In(", analysis.shaded, ");"));
     db.Execute(Sql("UPDATE ", item.Name(), " SET Col_8=0, Col_9=0 WHERE LineNum NOT In(1,2);"));
-    Finish_Table(item, "", 0);
+    Finish_Table(item, "");
 }
 
 void Calc_Compensation(const Item& item) {

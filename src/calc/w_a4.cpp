@@ -41,7 +41,7 @@ Currency Next_Line(Currency line) {
 }  // namespace
 
 void Build_A4() {
-    Build_Table("A4", kColumns, "LineNum,Explanation,Col_4,Col_7", kRows, "ndx", 0);
+    Build_Table("A4", kColumns, "LineNum,Explanation,Col_4,Col_7", kRows, "ndx");
 }
 
 void Calc_A4() {

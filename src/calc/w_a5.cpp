@@ -74,7 +74,7 @@ void Build_A5() {
         db.Execute(Sql("UPDATE A5 SET Col_3=", Quoted(therapy.costCenter), ", Col_4=", therapy.ccNum,
                        " WHERE LineNum = ", therapy.line, ";"));
     }
-    Finish_Table("A5", "ndx", 3);
+    Finish_Table("A5", "ndx");
 }
 
 void Calc_A5() {

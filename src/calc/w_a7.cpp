@@ -32,7 +32,7 @@ constexpr std::array<std::string_view, 5> kTotals{"Col_1", "Col_2", "Col_4", "Co
 }  // namespace
 
 void Build_A7() {
-    Build_Table("A7", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kRows, "ndx", 0);
+    Build_Table("A7", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kRows, "ndx");
 }
 
 void Calc_A7() {

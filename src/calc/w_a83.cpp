@@ -6,7 +6,6 @@
 #include "calc/a83_parts.h"
 #include "calc/worksheet.h"
 #include "common/sql_text.h"
-#include "report/registry.h"
 
 namespace tallmar {
 
@@ -93,7 +92,6 @@ constexpr const char* kOneField = "LineNum,LineLabel,Col_1";
 
 struct Part {
     std::string_view stem;
-    int level;
     std::span<const Column> columns;
     const char* fields;
     std::span<const FixedRow> rows;
@@ -101,11 +99,11 @@ struct Part {
 };
 
 constexpr std::array kParts{
-    Part{"A83p1", 0, kFourColumns, kFourFields, kPart1, Calc_A83p1},
-    Part{"A83p2", 1, kOneColumn, kOneField, kPart2, Calc_A83p2},
-    Part{"A83p3", 1, kFourColumns, kFourFields, kPart3, Calc_A83p3},
-    Part{"A83p4", 1, kFourColumns, kFourFields, kPart4, Calc_A83p4},
-    Part{"A83p5", 2, kOneColumn, kOneField, kPart5, Calc_A83p5},
+    Part{"A83p1", kFourColumns, kFourFields, kPart1, Calc_A83p1},
+    Part{"A83p2", kOneColumn, kOneField, kPart2, Calc_A83p2},
+    Part{"A83p3", kFourColumns, kFourFields, kPart3, Calc_A83p3},
+    Part{"A83p4", kFourColumns, kFourFields, kPart4, Calc_A83p4},
+    Part{"A83p5", kOneColumn, kOneField, kPart5, Calc_A83p5},
 };
 
 constexpr std::string_view kDisciplines = "POS";
@@ -123,7 +121,7 @@ void Build_Instance(const Part& part, char discipline) {
     Create_Table(item, part.columns);
     Insert_Rows(item, part.fields, part.rows);
     db.Execute(Sql("CREATE UNIQUE INDEX ndx ON ", item, " (LineNum);"));
-    if (Is_Cost_Limit_Period()) Edit_Worksheets(item, "Make", part.level);
+    if (Is_Cost_Limit_Period()) Register_Worksheet(item);
 }
 
 }  // namespace

@@ -1,17 +1,16 @@
 #include "calc/w_b.h"
 
 #include "calc/stat_columns.h"
+#include "calc/worksheet.h"
 #include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
-#include "report/registry.h"
 
 namespace tallmar {
 
 namespace {
 
-constexpr int kLevel = 0;
 constexpr std::string_view kCapital = "CCType='G' and CCNum < 5";
 constexpr std::string_view kAdministrative = "(CCType='G') and (INT(CCNum) = 5)";
 constexpr std::string_view kNoCapital = "PROBLEM in Build_B: No records found with CCType='G' and CCNum < 5.";
@@ -55,7 +54,7 @@ void Build_B() {
     db.TableDefs().Append(table);
     db.Execute("CREATE UNIQUE INDEX ndx ON B (LineNum);");
     Fill_B();
-    Edit_Worksheets("B", "Make", kLevel);
+    Register_Worksheet("B");
 }
 
 void Fill_B() {

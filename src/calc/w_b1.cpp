@@ -11,13 +11,11 @@
 #include "common/variant.h"
 #include "report/chart.h"
 #include "report/open_report.h"
-#include "report/registry.h"
 
 namespace tallmar {
 
 namespace {
 
-constexpr int kLevel = 5;
 constexpr std::array kRebuilt{"B", "B1X", "StatLinks"};
 
 constexpr std::array kFixedColumns{
@@ -80,18 +78,18 @@ void Build_B1() {
     }
     ShapeStats("B1");
     db.Execute("CREATE UNIQUE INDEX ndxB1 ON B1 (CCNum);");
-    Edit_Worksheets("B1", "Make", kLevel);
+    Register_Worksheet("B1");
     Store_CC_Counts();
 }
 
 void Build_B1X() {
     Create_Table("B1X", kB1XColumns);
-    Edit_Worksheets("B1X", "Make", kInternalLevel);
+    Register_Worksheet("B1X");
 }
 
 void Build_StatLinks() {
     Create_Table("StatLinks", kStatLinksColumns);
-    Edit_Worksheets("StatLinks", "Make", kInternalLevel);
+    Register_Worksheet("StatLinks");
 }
 
 void ShapeStats(std::string_view table) {

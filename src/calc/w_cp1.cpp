@@ -35,7 +35,7 @@ constexpr std::array<std::string_view, 2> kTotals{"Col_2", "Col_3"};
 }  // namespace
 
 void Build_Cp1() {
-    Build_Table("Cp1", kColumns, "LineNum, Description,Col_1,Col_2,Col_3", kRows, "ndx", 6);
+    Build_Table("Cp1", kColumns, "LineNum, Description,Col_1,Col_2,Col_3", kRows, "ndx");
 }
 
 void Calc_Cp1() {

@@ -157,7 +157,7 @@ void Build_Cp2(const Item& item) {
     Insert_Rows(item, "LineNum, Description", kTotalsAndLimits);
     for (const char* step : kDefaults) db.Execute(Sql("UPDATE ", table, step));
     if (Is_Split_Period()) db.Execute(Sql("UPDATE ", table, kSplitDefault));
-    Finish_Table(item, "ndx" + table, 7);
+    Finish_Table(item, "ndx" + table);
 }
 
 void Calc_Cp2(const Item& item) {

@@ -64,7 +64,7 @@ void Build_Cp3() {
             static_cast<bool>(db.Read_Row("SELECT LineNum FROM Cp3 WHERE LineNum = " + row.line.To_Text() + ";"));
         if (!taken) Insert_Rows("Cp3", kFields, std::span(&row, 1));
     }
-    Finish_Table("Cp3", "ndxCp3", 6);
+    Finish_Table("Cp3", "ndxCp3");
 }
 
 void Insert_Cp3_Rows(std::string_view where) {

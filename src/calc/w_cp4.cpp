@@ -86,7 +86,7 @@ void Build_Cp4() {
         const Value code = codes["Col_1"];
         Insert_Code_Line(serial++, {MSA_Code(code), false}, 0, 0, Null);
     }
-    Finish_Table("Cp4", "ndx", 8);
+    Finish_Table("Cp4", "ndx");
 }
 
 void Calc_Cp4() {

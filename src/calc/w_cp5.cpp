@@ -42,7 +42,7 @@ constexpr std::array kSteps{
 
 void Build_Cp5() {
     Build_Table("Cp5", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_501,Col_502,Col_6,Col_7,Col_8",
-                kRows, "ndx", 7);
+                kRows, "ndx");
 }
 
 void Calc_Cp5() {

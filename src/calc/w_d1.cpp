@@ -49,7 +49,7 @@ void Store_Payments(const Payments& payments, Currency line) {
 }  // namespace
 
 void Build_D1() {
-    Build_Table("D1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx", 0);
+    Build_Table("D1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx");
 }
 
 void Calc_D1() {

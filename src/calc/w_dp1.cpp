@@ -177,7 +177,7 @@ void Walk::At_Line(Recordset& row, Currency line) {
 }  // namespace
 
 void Build_Dp1() {
-    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kRows, "ndxDp1", 9);
+    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kRows, "ndxDp1");
 }
 
 void Calc_Dp1() {

@@ -183,7 +183,7 @@ void Apply_Rule(Rule rule, Recordset& row, Amounts& running) {
 }  // namespace
 
 void Build_Dp2() {
-    Build_Table("Dp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndxDp2", 10);
+    Build_Table("Dp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndxDp2");
 }
 
 void Calc_Dp2() {

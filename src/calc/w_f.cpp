@@ -129,7 +129,7 @@ void Store_Total(const TotalLine& total) {
 }  // namespace
 
 void Build_F() {
-    Build_Table("F", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx", 0);
+    Build_Table("F", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx");
 }
 
 void Calc_F() {

@@ -67,7 +67,7 @@ void Store_Total(int line, Currency amount) {
 }  // namespace
 
 void Build_F1() {
-    Build_Table("F1", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndx", 5);
+    Build_Table("F1", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndx");
 }
 
 void Calc_F1() {

@@ -67,7 +67,7 @@ Funds Minus(Funds a, const Funds& b) {
 }  // namespace
 
 void Build_F2() {
-    Build_Table("F2", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6,Col_7,Col_8", kRows, "ndx", 6);
+    Build_Table("F2", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6,Col_7,Col_8", kRows, "ndx");
 }
 
 void Calc_F2() {

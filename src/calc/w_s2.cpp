@@ -99,7 +99,7 @@ void Build_S2() {
     db.Execute(Sql("INSERT INTO S2 (LineNum,LineLabel,Col_1,Col_2) VALUES (7,'Cost Reporting Period (mm/dd/yyyy)',",
                    Date_Literal(FYStart), ",", Date_Literal(FYEnd), ");"));
     Insert_Rows("S2", kFields, kRows);
-    Finish_Table("S2", "ndx", 0);
+    Finish_Table("S2", "ndx");
 }
 
 void Calc_S2() {

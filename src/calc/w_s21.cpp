@@ -82,7 +82,7 @@ bool Is_Yes_At(Recordset& answers, const char* line) {
 }  // namespace
 
 void Build_S21() {
-    Build_Table("S21", kColumns, "LineNum,LineLabel", kRows, "ndx", 0);
+    Build_Table("S21", kColumns, "LineNum,LineLabel", kRows, "ndx");
 }
 
 void Calc_S21() {

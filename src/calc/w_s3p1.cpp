@@ -51,7 +51,7 @@ void Log_Line(std::string_view message) {
 }  // namespace
 
 void Build_S3p1() {
-    Build_Table("S3p1", kColumns, "LineNum, Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kRows, "ndx", 0);
+    Build_Table("S3p1", kColumns, "LineNum, Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kRows, "ndx");
 }
 
 void Calc_S3p1() {

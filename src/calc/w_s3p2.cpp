@@ -40,7 +40,7 @@ void Log_Line(std::string_view message) {
 }  // namespace
 
 void Build_S3p2() {
-    Build_Table("S3p2", kColumns, "LineNum, Description,Col_1,Col_2,Col_3", kRows, "ndx", 0);
+    Build_Table("S3p2", kColumns, "LineNum, Description,Col_1,Col_2,Col_3", kRows, "ndx");
 }
 
 void Calc_S3p2() {

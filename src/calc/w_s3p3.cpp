@@ -52,7 +52,7 @@ void Cost_Drug_Lines(const std::string& lines) {
 }  // namespace
 
 void Build_S3p3() {
-    Build_Table("S3p3", kColumns, "LineNum, Description,Col_1", kRows, "ndx", 0);
+    Build_Table("S3p3", kColumns, "LineNum, Description,Col_1", kRows, "ndx");
 }
 
 void Store_Code_Counts() {

@@ -53,7 +53,7 @@ constexpr std::array<std::string_view, 6> kTotals{"Col_1", "Col_2", "Col_3", "Co
 
 void Build_S3p4() {
     Build_Table("S3p4", kColumns, "LineNum, Description, Col_1, Col_2, Col_3, Col_4, Col_5, Col_6, Col_7", kRows,
-                "ndxS3p4", 0);
+                "ndxS3p4");
 }
 
 void Calc_S3p4() {

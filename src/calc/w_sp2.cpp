@@ -24,7 +24,7 @@ void Log_Line(std::string_view message) {
 }  // namespace
 
 void Build_Sp2() {
-    Build_Table("Sp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndx", 11);
+    Build_Table("Sp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndx");
 }
 
 void Calc_Sp2() {
