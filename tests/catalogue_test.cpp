@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "common/sql_text.h"
+#include "common/variant.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "screens/forms.h"
@@ -88,6 +89,10 @@ std::vector<Registered> Registered_Worksheets() {
     return found;
 }
 
+bool Has_Cell(const Row& row, std::string_view text) {
+    return std::ranges::any_of(*row.Field_Names(), [&](const std::string& name) { return Nz_Str(row[name]) == text; });
+}
+
 std::string Read_File(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream text;
@@ -156,6 +161,22 @@ TEST(CatalogueTest, RowsAreInTheOrderOfBuilding) {
             if (family == nullptr) continue;
             EXPECT_GE(family, last) << item;
             last = family;
+        }
+    }
+}
+
+// A new report has them, by their labels.
+TEST(CatalogueTest, LinesAreThoseOfTheForm) {
+    for (const FiscalYear& year : {fy1999, fy2016}) {
+        Report report(year);
+        for (const LaterFamily& family : kLater) report.Build(family.example);
+        for (const Registered& worksheet : Registered_Worksheets()) {
+            for (const FixedRow& line : Find_Family(worksheet.item)->lines) {
+                const Row row = db.Read_Row(Sql("SELECT * FROM ", worksheet.item, " WHERE LineNum = ", line.line, ";"));
+                ASSERT_TRUE(row) << worksheet.item << " " << line.line.To_Text();
+                const bool hasLabel = line.label == nullptr || Has_Cell(row, line.label);
+                EXPECT_TRUE(hasLabel) << worksheet.item << " " << line.line.To_Text();
+            }
         }
     }
 }

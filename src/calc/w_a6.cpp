@@ -20,7 +20,12 @@ constexpr std::array kPartB{
     Column{"Col_5"},
     Column{"Col_6"},
 };
-constexpr std::array<FixedRow, 1> kPartBRows{{{4_cur, "TOTALS", "0,0"}}};
+
+}  // namespace
+
+constexpr std::array<FixedRow, 1> kLinesA6pB{{{4_cur, "TOTALS", "0,0", LineKind::Total}}};
+
+namespace {
 constexpr std::array<std::string_view, 3> kPartBTotals{"Col_4", "Col_5", "Col_6"};
 
 constexpr std::array kPartC{
@@ -45,7 +50,7 @@ void Build_A6pA() {
 }
 
 void Build_A6pB() {
-    Build_Table("A6pB", kPartB, "LineNum,Col_2,Col_5,Col_6", kPartBRows, "ndx");
+    Build_Table("A6pB", kPartB, "LineNum,Col_2,Col_5,Col_6", kLinesA6pB, "ndx");
 }
 
 void Calc_A6pB() {

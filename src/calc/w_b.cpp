@@ -1,5 +1,7 @@
 #include "calc/w_b.h"
 
+#include <array>
+
 #include "calc/stat_columns.h"
 #include "calc/worksheet.h"
 #include "common/sql_text.h"
@@ -8,6 +10,8 @@
 #include "report/open_report.h"
 
 namespace tallmar {
+
+constexpr std::array<FixedRow, 1> kLinesB{{{29_cur, "TOTAL", "'T'", LineKind::Total}}};
 
 namespace {
 
@@ -59,7 +63,7 @@ void Build_B() {
 
 void Fill_B() {
     db.Execute("INSERT INTO B  SELECT LineNum, CCNum, CCName, CCType, LineType FROM CostCenters;");
-    db.Execute("INSERT INTO B (LineNum,LineType,CCName) VALUES (29,'T','TOTAL');");
+    Insert_Rows("B", "LineNum,CCName,LineType", kLinesB);
     Recordset generalService =
         db.OpenRecordset("SELECT * FROM CostCenters Where CCType=\"G\" ORDER BY LineNum", RecordsetType::Snapshot);
     for (; !generalService.Eof(); generalService.MoveNext()) {

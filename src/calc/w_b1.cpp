@@ -14,6 +14,12 @@
 
 namespace tallmar {
 
+constexpr std::array<FixedRow, 3> kLinesB1{{
+    {29_cur, "Total", "29.00,'S','N'", LineKind::Total},
+    {30_cur, "Cost to be Allocated per B", "30.00,'S','N'"},
+    {31_cur, "Unit Cost Multiplier", "31.00,'S','N'"},
+}};
+
 namespace {
 
 constexpr std::array kRebuilt{"B", "B1X", "StatLinks"};
@@ -24,11 +30,6 @@ constexpr std::array kFixedColumns{
     Column{"CCName", FieldType::Text, 40},
     Column{"CCType", FieldType::Text, 1},
     Column{"LineType", FieldType::Text, 1},
-};
-constexpr std::array kFixedRows{
-    "29,29.00,'Total','S','N');",
-    "30,30.00,'Cost to be Allocated per B','S','N');",
-    "31,31.00,'Unit Cost Multiplier','S','N');",
 };
 
 constexpr std::array kB1XColumns{
@@ -73,9 +74,7 @@ void Build_B1() {
     chart.Close();
     db.TableDefs().Append(table);
     db.Execute("INSERT INTO B1 SELECT LineNum, CCNum, CCName, CCType, LineType FROM CostCenters;");
-    for (const char* values : kFixedRows) {
-        db.Execute(Sql("INSERT INTO B1 (LineNum, CCNum, CCName, CCType, LineType) VALUES (", values));
-    }
+    Insert_Rows("B1", "LineNum,CCName,CCNum,CCType,LineType", kLinesB1);
     ShapeStats("B1");
     db.Execute("CREATE UNIQUE INDEX ndxB1 ON B1 (CCNum);");
     Register_Worksheet("B1");

@@ -18,7 +18,9 @@ constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType
 constexpr const char* kAmounts = "0,0,0";
 constexpr const char* kShaded = "Null,Null,Null";
 
-constexpr std::array<FixedRow, 12> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 12> kLinesDp1{{
     {1_cur, "Reasonable Cost of Services", kAmounts},
     {2_cur, "Cost of Services, RHC & FQHC", "Null,Null,0"},
     {3_cur, "Sum of lines 1 & 2", kShaded},
@@ -30,11 +32,13 @@ constexpr std::array<FixedRow, 12> kRows{{
      "payment been made in accordance with 42 CRF 413.13(b)",
      kAmounts},
     {7_cur, "Ratio of line 5 to 6", kShaded},
-    {8_cur, "Total customary charges - title XVIII", kShaded},
+    {8_cur, "Total customary charges - title XVIII", kShaded, LineKind::Total},
     {9_cur, "Excess of total customary charges over total reasonable cost", kAmounts},
     {10_cur, "Excess of reasonable cost over customary charges", kAmounts},
     {11_cur, "Primary Payer Amounts", kAmounts},
 }};
+
+namespace {
 
 // The vaccine drug columns of C Part III replace the older ones.
 constexpr Date kDrug901From{37622};   // 1/1/2003
@@ -177,7 +181,7 @@ void Walk::At_Line(Recordset& row, Currency line) {
 }  // namespace
 
 void Build_Dp1() {
-    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kRows, "ndxDp1");
+    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kLinesDp1, "ndxDp1");
 }
 
 void Calc_Dp1() {

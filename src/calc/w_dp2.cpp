@@ -18,8 +18,10 @@ constexpr const char* kPartAOnly = "0,Null";
 constexpr const char* kPartBOnly = "Null,0";
 constexpr const char* kShaded = "Null,Null";
 
-constexpr std::array<FixedRow, 36> kRows{{
-    {12_cur, "Total reasonable cost", kBoth},
+}  // namespace
+
+constexpr std::array<FixedRow, 36> kLinesDp2{{
+    {12_cur, "Total reasonable cost", kBoth, LineKind::Total},
     {12.01_cur, "Total PPS Payment - Full Episodes without Outliers", kPartAOnly},
     {12.02_cur, "Total PPS Payment - Full Episodes with Outliers", kPartAOnly},
     {12.03_cur, "Total PPS Payment - LUPA Episodes", kPartAOnly},
@@ -35,14 +37,14 @@ constexpr std::array<FixedRow, 36> kRows{{
     {12.13_cur, "Oxygen Payment", kPartAOnly},
     {12.14_cur, "Prosthetics and Orthotics Payment", kPartAOnly},
     {13_cur, "Part B deductibles billed to Medicare patients", kPartBOnly},
-    {14_cur, "Subtotal", kShaded},
+    {14_cur, "Subtotal", kShaded, LineKind::Total},
     {15_cur, "Excess resonable cost", kBoth},
-    {16_cur, "Subtotal", kShaded},
+    {16_cur, "Subtotal", kShaded, LineKind::Total},
     {17_cur, "Coinsurance billed to Medicare patients", kPartBOnly},
     {18_cur, "Net cost", kShaded},
     {19_cur, "Reimbursible bad debts", kBoth},
     {20_cur, "Pneumococcal Vaccine", kPartBOnly},
-    {21_cur, "Total costs - Current cost reporting period", kBoth},
+    {21_cur, "Total costs - Current cost reporting period", kBoth, LineKind::Total},
     {22_cur, "Amounts applicable to prior cost reporting periods resulting from disposition of depreciable assets",
      kBoth},
     {23_cur, "Recovery of excess depreciation resulting from agencies' termination or decrease in Medicare utilization",
@@ -50,17 +52,19 @@ constexpr std::array<FixedRow, 36> kRows{{
     {24_cur,
      "Unrefunded charges to beneficiaries for excess costs erroneously collected based on correction of cost limit",
      kBoth},
-    {25_cur, "Total cost before sequestration and other adjustments", kShaded},
+    {25_cur, "Total cost before sequestration and other adjustments", kShaded, LineKind::Total},
     {25.5_cur, "Other adjustments", kBoth},
     {26_cur, "Sequestration Adjustment", kBoth},
     {27_cur, "Amount reimbursible after sequestration and other adjustments", kShaded},
-    {28_cur, "Total interim payments", kShaded},
-    {28.5_cur, "Tentative settlement (For intermediary use only)", kShaded},
+    {28_cur, "Total interim payments", kShaded, LineKind::Total},
+    {28.5_cur, "Tentative settlement (For intermediary use only)", kShaded, LineKind::Shaded},
     {29_cur, "Balance due HHA/Medicare program", kShaded},
     {30_cur, "Protested amounts (nonallowable cost report items) in accordance with CMS Pub. 15-II, section 115.2",
      kBoth},
     {31_cur, "Balance due HHA/Medicare program", kShaded},
 }};
+
+namespace {
 
 constexpr Date kSequestrationFrom{41365};  // 4/1/2013
 
@@ -183,7 +187,7 @@ void Apply_Rule(Rule rule, Recordset& row, Amounts& running) {
 }  // namespace
 
 void Build_Dp2() {
-    Build_Table("Dp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndxDp2");
+    Build_Table("Dp2", kColumns, "LineNum,Description,Col_1,Col_2", kLinesDp2, "ndxDp2");
 }
 
 void Calc_Dp2() {

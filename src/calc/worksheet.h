@@ -10,18 +10,12 @@
 
 #include "common/currency.h"
 #include "common/item.h"
+#include "common/lines.h"
 #include "common/value.h"
 #include "report/open_report.h"
 #include "report/tables.h"
 
 namespace tallmar {
-
-// A line that the form always has.
-struct FixedRow {
-    Currency line;
-    const char* label;   // null: the label is Null
-    const char* values;  // the rest of the row as it stands in the statement: "0,0,Null"; empty: no further fields
-};
 
 // INSERT INTO <item> (<fields>) VALUES (<line>,<label>,<values>); a row. `fields` names the line, the label and the
 // fields of `values`: "LineNum, Description,Col_1,Col_2". A label of the form may be longer than its field.

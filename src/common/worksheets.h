@@ -9,6 +9,7 @@
 
 #include "common/dates.h"
 #include "common/item.h"
+#include "common/lines.h"
 
 namespace tallmar {
 
@@ -28,7 +29,8 @@ struct WorksheetFamily {
     Years years;
     bool inNewReport;  // false: what is entered brings it, or another worksheet's build
     void (*build)(const Item&);
-    void (*calc)(const Item&) = nullptr;  // null: nothing of its own to calculate
+    void (*calc)(const Item&) = nullptr;   // null: nothing of its own to calculate
+    std::span<const FixedRow> lines = {};  // the form's own; others come from the chart and from what is keyed
     // Whether the table is laid out as the chart and the fiscal year ask for it, and what makes it so: of a worksheet
     // that follows them with what is keyed in it. Null: no such layout, or the calculation makes it anew.
     bool (*fits)(const Item&) = nullptr;
