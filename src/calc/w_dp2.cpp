@@ -82,31 +82,34 @@ enum class Rule {
 };
 
 struct LineRule {
-    Currency from, to;  // both included
+    LineRange lines;
     Rule rule;
 };
 
 // Lines that no row names stay as they are.
 constexpr std::array kRules{
-    LineRule{12_cur, 12_cur, Rule::Store},         LineRule{12.01_cur, 12.14_cur, Rule::Add},
-    LineRule{13_cur, 13_cur, Rule::SubtractPartB}, LineRule{14_cur, 14_cur, Rule::Store},
-    LineRule{15_cur, 15_cur, Rule::ExcessCost},    LineRule{16_cur, 16_cur, Rule::Store},
-    LineRule{17_cur, 17_cur, Rule::SubtractPartB}, LineRule{18_cur, 18_cur, Rule::Store},
-    LineRule{19_cur, 19_cur, Rule::Add},           LineRule{20_cur, 20_cur, Rule::AddPartB},
-    LineRule{21_cur, 21_cur, Rule::Store},         LineRule{22_cur, 22_cur, Rule::Add},
-    LineRule{23_cur, 24_cur, Rule::Subtract},      LineRule{25_cur, 25_cur, Rule::Store},
-    LineRule{25.5_cur, 25.9999_cur, Rule::Add},    LineRule{26_cur, 26_cur, Rule::Sequestration},
-    LineRule{27_cur, 27_cur, Rule::Store},         LineRule{28_cur, 28_cur, Rule::InterimPayments},
-    LineRule{29_cur, 29_cur, Rule::Balance},       LineRule{30_cur, 30_cur, Rule::Subtract},
-    LineRule{31_cur, 31_cur, Rule::Store},
+    LineRule{12_cur, Rule::Store},
+    LineRule{{12.01_cur, 12.14_cur}, Rule::Add},
+    LineRule{13_cur, Rule::SubtractPartB},
+    LineRule{14_cur, Rule::Store},
+    LineRule{15_cur, Rule::ExcessCost},
+    LineRule{16_cur, Rule::Store},
+    LineRule{17_cur, Rule::SubtractPartB},
+    LineRule{18_cur, Rule::Store},
+    LineRule{19_cur, Rule::Add},
+    LineRule{20_cur, Rule::AddPartB},
+    LineRule{21_cur, Rule::Store},
+    LineRule{22_cur, Rule::Add},
+    LineRule{{23_cur, 24_cur}, Rule::Subtract},
+    LineRule{25_cur, Rule::Store},
+    LineRule{{25.5_cur, 25.9999_cur}, Rule::Add},
+    LineRule{26_cur, Rule::Sequestration},
+    LineRule{27_cur, Rule::Store},
+    LineRule{28_cur, Rule::InterimPayments},
+    LineRule{29_cur, Rule::Balance},
+    LineRule{30_cur, Rule::Subtract},
+    LineRule{31_cur, Rule::Store},
 };
-
-const LineRule* Find_Rule(Currency line) {
-    for (const LineRule& rule : kRules) {
-        if (line >= rule.from && line <= rule.to) return &rule;
-    }
-    return nullptr;
-}
 
 struct Amounts {
     Currency partA, partB;
@@ -195,7 +198,7 @@ void Calc_Dp2() {
     running -= Read_Dp1("Select * From Dp1 Where LineNum = 11");
     Recordset rows = db.OpenRecordset("Select * From Dp2 Order By LineNum;");
     for (; !rows.Eof(); rows.MoveNext()) {
-        const LineRule* rule = Find_Rule(Nz_Currency(rows["LineNum"]));
+        const LineRule* rule = Find_Row(kRules, Nz_Currency(rows["LineNum"]));
         if (rule != nullptr) Apply_Rule(rule->rule, rows, running);
     }
     rows.Close();
