@@ -1,47 +1,41 @@
-// The catalogue's rows against each other, against the registry, and against the tests that each family owes.
+// The catalogue's rows against each other, against the tables of other folders, against the registry, and against the
+// tests that each family owes.
 #include "catalogue.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 
 #include "common/sql_text.h"
+#include "common/variant.h"
 #include "report/open_report.h"
 #include "report/registry.h"
+#include "screens/forms.h"
+#include "screens/worksheet_forms.h"
 #include "support/report_fixture.h"
 
 namespace tallmar {
 
 namespace {
 
-// What a row may leave out, and why.
-struct MissingMember {
+// Families without a calculation, and why.
+struct Uncalculated {
     std::string_view items;
-    std::string_view member;
     std::string_view reason;
-    friend auto operator<=>(const MissingMember& a, const MissingMember& b) {
-        return std::tie(a.items, a.member) <=> std::tie(b.items, b.member);
-    }
-    friend bool operator==(const MissingMember& a, const MissingMember& b) {
-        return a.items == b.items && a.member == b.member;
-    }
 };
-
 constexpr std::string_view kEntriesOnly = "entries alone, no line follows from another";
 constexpr std::string_view kByStepDown = "the step-down of B-1 fills it";
-constexpr std::string_view kAllComputed = "every cell is computed";
 constexpr std::string_view kInternal = "a table behind B-1 that no user sees";
-
-constexpr MissingMember kMissing[] = {
-    {"A6pA", "calc", kEntriesOnly},   {"A6pC", "calc", kEntriesOnly},   {"A83p2*", "edit", kAllComputed},
-    {"A83p3*", "edit", kAllComputed}, {"B", "calc", kByStepDown},       {"B", "edit", kAllComputed},
-    {"B1X", "calc", kInternal},       {"B1X", "edit", kInternal},       {"B1X", "view", kInternal},
-    {"StatLinks", "calc", kInternal}, {"StatLinks", "edit", kInternal}, {"StatLinks", "view", kInternal},
-    {"Cp1", "edit", kAllComputed},    {"Sp2", "edit", kAllComputed},
+constexpr Uncalculated kUncalculated[] = {
+    {"A6pA", kEntriesOnly}, {"A6pC", kEntriesOnly}, {"B", kByStepDown}, {"B1X", kInternal}, {"StatLinks", kInternal},
 };
+
+// Forms in preparation: their families are not built yet.
+constexpr std::string_view kToCome[] = {"K", "O", "S5"};
 
 // Families that a new report has not: they come with what is entered.
 struct LaterFamily {
@@ -68,9 +62,15 @@ std::vector<std::string> Examples_Of(std::string_view pattern) {
     return examples;
 }
 
-// What stands before the open places: "Cp2" of "Cp2*".
-std::string Stem_Of(std::string_view pattern) {
-    return std::string(pattern.substr(0, pattern.find_first_of("*?#")));
+template <typename Row>
+void Expect_No_Shadow(std::span<const Row> rows) {
+    for (const Row& row : rows) {
+        for (const std::string& item : Examples_Of(row.items.Text())) {
+            for (const Row& other : rows) {
+                EXPECT_EQ(other.items.Matches(item), &other == &row) << item << " and " << other.items.Text();
+            }
+        }
+    }
 }
 
 // Every registered table that has a family, with its level and its name.
@@ -87,6 +87,10 @@ std::vector<Registered> Registered_Worksheets() {
         found.push_back({item, rows["ItemName"].To_Text(), rows["Calc_Lvl"].To_Long()});
     }
     return found;
+}
+
+bool Has_Cell(const Row& row, std::string_view text) {
+    return std::ranges::any_of(*row.Field_Names(), [&](const std::string& name) { return Nz_Str(row[name]) == text; });
 }
 
 std::string Read_File(const std::filesystem::path& path) {
@@ -109,31 +113,79 @@ std::string Files_Below(const char* folder, std::string_view ending) {
 }  // namespace
 
 TEST(CatalogueTest, NoPatternShadowsAnother) {
-    const auto families = All_Families();
-    for (const WorksheetFamily& family : families) {
-        for (const std::string& item : Examples_Of(family.items.Text())) {
-            for (const WorksheetFamily& other : families) {
-                EXPECT_EQ(other.items.Matches(item), &other == &family) << item << " and " << other.items.Text();
+    Expect_No_Shadow(All_Families());
+}
+
+TEST(CatalogueTest, NoPatternOfTheFormsShadowsAnother) {
+    Expect_No_Shadow(All_Forms());
+}
+
+TEST(CatalogueTest, EveryFamilyIsBuiltAndCalculatedOrHasItsReason) {
+    for (const WorksheetFamily& family : All_Families()) {
+        const std::string_view items = family.items.Text();
+        EXPECT_NE(family.build, nullptr) << items;
+        const auto reason = std::ranges::find(kUncalculated, items, &Uncalculated::items);
+        EXPECT_EQ(family.calc == nullptr, reason != std::end(kUncalculated)) << items;
+    }
+}
+
+TEST(CatalogueTest, EveryFamilyHasItsFormsOrAReason) {
+    for (const WorksheetFamily& family : All_Families()) {
+        const std::string_view items = family.items.Text();
+        const WorksheetForms* forms = Find_Forms(std::string(Stem_Of(family.items)));
+        ASSERT_NE(forms, nullptr) << items;
+        EXPECT_EQ(forms->items.Text(), items);
+        EXPECT_EQ(forms->edit == nullptr, !forms->noEdit.empty()) << items;
+        EXPECT_EQ(forms->view == nullptr, !forms->noView.empty()) << items;
+        EXPECT_EQ(forms->view == nullptr, forms->title.empty()) << items;
+    }
+}
+
+TEST(CatalogueTest, FormsWithoutAFamilyAreOfOtherTablesOrToCome) {
+    const Report report(fy2016);  // installs the families
+    for (const WorksheetForms& forms : All_Forms()) {
+        const std::string stem(Stem_Of(forms.items));
+        if (Find_Family(stem) != nullptr) continue;
+        const bool isToCome = std::ranges::any_of(kToCome, [&](std::string_view s) { return stem.starts_with(s); });
+        EXPECT_NE(isToCome, forms.edit != nullptr || forms.view != nullptr) << stem;
+    }
+}
+
+// The registry keeps the order in which tables were made.
+TEST(CatalogueTest, RowsAreInTheOrderOfBuilding) {
+    for (const FiscalYear& year : {fy1999, fy2016}) {
+        const Report report(year);
+        const WorksheetFamily* last = All_Families().data();
+        for (const std::string& item : Read_Items("SELECT Item FROM Worksheets;")) {
+            const WorksheetFamily* family = Find_Family(item);
+            if (family == nullptr) continue;
+            EXPECT_GE(family, last) << item;
+            last = family;
+        }
+    }
+}
+
+// A new report has them, by their labels.
+TEST(CatalogueTest, LinesAreThoseOfTheForm) {
+    for (const FiscalYear& year : {fy1999, fy2016}) {
+        Report report(year);
+        for (const LaterFamily& family : kLater) report.Build(family.example);
+        for (const Registered& worksheet : Registered_Worksheets()) {
+            for (const FixedRow& line : Find_Family(worksheet.item)->lines) {
+                const Row row = db.Read_Row(Sql("SELECT * FROM ", worksheet.item, " WHERE LineNum = ", line.line, ";"));
+                ASSERT_TRUE(row) << worksheet.item << " " << line.line.To_Text();
+                const bool hasLabel = line.label == nullptr || Has_Cell(row, line.label);
+                EXPECT_TRUE(hasLabel) << worksheet.item << " " << line.line.To_Text();
             }
         }
     }
 }
 
-TEST(CatalogueTest, EveryMissingMemberHasItsReason) {
-    std::set<MissingMember> missing;
+// A year that moves takes them away, and undoing that brings them back.
+TEST(CatalogueTest, WorksheetsOfSomeYearsAreKeptForTheUndoOfS2) {
     for (const WorksheetFamily& family : All_Families()) {
-        EXPECT_NE(family.build, nullptr) << family.items.Text();
-        if (family.calc == nullptr) missing.insert({family.items.Text(), "calc", {}});
-        if (family.edit == nullptr) missing.insert({family.items.Text(), "edit", {}});
-        if (family.view == nullptr) missing.insert({family.items.Text(), "view", {}});
-    }
-    const std::set<MissingMember> listed(std::begin(kMissing), std::end(kMissing));
-    for (const MissingMember& member : missing) {
-        EXPECT_TRUE(listed.contains(member)) << member.items << " has no " << member.member << ", without a reason";
-    }
-    for (const MissingMember& member : listed) {
-        EXPECT_TRUE(missing.contains(member)) << member.items << " has a " << member.member << " by now";
-        EXPECT_FALSE(member.reason.empty()) << member.items;
+        const auto isKept = [&](const SideTable& side) { return side.tables.Matches(Stem_Of(family.items)); };
+        EXPECT_EQ(std::ranges::any_of(kEditS2.sides, isKept), family.years != Years::Always) << family.items.Text();
     }
 }
 
@@ -159,7 +211,7 @@ TEST(CatalogueTest, ABuildRegistersTheLevelOfTheCatalogueAndTheDisplayName) {
         Report report(year);
         for (const LaterFamily& family : kLater) report.Build(family.example);
         for (const Registered& worksheet : Registered_Worksheets()) {
-            EXPECT_EQ(worksheet.level, Find_Family(worksheet.item)->calcLevel) << worksheet.item;
+            EXPECT_EQ(worksheet.level, Find_Family(worksheet.item)->level) << worksheet.item;
             const bool isInternal = worksheet.level == kInternalLevel;
             EXPECT_EQ(worksheet.name, isInternal ? "" : WorksheetName(worksheet.item)) << worksheet.item;
         }
@@ -179,15 +231,16 @@ TEST(CatalogueTest, ARebuildLeavesOneRowInTheRegistry) {
 TEST(CatalogueTest, EveryFamilyHasATestOfItsModule) {
     const std::string tests = Files_Below("calc", "_test.cpp");
     for (const WorksheetFamily& family : All_Families()) {
-        EXPECT_THAT(tests, testing::HasSubstr('"' + Stem_Of(family.items.Text()))) << "tests/calc names it nowhere";
+        EXPECT_THAT(tests, testing::HasSubstr('"' + std::string(Stem_Of(family.items))))
+            << "tests/calc names it nowhere";
     }
 }
 
 TEST(CatalogueTest, EveryFamilyStandsInAGoldenReport) {
     const std::string goldens = Files_Below("golden", "tables.json");
     for (const WorksheetFamily& family : All_Families()) {
-        const std::string_view pattern = family.items.Text();
-        const std::string key = '"' + Stem_Of(pattern) + (Stem_Of(pattern) == pattern ? "\":" : "");
+        const std::string pattern(family.items.Text()), stem(Stem_Of(family.items));
+        const std::string key = '"' + stem + (stem == pattern ? "\":" : "");
         EXPECT_NE(goldens.find(key), std::string::npos) << pattern;
     }
 }

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "calc/sync_cp2.h"
-#include "common/dates.h"
 #include "common/platform.h"
 #include "common/sql_text.h"
 #include "common/text.h"
@@ -25,9 +24,6 @@ namespace {
 constexpr std::string_view kLogPrefix = "CalcAll";
 constexpr std::string_view kSelection =
     "SELECT * FROM Worksheets WHERE Calc_Lvl < 900 AND KillDate <= MakeDate ORDER BY Calc_Lvl;";
-
-// Worksheets whose calculation ended with the cost limits of 10/1/2000: one that is still registered is left as it is.
-constexpr ItemPattern kCostLimitItems[] = {"A1", "A2", "A3", "A83p*"};
 
 // A worksheet that needs a figure of a later one is calculated again behind it.
 struct SecondPass {
@@ -97,15 +93,10 @@ void Clean_Texts(const Item& item) {
     }
 }
 
-bool Is_Due(const Item& item) {
-    const bool costLimits =
-        std::ranges::any_of(kCostLimitItems, [&](const ItemPattern& pattern) { return pattern.Matches(item.Name()); });
-    return !costLimits || FYStart < kCostLimitsEnd;
-}
-
 void Dispatch(const Item& item) {
     const WorksheetFamily* family = Find_Family(item);
-    if (family != nullptr && family->calc != nullptr && Is_Due(item)) family->calc(item);
+    if (family == nullptr || family->calc == nullptr || Have_Ended(family->years, FYStart)) return;
+    family->calc(item);
 }
 
 bool Is_Selected(const std::vector<Selected>& selection, std::string_view item) {

@@ -25,10 +25,16 @@ constexpr std::array kColumns{
     Column{"Col_10"},
 };
 
+}  // namespace
+
+constexpr std::array<FixedRow, 1> kLinesA{{{29_cur, "Total", "", LineKind::Total}}};
+
+namespace {
+
+constexpr const char* kFromChart = "INSERT INTO A SELECT LineNum, CCNum, CCGroup, CCName FROM CostCenters;";
+
 // Lines 1 and 2 take no salaries, benefits and contracted services: the form shades them.
-constexpr std::array kRowsAndDefaults{
-    "INSERT INTO A SELECT LineNum, CCNum, CCGroup, CCName FROM CostCenters;",
-    "INSERT INTO A (LineNum, CCName) VALUES (29,'Total');",
+constexpr std::array kDefaults{
     "CREATE UNIQUE INDEX ndxA ON A (LineNum);",
     "UPDATE A SET Col_1=0, Col_2=0, Col_4=0 WHERE LineNum NOT In(1,2);",
     "UPDATE A SET Col_3=0, Col_5=0, Col_6=0, Col_7=0, Col_8=0, Col_9=0, Col_10=0;",
@@ -68,8 +74,10 @@ constexpr std::array<std::string_view, 10> kTotals{"Col_1", "Col_2", "Col_3", "C
 
 void Build_A() {
     Create_Table("A", kColumns);
-    Execute_All(kRowsAndDefaults);
-    Finish_Table("A", "", 4);
+    db.Execute(kFromChart);
+    Insert_Rows("A", "LineNum,CCName", kLinesA);
+    Execute_All(kDefaults);
+    Finish_Table("A", "");
 }
 
 void Calc_A() {

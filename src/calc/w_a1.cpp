@@ -19,6 +19,12 @@ constexpr std::array kColumns{
     Column{"Col_9"},
 };
 
+}  // namespace
+
+constexpr std::array<FixedRow, 1> kLinesA1{{{29_cur, "Total", "", LineKind::Total}}};
+
+namespace {
+
 // Consultants carry no salary and no payroll benefit: column 3 is in use on A-3 only.
 constexpr std::array<std::string_view, 8> kTotals{"Col_1", "Col_2", "Col_4", "Col_5",
                                                   "Col_6", "Col_7", "Col_8", "Col_9"};
@@ -53,11 +59,11 @@ void Build_Compensation(const Item& item) {
     const Analysis& analysis = Find_Analysis(item);
     Create_Table(item.Name(), kColumns);
     db.Execute(Sql("INSERT INTO ", item.Name(), "  SELECT  LineNum, CCName  FROM CostCenters;"));
-    db.Execute(Sql("INSERT INTO ", item.Name(), " (LineNum, CCName) VALUES (29,'Total');"));
+    Insert_Rows(item, "LineNum,CCName", kLinesA1);
     db.Execute(Sql("CREATE UNIQUE INDEX ndx", item.Name(), " ON ", item.Name(), " (LineNum);"));
     db.Execute(Sql("UPDATE ", item.Name(), " SET ", analysis.zeroes, " WHERE LineNum NOT In(", analysis.shaded, ");"));
     db.Execute(Sql("UPDATE ", item.Name(), " SET Col_8=0, Col_9=0 WHERE LineNum NOT In(1,2);"));
-    Finish_Table(item, "", 0);
+    Finish_Table(item, "");
 }
 
 void Calc_Compensation(const Item& item) {

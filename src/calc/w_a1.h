@@ -3,9 +3,14 @@
 // class of employee; Null is a cell that the form shades, and counts as 0.
 #pragma once
 
+#include <array>
+
 #include "common/item.h"
+#include "common/lines.h"
 
 namespace tallmar {
+
+extern const std::array<FixedRow, 1> kLinesA1;
 
 // Requires "A1", "A2" or "A3".
 void Build_Compensation(const Item& item);

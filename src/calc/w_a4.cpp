@@ -21,7 +21,11 @@ constexpr std::array kColumns{
     Column{"Col_7"},
 };
 
-constexpr std::array<FixedRow, 1> kRows{{{30_cur, "TOTAL RECLASSIFICATIONS", "0,0"}}};
+}  // namespace
+
+constexpr std::array<FixedRow, 1> kLinesA4{{{30_cur, "TOTAL RECLASSIFICATIONS", "0,0", LineKind::Total}}};
+
+namespace {
 
 constexpr std::array<std::string_view, 2> kTotals{"Col_4", "Col_7"};
 
@@ -41,7 +45,7 @@ Currency Next_Line(Currency line) {
 }  // namespace
 
 void Build_A4() {
-    Build_Table("A4", kColumns, "LineNum,Explanation,Col_4,Col_7", kRows, "ndx", 0);
+    Build_Table("A4", kColumns, "LineNum,Explanation,Col_4,Col_7", kLinesA4, "ndx");
 }
 
 void Calc_A4() {

@@ -3,9 +3,14 @@
 // then 29.01, 29.02 and on; line 30 is the total.
 #pragma once
 
+#include <array>
+
 #include "common/currency.h"
+#include "common/lines.h"
 
 namespace tallmar {
+
+extern const std::array<FixedRow, 1> kLinesA4;
 
 void Build_A4();
 void Calc_A4();

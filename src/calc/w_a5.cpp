@@ -15,7 +15,9 @@ constexpr std::array kColumns{
     Column{"Col_2"},   Column{"Col_3", FieldType::Text, 40},       Column{"Col_4"},
 };
 
-constexpr std::array<FixedRow, 15> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 15> kLinesA5{{
     {1_cur, "Excess funds generated from operations, other than net income", "'B',0"},
     {2_cur, "Trade, quantity, time and other discounts on purchases", "'B',0"},
     {3_cur, "Rebates & refunds of expenses", "'B',0"},
@@ -30,8 +32,10 @@ constexpr std::array<FixedRow, 15> kRows{{
     {10.2_cur, "Speech pathology adjustment", "'A-8-3',0"},
     {11_cur, "Interest expense on Medicare overpayments and borrowings to repay Medicare overpayments", "'A',0"},
     {12_cur, "Lobbying activities", "'A',0"},
-    {21_cur, "TOTAL", "Null,0"},
+    {21_cur, "TOTAL", "Null,0", LineKind::Total},
 }};
+
+namespace {
 
 // A therapy line, the cost center that it adjusts, and the limitation worksheet that gives its amount.
 struct Therapy {
@@ -69,12 +73,12 @@ Currency First_Free_Line(Currency line) {
 
 void Build_A5() {
     Create_Table("A5", kColumns);
-    Insert_Rows("A5", "LineNum,Description,Col_1,Col_2", kRows);
+    Insert_Rows("A5", "LineNum,Description,Col_1,Col_2", kLinesA5);
     for (const Therapy& therapy : kTherapies) {
         db.Execute(Sql("UPDATE A5 SET Col_3=", Quoted(therapy.costCenter), ", Col_4=", therapy.ccNum,
                        " WHERE LineNum = ", therapy.line, ";"));
     }
-    Finish_Table("A5", "ndx", 3);
+    Finish_Table("A5", "ndx");
 }
 
 void Calc_A5() {

@@ -2,9 +2,14 @@
 // the total. Lines 10, 10.1 and 10.2 carry the therapy limitation.
 #pragma once
 
+#include <array>
+
 #include "common/currency.h"
+#include "common/lines.h"
 
 namespace tallmar {
+
+extern const std::array<FixedRow, 15> kLinesA5;
 
 void Build_A5();
 // Line 5 from A-6 Part B, the therapy lines from A-8-3 (0 from 10/1/2000 on), the total.

@@ -20,7 +20,12 @@ constexpr std::array kPartB{
     Column{"Col_5"},
     Column{"Col_6"},
 };
-constexpr std::array<FixedRow, 1> kPartBRows{{{4_cur, "TOTALS", "0,0"}}};
+
+}  // namespace
+
+constexpr std::array<FixedRow, 1> kLinesA6pB{{{4_cur, "TOTALS", "0,0", LineKind::Total}}};
+
+namespace {
 constexpr std::array<std::string_view, 3> kPartBTotals{"Col_4", "Col_5", "Col_6"};
 
 constexpr std::array kPartC{
@@ -41,11 +46,11 @@ void Build_A6pA() {
     db.Execute(
         "INSERT INTO A6pA (Question, Answer) VALUES ('Are there any costs included in Worksheet A which resulted from "
         "transactions with related organizations?', 'N');");
-    Finish_Table("A6pA", "", 0);
+    Finish_Table("A6pA", "");
 }
 
 void Build_A6pB() {
-    Build_Table("A6pB", kPartB, "LineNum,Col_2,Col_5,Col_6", kPartBRows, "ndx", 0);
+    Build_Table("A6pB", kPartB, "LineNum,Col_2,Col_5,Col_6", kLinesA6pB, "ndx");
 }
 
 void Calc_A6pB() {
@@ -54,7 +59,7 @@ void Calc_A6pB() {
 }
 
 void Build_A6pC() {
-    Build_Table("A6pC", kPartC, "", {}, "ndxA6pC", 0);
+    Build_Table("A6pC", kPartC, "", {}, "ndxA6pC");
 }
 
 Currency Add_A6pC_Row(Currency after) {

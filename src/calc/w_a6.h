@@ -2,9 +2,14 @@
 // the user's, 4 the totals); Part C the relations, percentages in columns 4 and 5.
 #pragma once
 
+#include <array>
+
 #include "common/currency.h"
+#include "common/lines.h"
 
 namespace tallmar {
+
+extern const std::array<FixedRow, 1> kLinesA6pB;
 
 void Build_A6pA();
 void Build_A6pB();

@@ -16,15 +16,20 @@ constexpr std::array kColumns{
 };
 
 constexpr const char* kZeroes = "0,0,0,0,0,0";
-constexpr std::array<FixedRow, 7> kRows{{
+
+}  // namespace
+
+constexpr std::array<FixedRow, 7> kLinesA7{{
     {1_cur, "Land", kZeroes},
     {2_cur, "Land Improvements", kZeroes},
     {3_cur, "Buildings & Fixtures", kZeroes},
     {4_cur, "Building Improvements", kZeroes},
     {5_cur, "Fixed Equipment", kZeroes},
     {6_cur, "Movable Equipment", kZeroes},
-    {7_cur, "TOTAL", kZeroes},
+    {7_cur, "TOTAL", kZeroes, LineKind::Total},
 }};
+
+namespace {
 
 // Column 3, donations, is not among them.
 constexpr std::array<std::string_view, 5> kTotals{"Col_1", "Col_2", "Col_4", "Col_5", "Col_6"};
@@ -32,7 +37,7 @@ constexpr std::array<std::string_view, 5> kTotals{"Col_1", "Col_2", "Col_4", "Co
 }  // namespace
 
 void Build_A7() {
-    Build_Table("A7", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kRows, "ndx", 0);
+    Build_Table("A7", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kLinesA7, "ndx");
 }
 
 void Calc_A7() {

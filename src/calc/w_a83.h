@@ -3,9 +3,18 @@
 // Hours, dollars an hour and dollars, as each line says.
 #pragma once
 
+#include <array>
+
 #include "common/item.h"
+#include "common/lines.h"
 
 namespace tallmar {
+
+extern const std::array<FixedRow, 11> kLinesA83p1;
+extern const std::array<FixedRow, 9> kLinesA83p2;
+extern const std::array<FixedRow, 11> kLinesA83p3;
+extern const std::array<FixedRow, 10> kLinesA83p4;
+extern const std::array<FixedRow, 8> kLinesA83p5;
 
 // The tables of a part: "A83p1" makes those of the three disciplines, "A83p1P" its own. Registered while the worksheet
 // is in use.

@@ -1,17 +1,20 @@
 #include "calc/w_b.h"
 
+#include <array>
+
 #include "calc/stat_columns.h"
+#include "calc/worksheet.h"
 #include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
-#include "report/registry.h"
 
 namespace tallmar {
 
+constexpr std::array<FixedRow, 1> kLinesB{{{29_cur, "TOTAL", "'T'", LineKind::Total}}};
+
 namespace {
 
-constexpr int kLevel = 0;
 constexpr std::string_view kCapital = "CCType='G' and CCNum < 5";
 constexpr std::string_view kAdministrative = "(CCType='G') and (INT(CCNum) = 5)";
 constexpr std::string_view kNoCapital = "PROBLEM in Build_B: No records found with CCType='G' and CCNum < 5.";
@@ -55,12 +58,12 @@ void Build_B() {
     db.TableDefs().Append(table);
     db.Execute("CREATE UNIQUE INDEX ndx ON B (LineNum);");
     Fill_B();
-    Edit_Worksheets("B", "Make", kLevel);
+    Register_Worksheet("B");
 }
 
 void Fill_B() {
     db.Execute("INSERT INTO B  SELECT LineNum, CCNum, CCName, CCType, LineType FROM CostCenters;");
-    db.Execute("INSERT INTO B (LineNum,LineType,CCName) VALUES (29,'T','TOTAL');");
+    Insert_Rows("B", "LineNum,CCName,LineType", kLinesB);
     Recordset generalService =
         db.OpenRecordset("SELECT * FROM CostCenters Where CCType=\"G\" ORDER BY LineNum", RecordsetType::Snapshot);
     for (; !generalService.Eof(); generalService.MoveNext()) {

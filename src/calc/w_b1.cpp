@@ -11,13 +11,17 @@
 #include "common/variant.h"
 #include "report/chart.h"
 #include "report/open_report.h"
-#include "report/registry.h"
 
 namespace tallmar {
 
+constexpr std::array<FixedRow, 3> kLinesB1{{
+    {29_cur, "Total", "29.00,'S','N'", LineKind::Total},
+    {30_cur, "Cost to be Allocated per B", "30.00,'S','N'"},
+    {31_cur, "Unit Cost Multiplier", "31.00,'S','N'"},
+}};
+
 namespace {
 
-constexpr int kLevel = 5;
 constexpr std::array kRebuilt{"B", "B1X", "StatLinks"};
 
 constexpr std::array kFixedColumns{
@@ -26,11 +30,6 @@ constexpr std::array kFixedColumns{
     Column{"CCName", FieldType::Text, 40},
     Column{"CCType", FieldType::Text, 1},
     Column{"LineType", FieldType::Text, 1},
-};
-constexpr std::array kFixedRows{
-    "29,29.00,'Total','S','N');",
-    "30,30.00,'Cost to be Allocated per B','S','N');",
-    "31,31.00,'Unit Cost Multiplier','S','N');",
 };
 
 constexpr std::array kB1XColumns{
@@ -75,23 +74,21 @@ void Build_B1() {
     chart.Close();
     db.TableDefs().Append(table);
     db.Execute("INSERT INTO B1 SELECT LineNum, CCNum, CCName, CCType, LineType FROM CostCenters;");
-    for (const char* values : kFixedRows) {
-        db.Execute(Sql("INSERT INTO B1 (LineNum, CCNum, CCName, CCType, LineType) VALUES (", values));
-    }
+    Insert_Rows("B1", "LineNum,CCName,CCNum,CCType,LineType", kLinesB1);
     ShapeStats("B1");
     db.Execute("CREATE UNIQUE INDEX ndxB1 ON B1 (CCNum);");
-    Edit_Worksheets("B1", "Make", kLevel);
+    Register_Worksheet("B1");
     Store_CC_Counts();
 }
 
 void Build_B1X() {
     Create_Table("B1X", kB1XColumns);
-    Edit_Worksheets("B1X", "Make", kInternalLevel);
+    Register_Worksheet("B1X");
 }
 
 void Build_StatLinks() {
     Create_Table("StatLinks", kStatLinksColumns);
-    Edit_Worksheets("StatLinks", "Make", kInternalLevel);
+    Register_Worksheet("StatLinks");
 }
 
 void ShapeStats(std::string_view table) {

@@ -5,9 +5,14 @@
 // the statistics of others.
 #pragma once
 
+#include <array>
 #include <string_view>
 
+#include "common/lines.h"
+
 namespace tallmar {
+
+extern const std::array<FixedRow, 3> kLinesB1;
 
 // Deletes and rebuilds B, B1X and StatLinks, then makes B1 from the chart. All throw TableExists of their own table.
 void Build_B1();

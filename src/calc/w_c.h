@@ -3,13 +3,21 @@
 // Dollars, visits, and ratios of six decimals.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "common/item.h"
+#include "common/lines.h"
 
 namespace tallmar {
+
+extern const std::array<FixedRow, 7> kLinesCp1;
+extern const std::array<FixedRow, 14> kLinesCp2;
+extern const std::array<FixedRow, 2> kLinesCp3;
+extern const std::array<FixedRow, 7> kLinesCp4;
+extern const std::array<FixedRow, 4> kLinesCp5;
 
 void Build_Cp1();
 // Total cost from B, total visits from S-3 Part I, cost per visit in cents.

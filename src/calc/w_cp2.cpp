@@ -42,24 +42,30 @@ constexpr std::array<FixedRow, 12> kSplitVisits{{
     {6_cur, "Home Health Aide Svcs - pre 10/1/2000", ""},
     {6.01_cur, "Home Health Aide Svcs - post 9/30/2000", ""},
 }};
-constexpr std::array<FixedRow, 6> kVisits{{
+
+}  // namespace
+
+constexpr std::array<FixedRow, 14> kLinesCp2{{
     {1_cur, "Skilled Nursing", ""},
     {2_cur, "Physical Therapy", ""},
     {3_cur, "Occupational Therapy", ""},
     {4_cur, "Speech Pathology", ""},
     {5_cur, "Medical Social Services", ""},
     {6_cur, "Home Health Aide Svcs", ""},
-}};
-constexpr std::array<FixedRow, 8> kTotalsAndLimits{{
-    {7_cur, "Total (Sum of lines 1-6)", ""},
+    {7_cur, "Total (Sum of lines 1-6)", "", LineKind::Total},
     {8_cur, "Skilled Nursing", ""},
     {9_cur, "Physical Therapy", ""},
     {10_cur, "Occupational Therapy", ""},
     {11_cur, "Speech Pathology", ""},
     {12_cur, "Medical Social Services", ""},
     {13_cur, "Home Health Aide Svcs", ""},
-    {14_cur, "Total (Sum of lines 8-13)", ""},
+    {14_cur, "Total (Sum of lines 8-13)", "", LineKind::Total},
 }};
+
+namespace {
+
+// The visits of a split period are keyed in two lines a discipline; the others are above the totals and the limits.
+constexpr std::size_t kVisitLines = 6;
 
 // What begins at 0; the rest is shaded.
 constexpr std::array kDefaults{
@@ -149,15 +155,12 @@ void Build_Cp2(const Item& item) {
     std::vector<Column> columns(kColumns.begin(), kColumns.end());
     if (Is_Split_Period()) columns.push_back(kTotalPost);
     Create_Table(item.Name(), columns);
-    if (Is_Split_Period()) {
-        Insert_Rows(item, "LineNum, Description", kSplitVisits);
-    } else {
-        Insert_Rows(item, "LineNum, Description", kVisits);
-    }
-    Insert_Rows(item, "LineNum, Description", kTotalsAndLimits);
+    const std::span<const FixedRow> lines(kLinesCp2);
+    if (Is_Split_Period()) Insert_Rows(item, "LineNum, Description", kSplitVisits);
+    Insert_Rows(item, "LineNum, Description", Is_Split_Period() ? lines.subspan(kVisitLines) : lines);
     for (const char* step : kDefaults) db.Execute(Sql("UPDATE ", table, step));
     if (Is_Split_Period()) db.Execute(Sql("UPDATE ", table, kSplitDefault));
-    Finish_Table(item, "ndx" + table, 7);
+    Finish_Table(item, "ndx" + table);
 }
 
 void Calc_Cp2(const Item& item) {

@@ -33,10 +33,15 @@ constexpr const char* kFromChart =
 
 constexpr const char* kFields =
     "LineNum, Description, Col_1, Col_2, Col_3, Col_5, Col_6, Col_601, Col_7, Col_8, Col_9, Col_901, Col_10";
-constexpr std::array<FixedRow, 2> kRows{{
+
+}  // namespace
+
+constexpr std::array<FixedRow, 2> kLinesCp3{{
     {15.01_cur, "Cost of Medical Supplies", "12,0,0,0,0,0,0,0,0,0,0"},
     {16.01_cur, "Cost of Drugs", "13,0,0,0,0,0,0,0,0,0,0"},
 }};
+
+namespace {
 
 // The first step reads a Null total of B as 0. The last, behind the ratios, brings in the cost of line 16.2 as B has
 // it, Null included.
@@ -58,13 +63,13 @@ constexpr std::array kSteps{
 void Build_Cp3() {
     Create_Table("Cp3", kColumns);
     Insert_Cp3_Rows("Int(LineNum) = 12 Or Int(LineNum) = 13");
-    for (const FixedRow& row : kRows) {
+    for (const FixedRow& row : kLinesCp3) {
         // A subline 12.01 or 13.01 of the chart has the number already.
         const bool taken =
             static_cast<bool>(db.Read_Row("SELECT LineNum FROM Cp3 WHERE LineNum = " + row.line.To_Text() + ";"));
         if (!taken) Insert_Rows("Cp3", kFields, std::span(&row, 1));
     }
-    Finish_Table("Cp3", "ndxCp3", 6);
+    Finish_Table("Cp3", "ndxCp3");
 }
 
 void Insert_Cp3_Rows(std::string_view where) {

@@ -24,15 +24,19 @@ constexpr std::array kColumns{
     Column{"Col_6"},
 };
 
-constexpr std::array<FixedRow, 7> kRows{{
-    {17_cur, "Total Cost of Medicare Services", "0,0,0"},
+}  // namespace
+
+constexpr std::array<FixedRow, 7> kLinesCp4{{
+    {17_cur, "Total Cost of Medicare Services", "0,0,0", LineKind::Total},
     {18_cur, "Cost of Medicare Supplies", "0,0,0"},
-    {19_cur, "Total", "Null,Null,Null"},
-    {20_cur, "Total Cost Per Visit Limitation for Medicare Services", "0,0,0"},
+    {19_cur, "Total", "Null,Null,Null", LineKind::Total},
+    {20_cur, "Total Cost Per Visit Limitation for Medicare Services", "0,0,0", LineKind::Total},
     {21_cur, "Cost of Medical Supplies", "0,0,0"},
-    {22_cur, "Total", "Null,Null,Null"},
+    {22_cur, "Total", "Null,Null,Null", LineKind::Total},
     {24_cur, "Aggregate Per Beneficiary Cost Limitation", "Null,Null,Null"},
 }};
+
+namespace {
 
 constexpr const char* kMSALabel = "Per Beneficiary Cost Limitation for MSA: ";
 constexpr const char* kCBSALabel = "Per Beneficiary cost Limitation for CBSA:";
@@ -78,7 +82,7 @@ constexpr std::array kClearLimits{
 
 void Build_Cp4() {
     Create_Table("Cp4", kColumns);
-    Insert_Rows("Cp4", "LineNum,Description,Col_3,Col_4,Col_6", kRows);
+    Insert_Rows("Cp4", "LineNum,Description,Col_3,Col_4,Col_6", kLinesCp4);
     Recordset codes = db.OpenRecordset("SELECT LineNum, Col_1 FROM S3p3 WHERE LineNum > 28 ORDER BY LineNum;",
                                        RecordsetType::Snapshot);
     for (int serial = 1; !codes.Eof(); codes.MoveNext()) {
@@ -86,7 +90,7 @@ void Build_Cp4() {
         const Value code = codes["Col_1"];
         Insert_Code_Line(serial++, {MSA_Code(code), false}, 0, 0, Null);
     }
-    Finish_Table("Cp4", "ndx", 8);
+    Finish_Table("Cp4", "ndx");
 }
 
 void Calc_Cp4() {

@@ -22,12 +22,16 @@ constexpr std::array kColumns{
     Column{"Col_8"},  // reasonable cost net of the reduction
 };
 
-constexpr std::array<FixedRow, 4> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 4> kLinesCp5{{
     {25_cur, "Physical Therapy", "2,0,0,0,0,0,0,0,0,0"},
     {26_cur, "Occupational Therapy", "3,0,0,0,0,0,0,0,0,0"},
     {27_cur, "Speech Pathology", "4,0,0,0,0,0,0,0,0,0"},
-    {28_cur, "Total", "Null,Null,0,0,0,0,0,0,0,0"},
+    {28_cur, "Total", "Null,Null,0,0,0,0,0,0,0,0", LineKind::Total},
 }};
+
+namespace {
 
 constexpr std::array kSteps{
     "UPDATE Cp5 INNER JOIN Cp1 ON Cp5.LineNum = Cp1.LineNum+23 SET Cp5.Col_2 = IIf(IsNull(Cp1.Col_4),0,Cp1.Col_4) "
@@ -42,7 +46,7 @@ constexpr std::array kSteps{
 
 void Build_Cp5() {
     Build_Table("Cp5", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_501,Col_502,Col_6,Col_7,Col_8",
-                kRows, "ndx", 7);
+                kLinesCp5, "ndx");
 }
 
 void Calc_Cp5() {

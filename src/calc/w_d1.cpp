@@ -21,7 +21,9 @@ constexpr std::array kColumns{
 
 constexpr const char* kAmounts = "Null,0,Null,0";
 
-constexpr std::array<FixedRow, 6> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 6> kLinesD1{{
     {1_cur, "Total interim payments paid to provider", kAmounts},
     {2_cur,
      "Interim payments payable on individual bills either submitted or to be submitted to the intermediary, for "
@@ -29,9 +31,11 @@ constexpr std::array<FixedRow, 6> kRows{{
      kAmounts},
     {3.01_cur, "Program to Provider lump sum adjustment", kAmounts},
     {3.5_cur, "Provider to Program lump sum adjustment", kAmounts},
-    {3.99_cur, "SUBTOTAL", kAmounts},
-    {4_cur, "TOTAL INTERIM PAYMENTS", kAmounts},
+    {3.99_cur, "SUBTOTAL", kAmounts, LineKind::Total},
+    {4_cur, "TOTAL INTERIM PAYMENTS", kAmounts, LineKind::Total},
 }};
+
+namespace {
 
 struct Payments {
     Currency partA, partB;
@@ -49,7 +53,7 @@ void Store_Payments(const Payments& payments, Currency line) {
 }  // namespace
 
 void Build_D1() {
-    Build_Table("D1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx", 0);
+    Build_Table("D1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kLinesD1, "ndx");
 }
 
 void Calc_D1() {

@@ -18,7 +18,9 @@ constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType
 constexpr const char* kAmounts = "0,0,0";
 constexpr const char* kShaded = "Null,Null,Null";
 
-constexpr std::array<FixedRow, 12> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 12> kLinesDp1{{
     {1_cur, "Reasonable Cost of Services", kAmounts},
     {2_cur, "Cost of Services, RHC & FQHC", "Null,Null,0"},
     {3_cur, "Sum of lines 1 & 2", kShaded},
@@ -30,11 +32,13 @@ constexpr std::array<FixedRow, 12> kRows{{
      "payment been made in accordance with 42 CRF 413.13(b)",
      kAmounts},
     {7_cur, "Ratio of line 5 to 6", kShaded},
-    {8_cur, "Total customary charges - title XVIII", kShaded},
+    {8_cur, "Total customary charges - title XVIII", kShaded, LineKind::Total},
     {9_cur, "Excess of total customary charges over total reasonable cost", kAmounts},
     {10_cur, "Excess of reasonable cost over customary charges", kAmounts},
     {11_cur, "Primary Payer Amounts", kAmounts},
 }};
+
+namespace {
 
 // The vaccine drug columns of C Part III replace the older ones.
 constexpr Date kDrug901From{37622};   // 1/1/2003
@@ -125,59 +129,116 @@ void Store_Cells(Recordset& row, const Three& values) {
     row.Update();
 }
 
+// What a line does with the amounts of the lines before it.
+enum class Rule {
+    StoreCost,        // the reasonable cost so far begins here
+    AddCost,          // what is typed comes on top
+    ShowCost,         // the line shows it
+    Charges,          // the charges so far begin with what is typed
+    AddCharges,       // what is typed comes on top, but in Part A
+    Collected,        // what was collected ...
+    Due,              // ... of what was due: the ratio, at most 1
+    ShowRatio,        // the line shows it
+    Customary,        // the charges, reduced by the ratio
+    ExcessOfCharges,  // over the cost
+    ExcessOfCost,     // over the charges
+};
+
+struct LineRule {
+    LineRange lines;
+    Rule rule;
+};
+
+// Lines that no row names stay as they are.
+constexpr std::array kRules{
+    LineRule{1_cur, Rule::StoreCost},     LineRule{2_cur, Rule::AddCost},
+    LineRule{3_cur, Rule::ShowCost},      LineRule{4_cur, Rule::Charges},
+    LineRule{4.01_cur, Rule::AddCharges}, LineRule{5_cur, Rule::Collected},
+    LineRule{6_cur, Rule::Due},           LineRule{7_cur, Rule::ShowRatio},
+    LineRule{8_cur, Rule::Customary},     LineRule{9_cur, Rule::ExcessOfCharges},
+    LineRule{10_cur, Rule::ExcessOfCost},
+};
+
 // The walk down the worksheet: cost and charges so far, column by column.
 struct Walk {
     Flags flags;
     Three reasonable{}, cost{}, charges{}, collected{}, ratio{};
-
-    void At_Line(Recordset& row, Currency line);
 };
 
-void Walk::At_Line(Recordset& row, Currency line) {
-    if (line == 1_cur) {
-        if (FYEnd >= kLine1FromCp3) reasonable[1] = Nz_Double(row["Col_2"]);
-        cost = reasonable;
-        Store_Cells(row, cost);
-    } else if (line == 2_cur) {
-        const Three clinics = Read_Cells(row);
-        for (std::size_t i = 0; i < 3; ++i) cost[i] += clinics[i];
-    } else if (line == 3_cur) {
-        Store_Cells(row, cost);
-    } else if (line == 4_cur) {
-        charges = Read_Cells(row);
-    } else if (line == 4.01_cur) {
-        const Three later = Read_Cells(row);
-        for (std::size_t i = 1; i < 3 && !flags.chargeExempt; ++i) charges[i] += later[i];
-    } else if (line == 5_cur) {
-        collected = Read_Cells(row);
-    } else if (line == 6_cur) {
-        const Three due = Read_Cells(row);
-        for (std::size_t i = 0; i < 3; ++i)
-            ratio[i] = due[i] == 0 ? 0 : std::min(Round_Half(collected[i] / due[i], 6), 1.0);
-    } else if (line == 7_cur) {
-        Store_Cells(row, ratio);
-    } else if (line == 8_cur) {
-        if (flags.chargeExempt) charges[0] = charges[1] = 0;
-        for (std::size_t i = 0; i < 3; ++i) {
-            if (!flags.nominalCharge && ratio[i] > 0) charges[i] = Round_Half(charges[i] * ratio[i], 0);
-        }
-        Store_Cells(row, charges);
-    } else if (line == 9_cur) {
-        Three excess;
-        for (std::size_t i = 0; i < 3; ++i) excess[i] = std::max(charges[i] - cost[i], 0.0);
-        Store_Cells(row, excess);
-    } else if (line == 10_cur) {
-        Three excess{};
-        const bool tested = !flags.chargeExempt && !flags.nominalCharge;
-        for (std::size_t i = 0; i < 3 && tested; ++i) excess[i] = std::max(cost[i] - charges[i], 0.0);
-        Store_Cells(row, excess);
+void Store_Cost(Walk& walk, Recordset& row) {
+    if (FYEnd >= kLine1FromCp3) walk.reasonable[1] = Nz_Double(row["Col_2"]);
+    walk.cost = walk.reasonable;
+    Store_Cells(row, walk.cost);
+}
+
+void Add_Charges(Walk& walk, const Three& later) {
+    for (std::size_t i = 1; i < 3 && !walk.flags.chargeExempt; ++i) walk.charges[i] += later[i];
+}
+
+Three Plus(Three a, const Three& b) {
+    for (std::size_t i = 0; i < 3; ++i) a[i] += b[i];
+    return a;
+}
+
+Three Ratio(const Three& collected, const Three& due) {
+    Three ratio{};
+    for (std::size_t i = 0; i < 3; ++i) {
+        ratio[i] = due[i] == 0 ? 0 : std::min(Round_Half(collected[i] / due[i], 6), 1.0);
+    }
+    return ratio;
+}
+
+void Reduce_Charges(Walk& walk) {
+    if (walk.flags.chargeExempt) walk.charges[0] = walk.charges[1] = 0;
+    for (std::size_t i = 0; i < 3; ++i) {
+        if (walk.flags.nominalCharge || !(walk.ratio[i] > 0)) continue;
+        walk.charges[i] = Round_Half(walk.charges[i] * walk.ratio[i], 0);
+    }
+}
+
+Three Excess(const Three& over, const Three& of) {
+    Three excess{};
+    for (std::size_t i = 0; i < 3; ++i) excess[i] = std::max(over[i] - of[i], 0.0);
+    return excess;
+}
+
+void Apply_Rule(Rule rule, Recordset& row, Walk& walk) {
+    switch (rule) {
+        case Rule::StoreCost:
+            return Store_Cost(walk, row);
+        case Rule::AddCost:
+            walk.cost = Plus(walk.cost, Read_Cells(row));
+            return;
+        case Rule::ShowCost:
+            return Store_Cells(row, walk.cost);
+        case Rule::Charges:
+            walk.charges = Read_Cells(row);
+            return;
+        case Rule::AddCharges:
+            return Add_Charges(walk, Read_Cells(row));
+        case Rule::Collected:
+            walk.collected = Read_Cells(row);
+            return;
+        case Rule::Due:
+            walk.ratio = Ratio(walk.collected, Read_Cells(row));
+            return;
+        case Rule::ShowRatio:
+            return Store_Cells(row, walk.ratio);
+        case Rule::Customary:
+            Reduce_Charges(walk);
+            return Store_Cells(row, walk.charges);
+        case Rule::ExcessOfCharges:
+            return Store_Cells(row, Excess(walk.charges, walk.cost));
+        case Rule::ExcessOfCost:
+            const bool tested = !walk.flags.chargeExempt && !walk.flags.nominalCharge;
+            return Store_Cells(row, tested ? Excess(walk.cost, walk.charges) : Three{});
     }
 }
 
 }  // namespace
 
 void Build_Dp1() {
-    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kRows, "ndxDp1", 9);
+    Build_Table("Dp1", kColumns, "LineNum,Description,Col_1,Col_2,Col_3", kLinesDp1, "ndxDp1");
 }
 
 void Calc_Dp1() {
@@ -188,7 +249,10 @@ void Calc_Dp1() {
     Store_Drug_Charges(flags);
     Walk walk{.flags = flags, .reasonable = Reasonable_Cost()};
     Recordset rows = db.OpenRecordset("SELECT * FROM Dp1 ORDER BY LineNum");
-    for (; !rows.Eof(); rows.MoveNext()) walk.At_Line(rows, Nz_Currency(rows["LineNum"]));
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const LineRule* rule = Find_Row(kRules, Nz_Currency(rows["LineNum"]));
+        if (rule != nullptr) Apply_Rule(rule->rule, rows, walk);
+    }
     rows.Close();
 }
 

@@ -18,8 +18,10 @@ constexpr const char* kPartAOnly = "0,Null";
 constexpr const char* kPartBOnly = "Null,0";
 constexpr const char* kShaded = "Null,Null";
 
-constexpr std::array<FixedRow, 36> kRows{{
-    {12_cur, "Total reasonable cost", kBoth},
+}  // namespace
+
+constexpr std::array<FixedRow, 36> kLinesDp2{{
+    {12_cur, "Total reasonable cost", kBoth, LineKind::Total},
     {12.01_cur, "Total PPS Payment - Full Episodes without Outliers", kPartAOnly},
     {12.02_cur, "Total PPS Payment - Full Episodes with Outliers", kPartAOnly},
     {12.03_cur, "Total PPS Payment - LUPA Episodes", kPartAOnly},
@@ -35,14 +37,14 @@ constexpr std::array<FixedRow, 36> kRows{{
     {12.13_cur, "Oxygen Payment", kPartAOnly},
     {12.14_cur, "Prosthetics and Orthotics Payment", kPartAOnly},
     {13_cur, "Part B deductibles billed to Medicare patients", kPartBOnly},
-    {14_cur, "Subtotal", kShaded},
+    {14_cur, "Subtotal", kShaded, LineKind::Total},
     {15_cur, "Excess resonable cost", kBoth},
-    {16_cur, "Subtotal", kShaded},
+    {16_cur, "Subtotal", kShaded, LineKind::Total},
     {17_cur, "Coinsurance billed to Medicare patients", kPartBOnly},
     {18_cur, "Net cost", kShaded},
     {19_cur, "Reimbursible bad debts", kBoth},
     {20_cur, "Pneumococcal Vaccine", kPartBOnly},
-    {21_cur, "Total costs - Current cost reporting period", kBoth},
+    {21_cur, "Total costs - Current cost reporting period", kBoth, LineKind::Total},
     {22_cur, "Amounts applicable to prior cost reporting periods resulting from disposition of depreciable assets",
      kBoth},
     {23_cur, "Recovery of excess depreciation resulting from agencies' termination or decrease in Medicare utilization",
@@ -50,17 +52,19 @@ constexpr std::array<FixedRow, 36> kRows{{
     {24_cur,
      "Unrefunded charges to beneficiaries for excess costs erroneously collected based on correction of cost limit",
      kBoth},
-    {25_cur, "Total cost before sequestration and other adjustments", kShaded},
+    {25_cur, "Total cost before sequestration and other adjustments", kShaded, LineKind::Total},
     {25.5_cur, "Other adjustments", kBoth},
     {26_cur, "Sequestration Adjustment", kBoth},
     {27_cur, "Amount reimbursible after sequestration and other adjustments", kShaded},
-    {28_cur, "Total interim payments", kShaded},
-    {28.5_cur, "Tentative settlement (For intermediary use only)", kShaded},
+    {28_cur, "Total interim payments", kShaded, LineKind::Total},
+    {28.5_cur, "Tentative settlement (For intermediary use only)", kShaded, LineKind::Shaded},
     {29_cur, "Balance due HHA/Medicare program", kShaded},
     {30_cur, "Protested amounts (nonallowable cost report items) in accordance with CMS Pub. 15-II, section 115.2",
      kBoth},
     {31_cur, "Balance due HHA/Medicare program", kShaded},
 }};
+
+namespace {
 
 constexpr Date kSequestrationFrom{41365};  // 4/1/2013
 
@@ -78,31 +82,34 @@ enum class Rule {
 };
 
 struct LineRule {
-    Currency from, to;  // both included
+    LineRange lines;
     Rule rule;
 };
 
 // Lines that no row names stay as they are.
 constexpr std::array kRules{
-    LineRule{12_cur, 12_cur, Rule::Store},         LineRule{12.01_cur, 12.14_cur, Rule::Add},
-    LineRule{13_cur, 13_cur, Rule::SubtractPartB}, LineRule{14_cur, 14_cur, Rule::Store},
-    LineRule{15_cur, 15_cur, Rule::ExcessCost},    LineRule{16_cur, 16_cur, Rule::Store},
-    LineRule{17_cur, 17_cur, Rule::SubtractPartB}, LineRule{18_cur, 18_cur, Rule::Store},
-    LineRule{19_cur, 19_cur, Rule::Add},           LineRule{20_cur, 20_cur, Rule::AddPartB},
-    LineRule{21_cur, 21_cur, Rule::Store},         LineRule{22_cur, 22_cur, Rule::Add},
-    LineRule{23_cur, 24_cur, Rule::Subtract},      LineRule{25_cur, 25_cur, Rule::Store},
-    LineRule{25.5_cur, 25.9999_cur, Rule::Add},    LineRule{26_cur, 26_cur, Rule::Sequestration},
-    LineRule{27_cur, 27_cur, Rule::Store},         LineRule{28_cur, 28_cur, Rule::InterimPayments},
-    LineRule{29_cur, 29_cur, Rule::Balance},       LineRule{30_cur, 30_cur, Rule::Subtract},
-    LineRule{31_cur, 31_cur, Rule::Store},
+    LineRule{12_cur, Rule::Store},
+    LineRule{{12.01_cur, 12.14_cur}, Rule::Add},
+    LineRule{13_cur, Rule::SubtractPartB},
+    LineRule{14_cur, Rule::Store},
+    LineRule{15_cur, Rule::ExcessCost},
+    LineRule{16_cur, Rule::Store},
+    LineRule{17_cur, Rule::SubtractPartB},
+    LineRule{18_cur, Rule::Store},
+    LineRule{19_cur, Rule::Add},
+    LineRule{20_cur, Rule::AddPartB},
+    LineRule{21_cur, Rule::Store},
+    LineRule{22_cur, Rule::Add},
+    LineRule{{23_cur, 24_cur}, Rule::Subtract},
+    LineRule{25_cur, Rule::Store},
+    LineRule{{25.5_cur, 25.9999_cur}, Rule::Add},
+    LineRule{26_cur, Rule::Sequestration},
+    LineRule{27_cur, Rule::Store},
+    LineRule{28_cur, Rule::InterimPayments},
+    LineRule{29_cur, Rule::Balance},
+    LineRule{30_cur, Rule::Subtract},
+    LineRule{31_cur, Rule::Store},
 };
-
-const LineRule* Find_Rule(Currency line) {
-    for (const LineRule& rule : kRules) {
-        if (line >= rule.from && line <= rule.to) return &rule;
-    }
-    return nullptr;
-}
 
 struct Amounts {
     Currency partA, partB;
@@ -183,7 +190,7 @@ void Apply_Rule(Rule rule, Recordset& row, Amounts& running) {
 }  // namespace
 
 void Build_Dp2() {
-    Build_Table("Dp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndxDp2", 10);
+    Build_Table("Dp2", kColumns, "LineNum,Description,Col_1,Col_2", kLinesDp2, "ndxDp2");
 }
 
 void Calc_Dp2() {
@@ -191,7 +198,7 @@ void Calc_Dp2() {
     running -= Read_Dp1("Select * From Dp1 Where LineNum = 11");
     Recordset rows = db.OpenRecordset("Select * From Dp2 Order By LineNum;");
     for (; !rows.Eof(); rows.MoveNext()) {
-        const LineRule* rule = Find_Rule(Nz_Currency(rows["LineNum"]));
+        const LineRule* rule = Find_Row(kRules, Nz_Currency(rows["LineNum"]));
         if (rule != nullptr) Apply_Rule(rule->rule, rows, running);
     }
     rows.Close();

@@ -23,7 +23,9 @@ constexpr const char* kSpecificFund = "Null,0,Null,Null";
 constexpr const char* kEndowmentFund = "Null,Null,0,Null";
 constexpr const char* kPlantFund = "Null,Null,Null,0";
 
-constexpr std::array<FixedRow, 59> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 59> kLinesF{{
     {1_cur, "Cash on hand and in banks", kAmounts},
     {2_cur, "Temporary investments", kAmounts},
     {3_cur, "Notes receivable", kAmounts},
@@ -34,7 +36,7 @@ constexpr std::array<FixedRow, 59> kRows{{
     {8_cur, "Prepaid expenses", kAmounts},
     {9_cur, "Other current assets", kAmounts},
     {10_cur, "Due from other funds", kAmounts},
-    {11_cur, "TOTAL CURRENT ASSETS", kTotal},
+    {11_cur, "TOTAL CURRENT ASSETS", kTotal, LineKind::Total},
     {12_cur, "Land", kAmounts},
     {13_cur, "Land improvements", kAmounts},
     {14_cur, "Less: Accumulated depreciation", kAmounts},
@@ -50,13 +52,13 @@ constexpr std::array<FixedRow, 59> kRows{{
     {24_cur, "Less: Accumulated depreciation", kAmounts},
     {25_cur, "Minor equipment nondepreciable", kAmounts},
     {26_cur, "Other fixed assets", kAmounts},
-    {27_cur, "TOTAL FIXED ASSETS", kTotal},
+    {27_cur, "TOTAL FIXED ASSETS", kTotal, LineKind::Total},
     {28_cur, "Investments", kAmounts},
     {29_cur, "Deposits on leases", kAmounts},
     {30_cur, "Due from owners/officers", kAmounts},
     {31_cur, "Other assets", kAmounts},
-    {32_cur, "TOTAL OTHER ASSETS", kTotal},
-    {33_cur, "TOTAL ASSETS", kTotal},
+    {32_cur, "TOTAL OTHER ASSETS", kTotal, LineKind::Total},
+    {33_cur, "TOTAL ASSETS", kTotal, LineKind::Total},
     {34_cur, "Accounts payable", kAmounts},
     {35_cur, "Salaries, wages & fees payable", kAmounts},
     {36_cur, "Payroll taxes payable", kAmounts},
@@ -65,15 +67,15 @@ constexpr std::array<FixedRow, 59> kRows{{
     {39_cur, "Accelerated payments", kAmounts},
     {40_cur, "Due to other funds", kAmounts},
     {41_cur, "Other current liabilities", kAmounts},
-    {42_cur, "TOTAL CURRENT LIABILITIES", kTotal},
+    {42_cur, "TOTAL CURRENT LIABILITIES", kTotal, LineKind::Total},
     {43_cur, "Mortgage payable", kAmounts},
     {44_cur, "Notes payable", kAmounts},
     {45_cur, "Unsecured loans", kAmounts},
     {46_cur, "Loans from owners - Prior to 7/1/66", kAmounts},
     {47_cur, "Loans from owners - On or after 7/1/66", kAmounts},
     {48_cur, "Other long term liabilities", kAmounts},
-    {49_cur, "TOTAL LONG TERM LIABILITIES", kTotal},
-    {50_cur, "TOTAL LIABILITIES", kTotal},
+    {49_cur, "TOTAL LONG TERM LIABILITIES", kTotal, LineKind::Total},
+    {50_cur, "TOTAL LIABILITIES", kTotal, LineKind::Total},
     {51_cur, "General fund balance", kGeneralFund},
     {52_cur, "Specific purpose fund", kSpecificFund},
     {53_cur, "Donor created - endowment fund balance - restricted", kEndowmentFund},
@@ -81,9 +83,11 @@ constexpr std::array<FixedRow, 59> kRows{{
     {55_cur, "Governing body created - endowment fund balance", kEndowmentFund},
     {56_cur, "Plant fund balance - invested in plant", kPlantFund},
     {57_cur, "Plant fund balance - reserve for plant improvement, replacement and expansion", kPlantFund},
-    {58_cur, "TOTAL FUND BALANCES", kTotal},
-    {59_cur, "TOTAL LIABILITIES & FUND BALANCES", kTotal},
+    {58_cur, "TOTAL FUND BALANCES", kTotal, LineKind::Total},
+    {59_cur, "TOTAL LIABILITIES & FUND BALANCES", kTotal, LineKind::Total},
 }};
+
+namespace {
 
 using Funds = std::array<Currency, 4>;
 
@@ -129,7 +133,7 @@ void Store_Total(const TotalLine& total) {
 }  // namespace
 
 void Build_F() {
-    Build_Table("F", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kRows, "ndx", 0);
+    Build_Table("F", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4", kLinesF, "ndx");
 }
 
 void Calc_F() {

@@ -1,7 +1,15 @@
 // Worksheets F, F-1 and F-2: balance sheet, revenues and expenses, fund balances. Dollars.
 #pragma once
 
+#include <array>
+
+#include "common/lines.h"
+
 namespace tallmar {
+
+extern const std::array<FixedRow, 59> kLinesF;
+extern const std::array<FixedRow, 33> kLinesF1;
+extern const std::array<FixedRow, 9> kLinesF2;
 
 void Build_F();
 // Totals per fund; line 51 takes the general fund's balance from F-2 line 17.

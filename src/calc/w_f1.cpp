@@ -15,8 +15,10 @@ constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType
 constexpr const char* kDetail = "0,Null";
 constexpr const char* kTotal = "Null,0";
 
+}  // namespace
+
 // Lines without a label are the user's.
-constexpr std::array<FixedRow, 33> kRows{{
+constexpr std::array<FixedRow, 33> kLinesF1{{
     {1_cur, "Total patient revenues", kDetail},
     {2_cur, "Less: Allowances and discounts on patients' accounts", kDetail},
     {3_cur, "Net patient revenues", kTotal},
@@ -48,9 +50,11 @@ constexpr std::array<FixedRow, 33> kRows{{
     {29_cur, "", kDetail},
     {30_cur, "", kDetail},
     {31_cur, "", kDetail},
-    {32_cur, "Total Other Income", kTotal},
+    {32_cur, "Total Other Income", kTotal, LineKind::Total},
     {33_cur, "Net Income or Loss for the period", kTotal},
 }};
+
+namespace {
 
 Currency Detail(int line) {
     return Read_Currency(Sql("SELECT Col_1 FROM F1 WHERE LineNum = ", line, " ;"));
@@ -67,7 +71,7 @@ void Store_Total(int line, Currency amount) {
 }  // namespace
 
 void Build_F1() {
-    Build_Table("F1", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndx", 5);
+    Build_Table("F1", kColumns, "LineNum,Description,Col_1,Col_2", kLinesF1, "ndx");
 }
 
 void Calc_F1() {

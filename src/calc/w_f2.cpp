@@ -22,17 +22,21 @@ constexpr const char* kNone = "Null,Null,Null,Null,Null,Null,Null,Null";
 constexpr const char* kDetail = "0,Null,0,Null,0,Null,0,Null";
 constexpr const char* kTotal = "Null,0,Null,0,Null,0,Null,0";
 
-constexpr std::array<FixedRow, 9> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 9> kLinesF2{{
     {1_cur, "Fund balances at beginning of period", kTotal},
     {2_cur, "Net Income(loss)' accounts", kNone},
-    {3_cur, "Total", kNone},
+    {3_cur, "Total", kNone, LineKind::Total},
     {4_cur, "Additions", kDetail},
-    {9_cur, "Total Additions", kNone},
-    {10_cur, "Subtotal", kNone},
+    {9_cur, "Total Additions", kNone, LineKind::Total},
+    {10_cur, "Subtotal", kNone, LineKind::Total},
     {11_cur, "Deductions", kDetail},
-    {16_cur, "Total Deductions", kNone},
+    {16_cur, "Total Deductions", kNone, LineKind::Total},
     {17_cur, "Fund balance at end of period per balance sheet", kNone},
 }};
+
+namespace {
 
 using Funds = std::array<Currency, 4>;
 
@@ -67,7 +71,7 @@ Funds Minus(Funds a, const Funds& b) {
 }  // namespace
 
 void Build_F2() {
-    Build_Table("F2", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6,Col_7,Col_8", kRows, "ndx", 6);
+    Build_Table("F2", kColumns, "LineNum,Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6,Col_7,Col_8", kLinesF2, "ndx");
 }
 
 void Calc_F2() {

@@ -19,11 +19,6 @@ constexpr std::array kColumns{
 
 constexpr const char* kFields = "LineNum,LineLabel,Col_1";
 
-constexpr std::array<FixedRow, 2> kAddress{{
-    {1_cur, "Street / P.O. Box:", "Null"},
-    {1.01_cur, "City / State / Zip:", "Null"},
-}};
-
 // Special purpose lines of the chart, 24 to 28, stand as 3, 3.5, 4, 5 and 6. This runs before lines 24 and on of the
 // worksheet's own are there.
 constexpr std::array kFromChart{
@@ -38,7 +33,14 @@ constexpr std::array kFromChart{
     "FROM CostCenters WHERE Int(LineNum) IN (24, 26);",
 };
 
-constexpr std::array<FixedRow, 28> kRows{{
+// The address is above the lines that come from the chart.
+constexpr std::size_t kAddressLines = 2;
+
+}  // namespace
+
+constexpr std::array<FixedRow, 30> kLinesS2{{
+    {1_cur, "Street / P.O. Box:", "Null"},
+    {1.01_cur, "City / State / Zip:", "Null"},
     {8_cur, "Type of Control", "'4'"},
     {9_cur, "Is this a (L)ow or (N)o Medicare utilization cost report?", "Null"},
     {10_cur, "Straight Line", "Null"},
@@ -71,7 +73,7 @@ constexpr std::array<FixedRow, 28> kRows{{
      "If the home health agency componentized (or fragmented) its administrative and general service costs, indicate "
      "whether option one(1) or option two(2) is being utilized. (See PRM-II, Section 3214)",
      "Null"},
-    {27_cur, "List amount of malpractice premiums and paid losses:", "Null"},
+    {27_cur, "List amount of malpractice premiums and paid losses:", "Null", LineKind::Heading},
     {27.01_cur, "Premiums", "Null"},
     {27.02_cur, "Paid Losses", "Null"},
     {27.03_cur, "Self Insurance", "Null"},
@@ -88,18 +90,16 @@ constexpr std::array<FixedRow, 28> kRows{{
     {29.03_cur, "City:/State:/Zip Code:", "Null"},
 }};
 
-}  // namespace
-
 void Build_S2() {
     Create_Table("S2", kColumns);
-    Insert_Rows("S2", kFields, kAddress);
+    Insert_Rows("S2", kFields, std::span(kLinesS2).first(kAddressLines));
     db.Execute(Sql("INSERT INTO S2 (LineNum,LineLabel,Col_1,Col_2) VALUES (2,'Home Health Agency',",
                    Quoted(ProviderName), ",", Quoted(ProviderNumber), ");"));
     Execute_All(kFromChart);
     db.Execute(Sql("INSERT INTO S2 (LineNum,LineLabel,Col_1,Col_2) VALUES (7,'Cost Reporting Period (mm/dd/yyyy)',",
                    Date_Literal(FYStart), ",", Date_Literal(FYEnd), ");"));
-    Insert_Rows("S2", kFields, kRows);
-    Finish_Table("S2", "ndx", 0);
+    Insert_Rows("S2", kFields, std::span(kLinesS2).subspan(kAddressLines));
+    Finish_Table("S2", "ndx");
 }
 
 void Calc_S2() {

@@ -1,7 +1,13 @@
 // Worksheet S-2: identification. All answers are text; Null is no answer.
 #pragma once
 
+#include <array>
+
+#include "common/lines.h"
+
 namespace tallmar {
+
+extern const std::array<FixedRow, 30> kLinesS2;
 
 // Name, number and fiscal year come from the open report, lines 3 to 6, 24 and 25 from the chart.
 void Build_S2();

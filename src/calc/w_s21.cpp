@@ -21,7 +21,9 @@ constexpr std::array kColumns{
 constexpr const char* kOtherAdjustments =
     "If line 9 or 10 is yes, were adjustments made to the PS&R Report data for Other? If yes, describe.";
 
-constexpr std::array<FixedRow, 17> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 17> kLinesS21{{
     {1_cur,
      "Has the HHA changed ownership immediately prior to the beginning of the cost reporting period? If yes, enter the "
      "date in column 2.",
@@ -74,6 +76,8 @@ constexpr std::array<FixedRow, 17> kRows{{
     {17_cur, "Phone number/E-mail Address", ""},
 }};
 
+namespace {
+
 bool Is_Yes_At(Recordset& answers, const char* line) {
     answers.FindFirst(line);
     return !answers.NoMatch() && Is_Yes(answers["Col_1"]);
@@ -82,7 +86,7 @@ bool Is_Yes_At(Recordset& answers, const char* line) {
 }  // namespace
 
 void Build_S21() {
-    Build_Table("S21", kColumns, "LineNum,LineLabel", kRows, "ndx", 0);
+    Build_Table("S21", kColumns, "LineNum,LineLabel", kLinesS21, "ndx");
 }
 
 void Calc_S21() {

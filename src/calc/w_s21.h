@@ -2,7 +2,13 @@
 // answers, Null where there is none.
 #pragma once
 
+#include <array>
+
+#include "common/lines.h"
+
 namespace tallmar {
+
+extern const std::array<FixedRow, 17> kLinesS21;
 
 void Build_S21();
 // Clears the answers to questions that a No before them makes void.

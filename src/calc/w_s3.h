@@ -2,7 +2,16 @@
 // CBSA codes, Part IV the visits, charges and episodes under prospective payment.
 #pragma once
 
+#include <array>
+
+#include "common/lines.h"
+
 namespace tallmar {
+
+extern const std::array<FixedRow, 13> kLinesS3p1;
+extern const std::array<FixedRow, 18> kLinesS3p2;
+extern const std::array<FixedRow, 1> kLinesS3p3;
+extern const std::array<FixedRow, 18> kLinesS3p4;
 
 void Build_S3p1();
 // Line 8; the census lines of a report that begins on or after 10/1/2000 become 0.

@@ -20,8 +20,10 @@ constexpr const char* kAll = "0,0,0,0,0,0";
 constexpr const char* kVisitsOnly = "0,Null,0,Null,0,Null";
 constexpr const char* kPatientsOnly = "Null,0,Null,0,Null,0";
 
-constexpr std::array<FixedRow, 13> kRows{{
-    {0_cur, nullptr, "Null,Null,Null,Null,Null,Null"},
+}  // namespace
+
+constexpr std::array<FixedRow, 13> kLinesS3p1{{
+    {0_cur, nullptr, "Null,Null,Null,Null,Null,Null", LineKind::Shaded},
     {1_cur, "Skilled Nursing", kAll},
     {2_cur, "Physical Therapy", kAll},
     {3_cur, "Occupational Therapy", kAll},
@@ -29,12 +31,14 @@ constexpr std::array<FixedRow, 13> kRows{{
     {5_cur, "Medical Social Services", kAll},
     {6_cur, "Home Health Aide", kAll},
     {7_cur, "All Other Services", "Null,Null,0,0,0,0"},
-    {8_cur, "Total Visits", kVisitsOnly},
+    {8_cur, "Total Visits", kVisitsOnly, LineKind::Total},
     {9_cur, "Home Health Aide Hours", kVisitsOnly},
     {10_cur, "Unduplicated Census Count", kPatientsOnly},
     {10.01_cur, "Unduplicated Census Count Pre 10/1/2000", kPatientsOnly},
     {10.02_cur, "Unduplicated Census Count Post 9/30/2000", kPatientsOnly},
 }};
+
+namespace {
 
 constexpr std::array<std::string_view, 3> kVisits{"Col_1", "Col_3", "Col_5"};
 
@@ -51,7 +55,7 @@ void Log_Line(std::string_view message) {
 }  // namespace
 
 void Build_S3p1() {
-    Build_Table("S3p1", kColumns, "LineNum, Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kRows, "ndx", 0);
+    Build_Table("S3p1", kColumns, "LineNum, Description,Col_1,Col_2,Col_3,Col_4,Col_5,Col_6", kLinesS3p1, "ndx");
 }
 
 void Calc_S3p1() {

@@ -12,7 +12,9 @@ namespace {
 constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 40}, Column{"Col_1"},
                               Column{"Col_2"}, Column{"Col_3"}};
 
-constexpr std::array<FixedRow, 18> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 18> kLinesS3p2{{
     {0_cur, "Number of hours in normal work week", "0,Null,Null"},
     {11_cur, "Administrator & Assistant Administrator(s)", "0,0,0"},
     {12_cur, "Director and Assistant Directors(s)", "0,0,0"},
@@ -33,6 +35,8 @@ constexpr std::array<FixedRow, 18> kRows{{
     {27_cur, nullptr, "0,0,0"},
 }};
 
+namespace {
+
 void Log_Line(std::string_view message) {
     Log_Calc("W_S3p2_", "Calc_S3p2", "S3p2", message);
 }
@@ -40,7 +44,7 @@ void Log_Line(std::string_view message) {
 }  // namespace
 
 void Build_S3p2() {
-    Build_Table("S3p2", kColumns, "LineNum, Description,Col_1,Col_2,Col_3", kRows, "ndx", 0);
+    Build_Table("S3p2", kColumns, "LineNum, Description,Col_1,Col_2,Col_3", kLinesS3p2, "ndx");
 }
 
 void Calc_S3p2() {

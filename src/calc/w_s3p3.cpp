@@ -19,11 +19,15 @@ constexpr std::array kColumns{
     Column{"Col_2", FieldType::Text, 6},
 };
 
-constexpr std::array<FixedRow, 1> kRows{{
+}  // namespace
+
+constexpr std::array<FixedRow, 1> kLinesS3p3{{
     {28_cur,
      "Enter the total number of MSAs in which Medicare covered services were provided during the cost reporting period",
      "'0'"},
 }};
+
+namespace {
 
 // Drug lines of C Part III: 16 of reports that end on or after the first date, 16.2 of those that also begin on or
 // before the second.
@@ -52,7 +56,7 @@ void Cost_Drug_Lines(const std::string& lines) {
 }  // namespace
 
 void Build_S3p3() {
-    Build_Table("S3p3", kColumns, "LineNum, Description,Col_1", kRows, "ndx", 0);
+    Build_Table("S3p3", kColumns, "LineNum, Description,Col_1", kLinesS3p3, "ndx");
 }
 
 void Store_Code_Counts() {

@@ -21,7 +21,10 @@ constexpr std::array kColumns{
 };
 
 constexpr const char* kZeroes = "0,0,0,0,0,0,0";
-constexpr std::array<FixedRow, 18> kRows{{
+
+}  // namespace
+
+constexpr std::array<FixedRow, 18> kLinesS3p4{{
     {30_cur, "Skilled Nursing Visits", kZeroes},
     {31_cur, "Skilled Nursing Visits Charges", kZeroes},
     {32_cur, "Physical Therapy Visits", kZeroes},
@@ -34,13 +37,15 @@ constexpr std::array<FixedRow, 18> kRows{{
     {39_cur, "Medical Social Service Visits Charges", kZeroes},
     {40_cur, "Home Health Aide Visits", kZeroes},
     {41_cur, "Home Health Aide Visits Charges", kZeroes},
-    {42_cur, "Total Visits (Sum of lines 30, 32, 34, 36, 38, 40)", kZeroes},
+    {42_cur, "Total Visits (Sum of lines 30, 32, 34, 36, 38, 40)", kZeroes, LineKind::Total},
     {43_cur, "Other Charges", kZeroes},
-    {44_cur, "Total Charges (Sum of lines 31, 33, 35, 37, 39, 41, 43)", kZeroes},
+    {44_cur, "Total Charges (Sum of lines 31, 33, 35, 37, 39, 41, 43)", kZeroes, LineKind::Total},
     {45_cur, "Total Number of Episodes", kZeroes},
     {46_cur, "Total Number of Outlier Episodes", "Null,0,Null,0,0,0,0"},
     {47_cur, "Total Medical Supply Charges", kZeroes},
 }};
+
+namespace {
 
 constexpr const char* kVisitLines = "30,32,34,36,38,40";
 constexpr const char* kChargeLines = "31,33,35,37,39,41,43";
@@ -52,8 +57,8 @@ constexpr std::array<std::string_view, 6> kTotals{"Col_1", "Col_2", "Col_3", "Co
 }  // namespace
 
 void Build_S3p4() {
-    Build_Table("S3p4", kColumns, "LineNum, Description, Col_1, Col_2, Col_3, Col_4, Col_5, Col_6, Col_7", kRows,
-                "ndxS3p4", 0);
+    Build_Table("S3p4", kColumns, "LineNum, Description, Col_1, Col_2, Col_3, Col_4, Col_5, Col_6, Col_7", kLinesS3p4,
+                "ndxS3p4");
 }
 
 void Calc_S3p4() {

@@ -13,7 +13,14 @@ namespace {
 constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 250}, Column{"Col_1"},
                               Column{"Col_2"}};
 
-constexpr std::array<FixedRow, 2> kRows{{{1_cur, "HOME HEALTH AGENCY", "0,0"}, {4_cur, "TOTAL", "Null,Null"}}};
+}  // namespace
+
+constexpr std::array<FixedRow, 2> kLinesSp2{{
+    {1_cur, "HOME HEALTH AGENCY", "0,0"},
+    {4_cur, "TOTAL", "Null,Null", LineKind::Total},
+}};
+
+namespace {
 
 constexpr std::array<std::string_view, 2> kSettlement{"Col_1", "Col_2"};
 
@@ -24,7 +31,7 @@ void Log_Line(std::string_view message) {
 }  // namespace
 
 void Build_Sp2() {
-    Build_Table("Sp2", kColumns, "LineNum,Description,Col_1,Col_2", kRows, "ndx", 11);
+    Build_Table("Sp2", kColumns, "LineNum,Description,Col_1,Col_2", kLinesSp2, "ndx");
 }
 
 void Calc_Sp2() {

@@ -1,9 +1,12 @@
 #include "calc/worksheet.h"
 
+#include <stdexcept>
+
 #include "common/dates.h"
 #include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
+#include "common/worksheets.h"
 #include "report/registry.h"
 
 namespace tallmar {
@@ -51,16 +54,22 @@ void Insert_Rows(const Item& item, std::string_view fields, std::span<const Fixe
     }
 }
 
-void Finish_Table(const Item& item, std::string_view index, int level) {
+void Register_Worksheet(const Item& item) {
+    const WorksheetFamily* family = Find_Family(item);
+    if (family == nullptr) throw std::invalid_argument("no worksheet family: " + item.Name());
+    Edit_Worksheets(item.Name(), "Make", family->level);
+}
+
+void Finish_Table(const Item& item, std::string_view index) {
     if (!index.empty()) db.Execute(Sql("CREATE UNIQUE INDEX ", index, " ON ", item.Name(), " (LineNum);"));
-    Edit_Worksheets(item.Name(), "Make", level);
+    Register_Worksheet(item);
 }
 
 void Build_Table(const Item& item, std::span<const Column> columns, std::string_view fields,
-                 std::span<const FixedRow> rows, std::string_view index, int level) {
+                 std::span<const FixedRow> rows, std::string_view index) {
     Create_Table(item.Name(), columns);
     Insert_Rows(item, fields, rows);
-    Finish_Table(item, index, level);
+    Finish_Table(item, index);
 }
 
 void Execute_All(std::span<const char* const> statements) {

@@ -10,26 +10,22 @@
 
 #include "common/currency.h"
 #include "common/item.h"
+#include "common/lines.h"
 #include "common/value.h"
 #include "report/open_report.h"
 #include "report/tables.h"
 
 namespace tallmar {
 
-// A line that the form always has.
-struct FixedRow {
-    Currency line;
-    const char* label;   // null: the label is Null
-    const char* values;  // the rest of the row as it stands in the statement: "0,0,Null"; empty: no further fields
-};
-
 // INSERT INTO <item> (<fields>) VALUES (<line>,<label>,<values>); a row. `fields` names the line, the label and the
 // fields of `values`: "LineNum, Description,Col_1,Col_2". A label of the form may be longer than its field.
 void Insert_Rows(const Item& item, std::string_view fields, std::span<const FixedRow> rows);
-// The unique index on LineNum (none where `index` is empty) and the registry's "Make".
-void Finish_Table(const Item& item, std::string_view index, int level);
+// The registry's "Make", on the level of the catalogue. Requires an item of a family.
+void Register_Worksheet(const Item& item);
+// The unique index on LineNum (none where `index` is empty), and that.
+void Finish_Table(const Item& item, std::string_view index);
 void Build_Table(const Item& item, std::span<const Column> columns, std::string_view fields,
-                 std::span<const FixedRow> rows, std::string_view index, int level);
+                 std::span<const FixedRow> rows, std::string_view index);
 
 // Runs the statements one after another.
 void Execute_All(std::span<const char* const> statements);

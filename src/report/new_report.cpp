@@ -4,6 +4,7 @@
 
 #include "common/platform.h"
 #include "common/text.h"
+#include "common/worksheets.h"
 #include "report/ag_option.h"
 #include "report/build_worksheet.h"
 #include "report/chart.h"
@@ -18,19 +19,12 @@
 #include "report/run_log.h"
 #include "report/store.h"
 #include "report/window.h"
-#include "report/worksheet_years.h"
 
 namespace tallmar {
 
 namespace {
 
 constexpr std::string_view kLogPrefix = "NewCRF";
-
-// The worksheets of a new report, in the order of building. C Part II and the hospices come with what is entered.
-constexpr const char* kNewWorksheets[] = {"A",     "Sp2",   "S2",    "S21",   "S3p1", "S3p2", "S3p3", "S3p4", "A1",
-                                          "A2",    "A3",    "A4",    "A5",    "A6pA", "A6pB", "A6pC", "A7",   "A83p1",
-                                          "A83p2", "A83p3", "A83p4", "A83p5", "B",    "B1",   "Cp1",  "Cp3",  "Cp4",
-                                          "Cp5",   "Dp1",   "Dp2",   "D1",    "F",    "F1",   "F2"};
 
 }  // namespace
 
@@ -46,9 +40,9 @@ void Assemble_CRF(const NewReportEntries& entries, const FiscalYear& year) {
     Build_Master();
     Build_HeaderLines();
     Build_CC();
-    for (const char* item : kNewWorksheets) {
-        if (!Year_Has(item, FYStart)) continue;
-        Build_Worksheet_Reported(item);
+    for (const WorksheetFamily& family : Families()) {
+        if (!family.inNewReport || !Year_Has(family.years, FYStart)) continue;
+        Build_Worksheet_Reported(std::string(Stem_Of(family.items)));
         The_Platform().Do_Events();
     }
 }

@@ -76,10 +76,10 @@ Pieces Layout_Pieces() {
 Pieces Missing_Pieces() {
     if (!Has_Year()) return {};
     Pieces pieces;
-    for (const std::string_view item : Yearly_Worksheets()) {
-        const Item missing{std::string(item)};
-        if (!Year_Has(item, FYStart) || Find_Family(missing) == nullptr) continue;
-        if (Any_Row(Sql("SELECT Item FROM Worksheets WHERE Item Like(\"", item, "*\");"))) continue;
+    for (const WorksheetFamily& family : Families()) {
+        if (family.years == Years::Always || !family.inNewReport || !Year_Has(family.years, FYStart)) continue;
+        const Item missing{std::string(Stem_Of(family.items))};
+        if (Any_Row(Sql("SELECT Item FROM Worksheets WHERE Item Like(\"", missing.Name(), "*\");"))) continue;
         pieces.push_back({missing, [missing] { Build_Worksheet(missing); }});
     }
     return pieces;

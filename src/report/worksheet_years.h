@@ -1,8 +1,7 @@
 // The worksheets that some fiscal years have and others do not: and A-8-3 before 10/1/2000, S-2-1 from
-// 10/1/2015 on.
+// 10/1/2015 on. The catalogue says which they are.
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -10,10 +9,9 @@
 
 namespace tallmar {
 
-// True where a fiscal year that starts on `start` has the worksheet; of a worksheet that every year has, always.
+// True where a fiscal year that starts on `start` has the worksheet, in whatever case its table is named; of an item of
+// no family, always.
 bool Year_Has(std::string_view item, Date start);
-// The items that not every year has, as they are built: "A83p1" stands for the instances of its part.
-std::span<const std::string_view> Yearly_Worksheets();
 
 // The worksheets that come and those that go as the start of the year moves: "A-1, A-2, A-3, A-8-3"; empty where none
 // does.

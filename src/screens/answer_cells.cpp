@@ -153,10 +153,8 @@ const AnswerList* Find_List(AnswerKind kind) {
 }  // namespace
 
 const AnswerCell* Find_Answer(std::span<const AnswerCell> cells, Currency line, std::string_view field) {
-    const auto found = std::ranges::find_if(cells, [&](const AnswerCell& cell) {
-        return line >= cell.from && line <= cell.to && field.size() == 5 && field.back() - '0' == cell.column;
-    });
-    return found == cells.end() ? nullptr : &*found;
+    return Find_Row(cells, line,
+                    [&](const AnswerCell& cell) { return field.size() == 5 && field.back() - '0' == cell.column; });
 }
 
 CellResult Check_Answer(AnswerKind kind, std::string_view text, int length) {

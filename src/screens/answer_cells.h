@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "common/lines.h"
 #include "screens/form_description.h"
 
 namespace tallmar {
@@ -27,9 +28,9 @@ enum class AnswerKind : std::uint8_t {
     Zip,
 };
 
-// Lines `from` to `to` of column Col_<column>.
+// What column Col_<column> takes in these lines.
 struct AnswerCell {
-    Currency from, to;
+    LineRange lines;
     int column;
     AnswerKind kind;
 };

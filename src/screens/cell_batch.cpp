@@ -16,6 +16,7 @@
 #include "screens/cell_check.h"
 #include "screens/cell_place.h"
 #include "screens/entry_cells.h"
+#include "screens/worksheet_forms.h"
 
 namespace tallmar {
 
@@ -155,12 +156,12 @@ void Batch::Enter(std::span<std::size_t> order) {
 
 void Batch::Enter_Worksheet(std::span<const std::size_t> order) {
     const Item item(cells_[order.front()].item);
-    const WorksheetFamily* family = Find_Family(item);
-    if (family == nullptr || !Is_Registered_Table(item.Name()))
+    if (Find_Family(item) == nullptr || !Is_Registered_Table(item.Name()))
         return Refuse_All(order, kUnknownWorksheet, item.Name());
-    if (family->edit == nullptr) return Refuse_All(order, kNoEditForm, item.Name());
-    OpenForm form(*family->edit, item);
-    const bool hasLines = !family->edit->order.empty();
+    const FormDescription* edit = Form_Of(FormMode::Edit, item);
+    if (edit == nullptr) return Refuse_All(order, kNoEditForm, item.Name());
+    OpenForm form(*edit, item);
+    const bool hasLines = !edit->order.empty();
     for (std::size_t from = 0; from < order.size();) {
         const std::optional<Currency> line = hasLines ? lines_[order[from]] : Currency();
         std::size_t to = from + 1;

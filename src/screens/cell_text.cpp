@@ -1,7 +1,6 @@
 #include "screens/cell_text.h"
 
 #include <algorithm>
-#include <array>
 
 #include "common/dates.h"
 #include "common/format.h"
@@ -20,9 +19,6 @@ constexpr int kCentPlaces = 2;
 
 // From this size on a text is a name or a description, not a code.
 constexpr int kNameSize = 20;
-
-constexpr std::array<std::string_view, 3> kTotalWords{"TOTAL", "SUBTOTAL", "SUB-TOTAL"};
-constexpr std::string_view kWordEnds = " S(:-";  // "TOTALS" as well
 
 bool Is_Text(FieldType type) {
     return type == FieldType::Text || type == FieldType::Memo || type == FieldType::Char;
@@ -91,16 +87,6 @@ std::size_t Frozen_Columns(std::span<const GridColumn> shown) {
         if (Is_Name(shown[count++])) break;
     }
     return count;
-}
-
-bool Is_Named_Total(const Row& row, std::span<const GridColumn> columns) {
-    const auto name = std::ranges::find_if(columns, [](const GridColumn& c) { return !c.hidden && Is_Name(c); });
-    if (name == columns.end()) return false;
-    const std::string text = To_Upper(Trim(Nz_Str(row[name->field])));
-    return std::ranges::any_of(kTotalWords, [&](std::string_view word) {
-        return text.starts_with(word) &&
-               (text.size() == word.size() || kWordEnds.find(text[word.size()]) != kWordEnds.npos);
-    });
 }
 
 }  // namespace tallmar

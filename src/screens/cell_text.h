@@ -27,7 +27,5 @@ bool Is_Figure(const GridColumn& column);
 // The leading columns without a number, up to the first that holds names: line, group, name. They stay in sight. At
 // least one column is left to move.
 std::size_t Frozen_Columns(std::span<const GridColumn> shown);
-// A row whose name begins as that of a total or subtotal.
-bool Is_Named_Total(const Row& row, std::span<const GridColumn> columns);
 
 }  // namespace tallmar

@@ -3,64 +3,25 @@
 #include <algorithm>
 #include <array>
 
-#include "calc/worksheet.h"
-#include "common/dates.h"
 #include "common/sql_text.h"
 #include "common/text.h"
 #include "common/worksheets.h"
 #include "report/open_report.h"
 #include "report/registry.h"
-#include "screens/forms.h"
+#include "screens/year_rules.h"
 
 namespace tallmar {
 
 namespace {
-
-// Tables that have a form and are no worksheets.
-struct OtherForm {
-    std::string_view item;
-    const FormDescription* edit;
-    const FormDescription* view;
-};
-constexpr std::array kOtherForms{
-    OtherForm{"CCs", nullptr, &kViewCCs},
-    OtherForm{"HeaderLines", &kHeaderLines, nullptr},
-};
-
-const OtherForm* Find_Other(const Item& item) {
-    const auto found = std::ranges::find(kOtherForms, item.Name(), &OtherForm::item);
-    return found == kOtherForms.end() ? nullptr : &*found;
-}
 
 // Where the item stands in a caption, behind "Edit Worksheet ".
 constexpr std::size_t kItemAt = 15;
 constexpr std::string_view kEditWord = "Edit";
 constexpr std::string_view kViewWord = "View";
 
-// Why the walk passes a worksheet over.
-enum class Passed : std::uint8_t {
-    AfterLimits,   // the fiscal year starts on or after 10/1/2000
-    BeforeLimits,  // it ends before
-    NoEditForm,
-    FromOutside,  // the walk does not come from this family
-};
-struct PassedOver {
-    ItemPattern items;
-    Passed when;
-    bool view;  // in view mode too
-};
-constexpr std::array kPassedOver{
-    PassedOver{"S3p4", Passed::BeforeLimits, false}, PassedOver{"A1", Passed::AfterLimits, true},
-    PassedOver{"A2", Passed::AfterLimits, true},     PassedOver{"A3", Passed::AfterLimits, true},
-    PassedOver{"A83*", Passed::AfterLimits, true},   PassedOver{"Cp4", Passed::AfterLimits, false},
-    PassedOver{"S5?2*", Passed::FromOutside, false}, PassedOver{"Cp1", Passed::NoEditForm, false},
-    PassedOver{"A83p2*", Passed::NoEditForm, false}, PassedOver{"A83p3*", Passed::NoEditForm, false},
-    PassedOver{"B", Passed::NoEditForm, false},      PassedOver{"K4p1*", Passed::NoEditForm, false},
-    PassedOver{"K5p1*", Passed::NoEditForm, false},  PassedOver{"K6*", Passed::NoEditForm, false},
-    PassedOver{"O5*", Passed::NoEditForm, false},    PassedOver{"O6p1*", Passed::NoEditForm, false},
-    PassedOver{"O8*", Passed::NoEditForm, false},    PassedOver{"Sp2", Passed::NoEditForm, false},
-};
-constexpr std::string_view kPassedFamily = "S5";
+// The census of a hospice is entered from its own family alone.
+constexpr ItemPattern kCensus("S5?2*");
+constexpr std::string_view kCensusFamily = "S5";
 
 // From a worksheet of a hospice series the walk stays among that series and its statistics.
 struct HospiceSeries {
@@ -72,25 +33,10 @@ constexpr std::array kHospiceSeries{
     HospiceSeries{"O", {"O", "S5p3", "S5p4"}},
 };
 
-bool Holds(Passed when, std::string_view from) {
-    switch (when) {
-        case Passed::AfterLimits:
-            return FYStart >= kCostLimitsEnd;
-        case Passed::BeforeLimits:
-            return FYEnd < kCostLimitsEnd;
-        case Passed::NoEditForm:
-            return true;
-        case Passed::FromOutside:
-            return !Begins_With(from, kPassedFamily);
-    }
-    return false;
-}
-
-bool Is_Passed_Over(FormMode mode, std::string_view from, std::string_view item) {
-    const auto passes = [&](const PassedOver& rule) {
-        return (mode == FormMode::Edit || rule.view) && rule.items.Matches(item) && Holds(rule.when, from);
-    };
-    if (std::ranges::any_of(kPassedOver, passes)) return true;
+bool Is_Passed_Over(FormMode mode, std::string_view from, const std::string& item) {
+    if (Year_Leaves_Out(WorksheetList::Walk, mode, item)) return true;
+    if (mode == FormMode::Edit && Has_No_Edit_Form(item)) return true;
+    if (mode == FormMode::Edit && kCensus.Matches(item) && !Begins_With(from, kCensusFamily)) return true;
     for (const HospiceSeries& series : kHospiceSeries) {
         if (!Begins_With(from, series.from)) continue;
         return std::ranges::none_of(series.to, [&](std::string_view start) { return Begins_With(item, start); });
@@ -98,19 +44,17 @@ bool Is_Passed_Over(FormMode mode, std::string_view from, std::string_view item)
     return false;
 }
 
+// A table with a form that is no worksheet has no neighbours.
+bool Is_No_Worksheet(const Item& item) {
+    const WorksheetForms* forms = Find_Forms(item);
+    return forms != nullptr && (forms->edit != nullptr || forms->view != nullptr) && Find_Family(item) == nullptr;
+}
+
 std::string_view Word_Of(FormMode mode) {
     return mode == FormMode::Edit ? kEditWord : kViewWord;
 }
 
 }  // namespace
-
-const FormDescription* Form_Of(FormMode mode, const Item& item) {
-    const bool edit = mode == FormMode::Edit;
-    if (const WorksheetFamily* family = Find_Family(item)) return edit ? family->edit : family->view;
-    const OtherForm* other = Find_Other(item);
-    if (other == nullptr) return nullptr;
-    return edit ? other->edit : other->view;
-}
 
 const FormDescription* Form_To_Open(FormMode mode, const Item& item) {
     const FormDescription* form = Form_Of(mode, item);
@@ -136,7 +80,7 @@ Item Item_Of_Caption(std::string_view caption) {
 
 std::string Next_Worksheet(std::string_view caption, Direction direction) {
     const Item from = Item_Of_Caption(caption);
-    if (from.Name().empty() || Find_Other(from) != nullptr || !db.Is_Open()) return {};
+    if (from.Name().empty() || Is_No_Worksheet(from) || !db.Is_Open()) return {};
     const bool next = direction == Direction::Next;
     const std::string select =
         Sql("SELECT Item From Worksheets Where Calc_Lvl < 900 And (((ItemName) ", next ? ">" : "<", " ",

@@ -8,16 +8,13 @@
 #include <string_view>
 
 #include "screens/form_description.h"
+#include "screens/worksheet_forms.h"
 
 namespace tallmar {
 
-enum class FormMode : std::uint8_t { Edit, View };
 enum class Direction : std::uint8_t { Next, Previous };
 
-// The form of the item in this mode: the catalogue's, or that of a table that is no worksheet ("CCs"). Null where there
-// is none.
-const FormDescription* Form_Of(FormMode mode, const Item& item);
-// The same where the open report has the form's table; null, too, while no report is open. What opening goes by.
+// The form of the item where the open report has its table; null, too, while no report is open. What opening goes by.
 const FormDescription* Form_To_Open(FormMode mode, const Item& item);
 // "Unknown worksheet requested (<Item>) for <Mode>": what opening says where there is no form or no table.
 std::string Unknown_Worksheet(FormMode mode, std::string_view item);

@@ -94,7 +94,7 @@ std::string Kept_Name(const RowUnderEdit& row) {
                "'. To rename a cost center everywhere use Cost Centers Structure.");
 }
 
-constexpr std::array kFoot{FootSum{"Total", 1_cur, 28.99_cur}};
+constexpr std::array kFoot{FootSum{"Total", {1_cur, 28.99_cur}}};
 
 constexpr FormDescription Edit_Compensation(std::string_view name) {
     return {.name = name,

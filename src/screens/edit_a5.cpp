@@ -37,13 +37,13 @@ bool Is_User_Line(Currency line) {
     return line >= 13_cur && line < 21_cur;
 }
 
-constexpr std::array kUserLines{UserLines{13_cur, 20.99_cur, 0.01_cur}};
+constexpr std::array kUserLines{UserLines{{13_cur, 20.99_cur}, 0.01_cur}};
 
 // A line before all others has none that it could be added behind.
 std::optional<Currency> Next_Line(const Item& item, Currency line) {
     const Currency before =
         Read_Currency(Sql("Select Max(LineNum) as HighLN From A5 Where LineNum>=13 And LineNum < ", line, ";"));
-    return Next_In_Group<kUserLines>(item, before == Currency() && Is_User_Line(line) ? kUserLines[0].to : line);
+    return Next_In_Group<kUserLines>(item, before == Currency() && Is_User_Line(line) ? kUserLines[0].lines.to : line);
 }
 
 // The wording of lines 1 to 12 is the form's.

@@ -98,7 +98,7 @@ CellResult Check_C(const CellPlace& place, std::string_view text) {
 }
 
 // Above 999 the form moves its rows.
-constexpr std::array kLinesC{UserLines{1_cur, 999_cur, 1_cur}};
+constexpr std::array kLinesC{UserLines{{1_cur, 999_cur}, 1_cur}};
 Currency Add_C(const Item&, Currency current) {
     return Add_A6pC_Row(current);
 }

@@ -49,19 +49,19 @@ constexpr std::array kColumns5{
 
 // Line 2 and line 9 are computed.
 constexpr std::array kEntries1{
-    EntryCells{1_cur, 1_cur, "Col_1"},
-    EntryCells{3_cur, 6_cur, "Col_1"},
-    EntryCells{7_cur, 8_cur, "Col_1 Col_2 Col_3 Col_4"},
-    EntryCells{10_cur, 11_cur, "Col_1 Col_2 Col_3"},
+    EntryCells{1_cur, "Col_1"},
+    EntryCells{{3_cur, 6_cur}, "Col_1"},
+    EntryCells{{7_cur, 8_cur}, "Col_1 Col_2 Col_3 Col_4"},
+    EntryCells{{10_cur, 11_cur}, "Col_1 Col_2 Col_3"},
 };
 // The cells of this part are empty before they are keyed.
 constexpr std::array kEntries4{
-    EntryCells{32_cur, 32_cur, "Col_1 Col_2 Col_3"},
-    EntryCells{36_cur, 36_cur, "Col_4"},
+    EntryCells{32_cur, "Col_1 Col_2 Col_3"},
+    EntryCells{36_cur, "Col_4"},
 };
 constexpr std::array kEntries5{
-    EntryCells{45_cur, 46_cur, "Col_1"},
-    EntryCells{48_cur, 48_cur, "Col_1"},
+    EntryCells{{45_cur, 46_cur}, "Col_1"},
+    EntryCells{48_cur, "Col_1"},
 };
 
 // The worksheet ends on 10/1/2000.

@@ -198,7 +198,7 @@ void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn> co
 }
 
 constexpr std::array kSides{SideTable{"B1X", "RowCCNum"}};
-constexpr std::array kFoot{FootSum{"Total", 1_cur, 28.99_cur}};
+constexpr std::array kFoot{FootSum{"Total", {1_cur, 28.99_cur}}};
 
 }  // namespace
 

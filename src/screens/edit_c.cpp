@@ -83,11 +83,11 @@ constexpr std::array kColumns5{
 // Columns 7 and 10 are not computed and stay as keyed; they are empty before. Lines 8 to 13 take the visits of columns
 // 5 and 6 from lines 1 to 6.
 constexpr std::array kEntries2{
-    EntryCells{1_cur, 6.01_cur, "Col_5 Col_6 Col_7 Col_10"},
-    EntryCells{8_cur, 13_cur, "Col_4 Col_7 Col_10"},
+    EntryCells{{1_cur, 6.01_cur}, "Col_5 Col_6 Col_7 Col_10"},
+    EntryCells{{8_cur, 13_cur}, "Col_4 Col_7 Col_10"},
 };
-constexpr std::array kEntries4{EntryCells{23.01_cur, 23.99_cur, "Col_1 Col_2"}};
-constexpr std::array kEntries5{EntryCells{25_cur, 27_cur, "Col_3 Col_5 Col_501 Col_502"}};
+constexpr std::array kEntries4{EntryCells{{23.01_cur, 23.99_cur}, "Col_1 Col_2"}};
+constexpr std::array kEntries5{EntryCells{{25_cur, 27_cur}, "Col_3 Col_5 Col_501 Col_502"}};
 
 // The post lines of a split period have a total of their own.
 std::vector<GridColumn> Total_Post(const Item&) {
@@ -104,11 +104,11 @@ std::vector<GridColumn> Total_Post(const Item&) {
 constexpr SourcedCells kCosts2{1_cur, 6.01_cur, "Col_4", why::kComputed};
 constexpr std::array kSources2{
     kCosts2,
-    SourcedCells{8_cur, 13_cur, "Col_5 Col_6", "it comes from lines 1 to 6"},
+    SourcedCells{{8_cur, 13_cur}, "Col_5 Col_6", "it comes from lines 1 to 6"},
 };
 constexpr std::array kLimits2{
     kCosts2,
-    SourcedCells{8_cur, 13_cur, "Col_4 Col_5 Col_6 Col_7 Col_10", why::kLimitYears},
+    SourcedCells{{8_cur, 13_cur}, "Col_4 Col_5 Col_6 Col_7 Col_10", why::kLimitYears},
 };
 std::string_view Locked_2(const CellPlace& place) {
     const std::span<const SourcedCells> sources =

@@ -42,47 +42,46 @@ constexpr std::array kPayments{
 
 // The drug charges of line 4.01 come from C Part III in columns 2 and 3.
 constexpr std::array kEntries1{
-    EntryCells{2_cur, 2_cur, "Col_3"},
-    EntryCells{4_cur, 4_cur, "Col_1 Col_2 Col_3"},
-    EntryCells{4.01_cur, 4.01_cur, "Col_1"},
-    EntryCells{5_cur, 6_cur, "Col_1 Col_2 Col_3"},
-    EntryCells{11_cur, 11_cur, "Col_1 Col_2 Col_3"},
+    EntryCells{2_cur, "Col_3"},
+    EntryCells{4_cur, "Col_1 Col_2 Col_3"},
+    EntryCells{4.01_cur, "Col_1"},
+    EntryCells{{5_cur, 6_cur}, "Col_1 Col_2 Col_3"},
+    EntryCells{11_cur, "Col_1 Col_2 Col_3"},
 };
 constexpr std::array kSources1{
-    SourcedCells{4.01_cur, 4.01_cur, "Col_2 Col_3", "it comes from Worksheet C Part III"},
+    SourcedCells{4.01_cur, "Col_2 Col_3", "it comes from Worksheet C Part III"},
 };
 
 // Episodes are paid from both parts, though column 2 begins empty. Line 25.5 is specified in its description.
 constexpr std::array kEntries2{
-    EntryCells{12.01_cur, 12.14_cur, "Col_1 Col_2"},
-    EntryCells{13_cur, 13_cur, "Col_2"},
-    EntryCells{17_cur, 17_cur, "Col_2"},
-    EntryCells{19_cur, 19_cur, "Col_1 Col_2"},
-    EntryCells{20_cur, 20_cur, "Col_2"},
-    EntryCells{22_cur, 24_cur, "Col_1 Col_2"},
-    EntryCells{25.5_cur, 25.99_cur, "Description Col_1 Col_2"},
-    EntryCells{26_cur, 26_cur, "Col_1 Col_2"},
-    EntryCells{30_cur, 30_cur, "Col_1 Col_2"},
+    EntryCells{{12.01_cur, 12.14_cur}, "Col_1 Col_2"},
+    EntryCells{13_cur, "Col_2"},
+    EntryCells{17_cur, "Col_2"},
+    EntryCells{19_cur, "Col_1 Col_2"},
+    EntryCells{20_cur, "Col_2"},
+    EntryCells{{22_cur, 24_cur}, "Col_1 Col_2"},
+    EntryCells{{25.5_cur, 25.99_cur}, "Description Col_1 Col_2"},
+    EntryCells{26_cur, "Col_1 Col_2"},
+    EntryCells{30_cur, "Col_1 Col_2"},
 };
 
 // Program to provider, and provider to program. The first line of each is the form's own, with its wording.
 constexpr std::array kLumpSums{
-    UserLines{3.01_cur, 3.49_cur, 0.01_cur},
-    UserLines{3.5_cur, 3.98_cur, 0.01_cur},
+    UserLines{{3.01_cur, 3.49_cur}, 0.01_cur},
+    UserLines{{3.5_cur, 3.98_cur}, 0.01_cur},
 };
 constexpr NewRow kNoPayment{"Col_2, Col_4", "0, 0"};
 
 const UserLines* Group_Of(Currency line) {
-    const auto group = std::ranges::find_if(kLumpSums, [&](const UserLines& g) { return g.Has(line); });
-    return group == kLumpSums.end() ? nullptr : &*group;
+    return Find_Row(kLumpSums, line);
 }
 
 // Lines 1 and 2 are sums over the period and have no date.
 constexpr std::array kPaymentEntries{
-    EntryCells{1_cur, 2_cur, "Col_2 Col_4"},
-    EntryCells{kLumpSums[0].from, kLumpSums[1].to, "Col_1 Col_2 Col_3 Col_4"},
-    EntryCells{3.02_cur, kLumpSums[0].to, "Description"},
-    EntryCells{3.51_cur, kLumpSums[1].to, "Description"},
+    EntryCells{{1_cur, 2_cur}, "Col_2 Col_4"},
+    EntryCells{{kLumpSums[0].lines.from, kLumpSums[1].lines.to}, "Col_1 Col_2 Col_3 Col_4"},
+    EntryCells{{3.02_cur, kLumpSums[0].lines.to}, "Description"},
+    EntryCells{{3.51_cur, kLumpSums[1].lines.to}, "Description"},
 };
 
 constexpr BoxText kInvalidDate{
@@ -100,20 +99,20 @@ CellResult Check_Date(const CellPlace&, std::string_view text) {
 // A further payment is described as the first of its group.
 void Describe_Lump_Sum(const Item& item, Currency line) {
     const Row first =
-        db.Read_Row(Sql("SELECT Description FROM ", item.Name(), " WHERE LineNum = ", Group_Of(line)->from));
+        db.Read_Row(Sql("SELECT Description FROM ", item.Name(), " WHERE LineNum = ", Group_Of(line)->lines.from));
     db.Execute(
         Sql("UPDATE ", item.Name(), " SET Description = ", first["Description"], " WHERE LineNum = ", line, ";"));
 }
 
 Currency Add_Lump_Sum(const Item& item, Currency current) {
-    const Currency line = Add_User_Line(item, kLumpSums[kLumpSums[1].Has(current) ? 1 : 0], current, kNoPayment);
+    const Currency line = Add_User_Line(item, kLumpSums[kLumpSums[1].lines.Has(current) ? 1 : 0], current, kNoPayment);
     Describe_Lump_Sum(item, line);
     return line;
 }
 
 void Remove_Lump_Sum(const Item& item, Currency line) {
     const UserLines* group = Group_Of(line);
-    if (group != nullptr && line != group->from) Delete_Line(item, line);
+    if (group != nullptr && line != group->lines.from) Delete_Line(item, line);
 }
 
 std::string_view Locked_1(const CellPlace& place) {

@@ -47,36 +47,34 @@ constexpr std::string_view kFunds = "Col_1 Col_2 Col_3 Col_4";
 // A fund balance stands in the column of its fund only. The lines of other assets and liabilities are specified in
 // their description.
 constexpr std::array kEntries{
-    EntryCells{1_cur, 10_cur, kFunds},         EntryCells{12_cur, 26_cur, kFunds},
-    EntryCells{28_cur, 31_cur, kFunds},        EntryCells{34_cur, 41_cur, kFunds},
-    EntryCells{43_cur, 48_cur, kFunds},        EntryCells{51_cur, 51_cur, "Col_1"},
-    EntryCells{52_cur, 52_cur, "Col_2"},       EntryCells{53_cur, 55_cur, "Col_3"},
-    EntryCells{56_cur, 57_cur, "Col_4"},       EntryCells{9_cur, 9_cur, "Description"},
-    EntryCells{31_cur, 31_cur, "Description"}, EntryCells{41_cur, 41_cur, "Description"},
-    EntryCells{48_cur, 48_cur, "Description"},
+    EntryCells{{1_cur, 10_cur}, kFunds},  EntryCells{{12_cur, 26_cur}, kFunds},  EntryCells{{28_cur, 31_cur}, kFunds},
+    EntryCells{{34_cur, 41_cur}, kFunds}, EntryCells{{43_cur, 48_cur}, kFunds},  EntryCells{51_cur, "Col_1"},
+    EntryCells{52_cur, "Col_2"},          EntryCells{{53_cur, 55_cur}, "Col_3"}, EntryCells{{56_cur, 57_cur}, "Col_4"},
+    EntryCells{9_cur, "Description"},     EntryCells{31_cur, "Description"},     EntryCells{41_cur, "Description"},
+    EntryCells{48_cur, "Description"},
 };
 
 // Allowances and depreciation are keyed without a sign and taken off, as the totals of lines 33 and 59 do.
 constexpr std::array kTakenOff{6_cur, 14_cur, 16_cur, 18_cur, 20_cur, 22_cur, 24_cur};
 constexpr std::array kFoot{
-    FootSum{"Total Assets", 1_cur, 31_cur, kTakenOff},
-    FootSum{"Total Liabilities & Fund Balances", 34_cur, 57_cur},
+    FootSum{"Total Assets", {1_cur, 31_cur}, kTakenOff},
+    FootSum{"Total Liabilities & Fund Balances", {34_cur, 57_cur}},
 };
 
 // Line 4 comes from Worksheet A. Lines without the form's wording, and sublines, are the user's.
 constexpr std::array kEntries1{
-    EntryCells{1_cur, 2_cur, "Col_1"},
-    EntryCells{5_cur, 16.99_cur, "Col_1"},
-    EntryCells{19_cur, 31.99_cur, "Col_1"},
+    EntryCells{{1_cur, 2_cur}, "Col_1"},
+    EntryCells{{5_cur, 16.99_cur}, "Col_1"},
+    EntryCells{{19_cur, 31.99_cur}, "Col_1"},
 };
 constexpr std::array kOwnLines1{
-    UserLines{6_cur, 10.99_cur, 0.01_cur},
-    UserLines{12_cur, 16.99_cur, 0.01_cur},
-    UserLines{29_cur, 31.99_cur, 0.01_cur},
+    UserLines{{6_cur, 10.99_cur}, 0.01_cur},
+    UserLines{{12_cur, 16.99_cur}, 0.01_cur},
+    UserLines{{29_cur, 31.99_cur}, 0.01_cur},
 };
 constexpr std::array kDetailLines1{
-    UserLines{5_cur, 16.99_cur, 0.01_cur},
-    UserLines{19_cur, 31.99_cur, 0.01_cur},
+    UserLines{{5_cur, 16.99_cur}, 0.01_cur},
+    UserLines{{19_cur, 31.99_cur}, 0.01_cur},
 };
 constexpr NewRow kNoAmount{"Col_1", "0"};
 
@@ -84,20 +82,18 @@ constexpr NewRow kNoAmount{"Col_1", "0"};
 constexpr std::string_view kDetail = "Col_1 Col_3 Col_5 Col_7";
 constexpr std::string_view kUserDetail = "Description Col_1 Col_3 Col_5 Col_7";
 constexpr std::array kEntries2{
-    EntryCells{1_cur, 1_cur, "Col_2 Col_4 Col_6 Col_8"},
-    EntryCells{4_cur, 4.99_cur, kDetail},
-    EntryCells{5_cur, 8.99_cur, kUserDetail},
-    EntryCells{11_cur, 11.99_cur, kDetail},
-    EntryCells{12_cur, 15.99_cur, kUserDetail},
+    EntryCells{1_cur, "Col_2 Col_4 Col_6 Col_8"}, EntryCells{{4_cur, 4.99_cur}, kDetail},
+    EntryCells{{5_cur, 8.99_cur}, kUserDetail},   EntryCells{{11_cur, 11.99_cur}, kDetail},
+    EntryCells{{12_cur, 15.99_cur}, kUserDetail},
 };
 constexpr std::array kOwnLines2{
-    UserLines{5_cur, 8.99_cur, 1_cur},
-    UserLines{12_cur, 15.99_cur, 1_cur},
+    UserLines{{5_cur, 8.99_cur}, 1_cur},
+    UserLines{{12_cur, 15.99_cur}, 1_cur},
 };
 constexpr NewRow kNoDetail{"Col_1, Col_3, Col_5, Col_7", "0, 0, 0, 0"};
 
 bool Has_Line(std::span<const UserLines> groups, Currency line) {
-    return std::ranges::any_of(groups, [&](const UserLines& group) { return group.Has(line); });
+    return Find_Row(groups, line) != nullptr;
 }
 
 std::string_view Locked_1(const CellPlace& place) {
@@ -112,7 +108,7 @@ std::string_view Not_Shown_1(Currency line) {
 }
 
 UserLines Sublines_Of(Currency line) {
-    return {line.Int() + 0.01_cur, line.Int() + 0.99_cur, 0.01_cur};
+    return {{line.Int() + 0.01_cur, line.Int() + 0.99_cur}, 0.01_cur};
 }
 
 std::optional<Currency> Next_Line_1(const Item& item, Currency line) {
@@ -122,7 +118,7 @@ std::optional<Currency> Next_Line_1(const Item& item, Currency line) {
 
 // A subline of the line that the cursor is in; elsewhere of the last user's line.
 Currency Add_1(const Item& item, Currency current) {
-    const Currency of = Has_Line(kDetailLines1, current) ? current : kDetailLines1.back().to;
+    const Currency of = Has_Line(kDetailLines1, current) ? current : kDetailLines1.back().lines.to;
     return Add_User_Line(item, Sublines_Of(of), current, kNoAmount);
 }
 
@@ -133,12 +129,12 @@ void Remove_1(const Item& item, Currency line) {
 // The whole lines first, what goes beyond in hundredths behind the last.
 UserLines Lines_To_Add_2(const Item& item, Currency current) {
     const UserLines& group = kOwnLines2[current < 10_cur ? 0 : 1];
-    const Currency last = group.to.Int();
+    const Currency first = group.lines.from, last = group.lines.to.Int();
     const Row full =
         db.Read_Row(Sql("SELECT Count(LineNum) AS Cnt FROM ", item.Name(), " WHERE LineNum = Int(LineNum) ",
-                        "AND LineNum BETWEEN ", group.from, " AND ", last, ";"));
-    const bool isFull = full["Cnt"].To_Currency() >= last - group.from + 1_cur;
-    return isFull ? UserLines{last + 0.01_cur, group.to, 0.01_cur} : UserLines{group.from, last, group.step};
+                        "AND LineNum BETWEEN ", first, " AND ", last, ";"));
+    const bool isFull = full["Cnt"].To_Currency() >= last - first + 1_cur;
+    return isFull ? UserLines{{last + 0.01_cur, group.lines.to}, 0.01_cur} : UserLines{{first, last}, group.step};
 }
 std::optional<Currency> Next_Line_2(const Item& item, Currency line) {
     if (!Has_Line(kOwnLines2, line)) return std::nullopt;

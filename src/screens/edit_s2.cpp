@@ -26,36 +26,37 @@ constexpr std::array kColumns{
 constexpr std::string_view kForm = "frmEditS2";
 constexpr Currency kOptionLine = 26_cur;
 constexpr Currency kSumLine = 13_cur;
+constexpr LineRange kHospiceNames{3.5_cur, 3.59_cur};
 
 // Line 13 is computed and line 27 a heading. Line 29.02 has a use for all three columns: the edit checks ask for them.
 constexpr std::array kAnswers{
-    AnswerCell{1_cur, 1_cur, 1, AnswerKind::Text},
-    AnswerCell{1_cur, 1_cur, 2, AnswerKind::Text},
-    AnswerCell{1.01_cur, 1.01_cur, 1, AnswerKind::Text},
-    AnswerCell{1.01_cur, 1.01_cur, 2, AnswerKind::State},
-    AnswerCell{1.01_cur, 1.01_cur, 3, AnswerKind::Zip},
-    AnswerCell{2_cur, 6.99_cur, 1, AnswerKind::Text},
-    AnswerCell{2_cur, 6.99_cur, 2, AnswerKind::Text},
-    AnswerCell{2_cur, 6.99_cur, 3, AnswerKind::Certification},
-    AnswerCell{7_cur, 7_cur, 1, AnswerKind::Date},
-    AnswerCell{7_cur, 7_cur, 2, AnswerKind::Date},
-    AnswerCell{8_cur, 8_cur, 1, AnswerKind::ControlType},
-    AnswerCell{9_cur, 9_cur, 1, AnswerKind::LowNo},
-    AnswerCell{10_cur, 12_cur, 1, AnswerKind::WholeNumber},
-    AnswerCell{14_cur, 16_cur, 1, AnswerKind::YesNo},
-    AnswerCell{17_cur, 17_cur, 1, AnswerKind::WholeNumber},
-    AnswerCell{18_cur, 22.99_cur, 1, AnswerKind::YesNo},
-    AnswerCell{23_cur, 25.99_cur, 1, AnswerKind::YesNo},
-    AnswerCell{23_cur, 25.99_cur, 2, AnswerKind::YesNo},
-    AnswerCell{kOptionLine, kOptionLine, 1, AnswerKind::SplitOption},
-    AnswerCell{27.01_cur, 27.03_cur, 1, AnswerKind::WholeNumber},
-    AnswerCell{28_cur, 29_cur, 1, AnswerKind::YesNo},
-    AnswerCell{29.01_cur, 29.02_cur, 1, AnswerKind::Text},
-    AnswerCell{29.01_cur, 29.02_cur, 2, AnswerKind::Text},
-    AnswerCell{29.01_cur, 29.02_cur, 3, AnswerKind::Text},
-    AnswerCell{29.03_cur, 29.03_cur, 1, AnswerKind::Text},
-    AnswerCell{29.03_cur, 29.03_cur, 2, AnswerKind::State},
-    AnswerCell{29.03_cur, 29.03_cur, 3, AnswerKind::Zip},
+    AnswerCell{1_cur, 1, AnswerKind::Text},
+    AnswerCell{1_cur, 2, AnswerKind::Text},
+    AnswerCell{1.01_cur, 1, AnswerKind::Text},
+    AnswerCell{1.01_cur, 2, AnswerKind::State},
+    AnswerCell{1.01_cur, 3, AnswerKind::Zip},
+    AnswerCell{{2_cur, 6.99_cur}, 1, AnswerKind::Text},
+    AnswerCell{{2_cur, 6.99_cur}, 2, AnswerKind::Text},
+    AnswerCell{{2_cur, 6.99_cur}, 3, AnswerKind::Certification},
+    AnswerCell{7_cur, 1, AnswerKind::Date},
+    AnswerCell{7_cur, 2, AnswerKind::Date},
+    AnswerCell{8_cur, 1, AnswerKind::ControlType},
+    AnswerCell{9_cur, 1, AnswerKind::LowNo},
+    AnswerCell{{10_cur, 12_cur}, 1, AnswerKind::WholeNumber},
+    AnswerCell{{14_cur, 16_cur}, 1, AnswerKind::YesNo},
+    AnswerCell{17_cur, 1, AnswerKind::WholeNumber},
+    AnswerCell{{18_cur, 22.99_cur}, 1, AnswerKind::YesNo},
+    AnswerCell{{23_cur, 25.99_cur}, 1, AnswerKind::YesNo},
+    AnswerCell{{23_cur, 25.99_cur}, 2, AnswerKind::YesNo},
+    AnswerCell{kOptionLine, 1, AnswerKind::SplitOption},
+    AnswerCell{{27.01_cur, 27.03_cur}, 1, AnswerKind::WholeNumber},
+    AnswerCell{{28_cur, 29_cur}, 1, AnswerKind::YesNo},
+    AnswerCell{{29.01_cur, 29.02_cur}, 1, AnswerKind::Text},
+    AnswerCell{{29.01_cur, 29.02_cur}, 2, AnswerKind::Text},
+    AnswerCell{{29.01_cur, 29.02_cur}, 3, AnswerKind::Text},
+    AnswerCell{29.03_cur, 1, AnswerKind::Text},
+    AnswerCell{29.03_cur, 2, AnswerKind::State},
+    AnswerCell{29.03_cur, 3, AnswerKind::Zip},
 };
 
 // What a fiscal year that moves takes away with its data.
@@ -66,27 +67,25 @@ constexpr std::array kYearlyWorksheets{
 
 // Heads of the description and of columns 1 to 3, by section of the form.
 struct Section {
-    Currency to;
+    LineRange lines;
     std::array<std::string_view, 4> heads;
 };
 constexpr std::array kSections{
     Section{1_cur, {"Description", "Street", "P.O. Box", "N/A"}},
     Section{1.01_cur, {"Description", "City", "State", "Zip"}},
-    Section{6.99_cur, {"Component", "Component Name", "Provider No.", "Date Certified"}},
+    Section{{2_cur, 6.99_cur}, {"Component", "Component Name", "Provider No.", "Date Certified"}},
     Section{7_cur, {"Description", "From", "To", "N/A"}},
-    Section{22.99_cur, {"Description", "Answer", "N/A", "N/A"}},
-    Section{25.99_cur, {"Description", "Part A", "Part B", "N/A"}},
-    Section{29_cur, {"Description", "Answer", "N/A", "N/A"}},
+    Section{{8_cur, 22.99_cur}, {"Description", "Answer", "N/A", "N/A"}},
+    Section{{23_cur, 25.99_cur}, {"Description", "Part A", "Part B", "N/A"}},
+    Section{{26_cur, 29_cur}, {"Description", "Answer", "N/A", "N/A"}},
     Section{29.01_cur, {"Description", "Name", "Number", "Contractor No."}},
     Section{29.02_cur, {"Description", "Street", "P.O. Box", "N/A"}},
-    Section{29.99_cur, {"Description", "City", "State", "Zip"}},
+    Section{{29.03_cur, 29.99_cur}, {"Description", "City", "State", "Zip"}},
 };
 
 std::span<const std::string_view> Heads(Currency line) {
-    for (const Section& section : kSections) {
-        if (line <= section.to) return section.heads;
-    }
-    return {};
+    const Section* section = Find_Row(kSections, line);
+    return section == nullptr ? std::span<const std::string_view>() : section->heads;
 }
 
 // The home office has lines of its own only in a chain; what stands there from before can be cleared.
@@ -104,7 +103,7 @@ std::string_view Locked(const CellPlace& place) {
 }
 
 bool Is_Hospice_Name(Currency line, std::string_view field) {
-    return line >= 3.5_cur && line <= 3.59_cur && field == "Col_1";
+    return kHospiceNames.Has(line) && field == "Col_1";
 }
 
 constexpr BoxText kFormsStayOpen{"Close form frmEditS2", "The option was not changed, since forms are open."};

@@ -21,28 +21,27 @@ constexpr std::array kColumns{
 };
 
 constexpr std::array kAnswers{
-    AnswerCell{1_cur, 14_cur, 1, AnswerKind::YesNo},
-    AnswerCell{1_cur, 2_cur, 2, AnswerKind::DateAvailable},
-    AnswerCell{2_cur, 2_cur, 3, AnswerKind::VoluntaryInvoluntary},
-    AnswerCell{4_cur, 4_cur, 2, AnswerKind::Statement},
-    AnswerCell{4_cur, 4_cur, 3, AnswerKind::DateAvailable},
-    AnswerCell{9_cur, 10_cur, 2, AnswerKind::DateAvailable},
-    AnswerCell{15_cur, 17_cur, 1, AnswerKind::Text},
-    AnswerCell{15_cur, 15_cur, 2, AnswerKind::Text},
-    AnswerCell{15_cur, 15_cur, 3, AnswerKind::Text},
-    AnswerCell{17_cur, 17_cur, 2, AnswerKind::Text},
+    AnswerCell{{1_cur, 14_cur}, 1, AnswerKind::YesNo},
+    AnswerCell{{1_cur, 2_cur}, 2, AnswerKind::DateAvailable},
+    AnswerCell{2_cur, 3, AnswerKind::VoluntaryInvoluntary},
+    AnswerCell{4_cur, 2, AnswerKind::Statement},
+    AnswerCell{4_cur, 3, AnswerKind::DateAvailable},
+    AnswerCell{{9_cur, 10_cur}, 2, AnswerKind::DateAvailable},
+    AnswerCell{{15_cur, 17_cur}, 1, AnswerKind::Text},
+    AnswerCell{15_cur, 2, AnswerKind::Text},
+    AnswerCell{15_cur, 3, AnswerKind::Text},
+    AnswerCell{17_cur, 2, AnswerKind::Text},
 };
 
 struct Heading {
-    Currency line;
+    LineRange lines;
     std::array<std::string_view, 4> heads;
 };
 constexpr std::array kHeadings{
     Heading{1_cur, {"Description", "Answer", "Date", "N/A"}},
     Heading{2_cur, {"Description", "Answer", "Date", "V/I"}},
     Heading{4_cur, {"Description", "Answer", "A/C/R", "Date"}},
-    Heading{9_cur, {"Description", "Answer", "Date", "N/A"}},
-    Heading{10_cur, {"Description", "Answer", "Date", "N/A"}},
+    Heading{{9_cur, 10_cur}, {"Description", "Answer", "Date", "N/A"}},
     Heading{15_cur, {"Description", "First Name", "Last Name", "Title"}},
     Heading{16_cur, {"Description", "Employer", "N/A", "N/A"}},
     Heading{17_cur, {"Description", "Phone Number", "E-mail Address", "N/A"}},
@@ -50,10 +49,8 @@ constexpr std::array kHeadings{
 constexpr std::array<std::string_view, 4> kPlainHeads{"Description", "Answer", "N/A", "N/A"};
 
 std::span<const std::string_view> Heads(Currency line) {
-    for (const Heading& heading : kHeadings) {
-        if (line == heading.line) return heading.heads;
-    }
-    return kPlainHeads;
+    const Heading* heading = Find_Row(kHeadings, line);
+    return heading == nullptr ? kPlainHeads : heading->heads;
 }
 
 // Lines 7 and 8 follow from line 6, lines 11 to 13 from 9 or 10.

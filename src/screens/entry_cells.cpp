@@ -1,5 +1,6 @@
 #include "screens/entry_cells.h"
 
+#include <algorithm>
 #include <iterator>
 #include <set>
 
@@ -13,15 +14,15 @@ namespace {
 
 std::set<Currency> Lines_Of(const Item& item, const UserLines& group) {
     std::set<Currency> lines;
-    Recordset rows = db.OpenRecordset(
-        Sql("SELECT LineNum FROM ", item.Name(), " WHERE LineNum BETWEEN ", group.from, " AND ", group.to, ";"),
-        RecordsetType::Snapshot);
+    Recordset rows = db.OpenRecordset(Sql("SELECT LineNum FROM ", item.Name(), " WHERE LineNum BETWEEN ",
+                                          group.lines.from, " AND ", group.lines.to, ";"),
+                                      RecordsetType::Snapshot);
     for (; !rows.Eof(); rows.MoveNext()) lines.insert(rows["LineNum"].To_Currency());
     return lines;
 }
 
 std::optional<Currency> Free_Line(const std::set<Currency>& taken, const UserLines& group, Currency behind) {
-    for (Currency line = group.from; line <= group.to; line += group.step) {
+    for (Currency line = group.lines.from; line <= group.lines.to; line += group.step) {
         if (line > behind && !taken.contains(line)) return line;
     }
     return std::nullopt;
@@ -39,9 +40,7 @@ bool Is_Named(std::string_view fields, std::string_view field) {
 }
 
 bool Is_Entry_Cell(std::span<const EntryCells> cells, Currency line, std::string_view field) {
-    return std::ranges::any_of(cells, [&](const EntryCells& entry) {
-        return line >= entry.from && line <= entry.to && Is_Named(entry.fields, field);
-    });
+    return Find_Row(cells, line, [&](const EntryCells& entry) { return Is_Named(entry.fields, field); }) != nullptr;
 }
 
 std::string_view Why_No_Entry(const CellPlace& place) {
@@ -50,10 +49,9 @@ std::string_view Why_No_Entry(const CellPlace& place) {
 }
 
 std::string_view Find_Source(std::span<const SourcedCells> cells, Currency line, std::string_view field) {
-    const auto found = std::ranges::find_if(cells, [&](const SourcedCells& sourced) {
-        return line >= sourced.from && line <= sourced.to && Is_Named(sourced.fields, field);
-    });
-    return found == cells.end() ? std::string_view() : found->why;
+    const SourcedCells* found =
+        Find_Row(cells, line, [&](const SourcedCells& sourced) { return Is_Named(sourced.fields, field); });
+    return found == nullptr ? std::string_view() : found->why;
 }
 
 std::optional<Currency> Next_User_Line(const Item& item, const UserLines& group, Currency line) {
@@ -68,7 +66,7 @@ Currency Add_User_Line(const Item& item, const UserLines& group, Currency curren
     const std::set<Currency> taken = Lines_Of(item, group);
     std::optional<Currency> line = Free_Line(taken, group, current);
     if (!line) line = Free_Line(taken, group, {});
-    if (!line) line = group.to;
+    if (!line) line = group.lines.to;
     db.Execute(
         Sql("INSERT INTO ", item.Name(), " (LineNum, ", row.fields, ") VALUES (", *line, ", ", row.values, ");"));
     return *line;

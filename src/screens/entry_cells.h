@@ -2,18 +2,18 @@
 // lines that the person adds get their numbers.
 #pragma once
 
-#include <algorithm>
 #include <optional>
 #include <span>
 #include <string_view>
 
+#include "common/lines.h"
 #include "screens/form_description.h"
 
 namespace tallmar {
 
-// Lines `from` to `to`, both included: the fields that a person keys there, "Col_5 Col_6".
+// The fields that a person keys in these lines: "Col_5 Col_6".
 struct EntryCells {
-    Currency from, to;
+    LineRange lines;
     std::string_view fields;
 };
 
@@ -33,18 +33,17 @@ std::string_view Locked_Elsewhere(const CellPlace& place) {
 
 // Cells that come from elsewhere, and from where.
 struct SourcedCells {
-    Currency from, to;
+    LineRange lines;
     std::string_view fields;
     std::string_view why;
 };
 // Empty for a cell of no row.
 std::string_view Find_Source(std::span<const SourcedCells> cells, Currency line, std::string_view field);
 
-// Lines that a person adds: `from`, `from` + `step` and on to `to`.
+// Lines that a person adds: the first of the range, `step` behind it and on to the last.
 struct UserLines {
-    Currency from, to, step;
-
-    bool Has(Currency line) const { return line >= from && line <= to; }
+    LineRange lines;
+    Currency step;
 };
 
 // The free line of the group behind the last one before `line`, or else its first free one; nothing where it is full.
@@ -53,8 +52,8 @@ std::optional<Currency> Next_User_Line(const Item& item, const UserLines& group,
 // The `nextLine` of a form with groups of lines.
 template <const auto& kGroups>
 std::optional<Currency> Next_In_Group(const Item& item, Currency line) {
-    const auto group = std::ranges::find_if(kGroups, [&](const UserLines& g) { return g.Has(line); });
-    return group == kGroups.end() ? std::nullopt : Next_User_Line(item, *group, line);
+    const UserLines* group = Find_Row(kGroups, line);
+    return group == nullptr ? std::nullopt : Next_User_Line(item, *group, line);
 }
 
 // Makes the first free line behind `current`, or else the first free one of the group, and returns it. Throws DbError

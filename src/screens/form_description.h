@@ -13,6 +13,7 @@
 
 #include "common/currency.h"
 #include "common/item.h"
+#include "common/lines.h"
 #include "common/text.h"
 #include "common/value.h"
 #include "db/database.h"
@@ -142,10 +143,10 @@ struct TextAbove {
     std::string_view field;
 };
 
-// A sum at the foot of an edit form: of what is keyed in the lines `from` to `to`, `less` those that are taken off.
+// A sum at the foot of an edit form: of what is keyed in the lines, `less` those that are taken off.
 struct FootSum {
     std::string_view label;
-    Currency from, to;
+    LineRange lines;
     std::span<const Currency> less = {};
 };
 

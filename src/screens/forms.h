@@ -1,4 +1,4 @@
-// Every form of the house, for the catalogue.
+// Every form of the program, for the table of forms.
 #pragma once
 
 #include "screens/form_description.h"

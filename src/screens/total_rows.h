@@ -3,13 +3,13 @@
 
 #include <vector>
 
-#include "screens/cell_entry.h"
+#include "common/item.h"
 #include "screens/form_rows.h"
 
 namespace tallmar {
 
-// One flag a row, in their order: named as a total, and the worksheet's edit form takes none of its figures. "Total
-// hours worked" is keyed and no total.
-std::vector<bool> Total_Rows(const OpenForm& form, const FormRows& rows);
+// One flag a row, in their order. The lines of the catalogue say which are totals; a line that a person adds and calls
+// "Total" is none, nor is a row of a table that is no worksheet.
+std::vector<bool> Total_Rows(const Item& item, const FormRows& rows);
 
 }  // namespace tallmar

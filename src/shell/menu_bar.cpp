@@ -2,8 +2,8 @@
 
 #include "report/registry.h"
 #include "screens/view/qt_text.h"
+#include "screens/worksheet_forms.h"
 #include "shell/menu_tree.h"
-#include "shell/worksheet_titles.h"
 
 namespace tallmar {
 

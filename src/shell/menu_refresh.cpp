@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "common/dates.h"
 #include "common/item.h"
 #include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
+#include "screens/year_rules.h"
 #include "shell/menu_tree.h"
 
 namespace tallmar {
@@ -39,25 +39,11 @@ std::vector<Worksheet> Registered() {
     return worksheets;
 }
 
-// Entries whose worksheet is registered, but not for this year.
-struct YearRule {
-    const char* name;
-    bool (*off)();
-};
-bool Ends_Before_2000() {
-    return FYEnd < kCostLimitsEnd;
-}
-bool Starts_After_2000() {
-    return FYStart >= kCostLimitsEnd;
-}
-constexpr YearRule kYearRules[] = {
-    {"mnuEditOpenS3p4", Ends_Before_2000},
-    {"mnuViewOpenS3p4", Ends_Before_2000},
-    {"mnuEditOpenCp4", Starts_After_2000},
-};
-
-bool Is_Off_This_Year(std::string_view name) {
-    return std::ranges::any_of(kYearRules, [&](const YearRule& rule) { return name == rule.name && rule.off(); });
+// An entry whose worksheet is registered, but not used in this year.
+bool Is_Off_This_Year(const MenuRow& row) {
+    if (row.kind != MenuKind::Edit && row.kind != MenuKind::View) return false;
+    const FormMode mode = row.kind == MenuKind::Edit ? FormMode::Edit : FormMode::View;
+    return Year_Leaves_Out(WorksheetList::Menus, mode, row.item);
 }
 
 std::vector<MenuListEntry> List_Entries(const MenuRow& list, const std::vector<Worksheet>& worksheets) {
@@ -76,7 +62,7 @@ void Enable_Registered(MenuState& state, const std::vector<Worksheet>& worksheet
         if (row.kind == MenuKind::List) {
             state.lists[row.name] = List_Entries(row, worksheets);
             if (!state.lists[row.name].empty()) state.enabled.insert(row.name);
-        } else if (!Is_Off_This_Year(row.name) &&
+        } else if (!Is_Off_This_Year(row) &&
                    std::ranges::find(worksheets, row.item, &Worksheet::item) != worksheets.end()) {
             state.enabled.insert(row.name);
         }
@@ -124,7 +110,7 @@ std::string_view Why_Off(const MenuRow& row) {
     if (row.when != MenuWhen::Report && row.when != MenuWhen::Registry) return {};
     if (!Is_Open()) return "No report is open";
     if (row.when == MenuWhen::Report) return Is_Empty_Menu(row) ? "Not available yet" : "";
-    return Is_Off_This_Year(row.name) ? "Not used in this fiscal year" : "This report has no such worksheet";
+    return Is_Off_This_Year(row) ? "Not used in this fiscal year" : "This report has no such worksheet";
 }
 
 std::string Item_In_Caption(const std::string& caption) {

@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "common/item.h"
+#include "common/worksheets.h"
+#include "screens/worksheet_forms.h"
 
 namespace tallmar {
 
@@ -112,8 +114,9 @@ constexpr Entry kLastMenus[] = {
     {"mnuHelpAbout", "mnuHelp", "&About Tallmar 1728"},
 };
 
-// One worksheet's entry, or a menu of some, below Open of both trees.
-enum class OpenKind : std::uint8_t { Worksheet, ViewOnly, Menu, List };
+// The place of a worksheet's entry, or of a menu of some, below Open of both trees. A worksheet without a place is
+// behind the others.
+enum class OpenKind : std::uint8_t { Worksheet, Menu, List };
 struct OpenRow {
     const char* stem;         // behind "mnuEditOpen", "mnuViewOpen"
     const char* parent = "";  // stem of the menu it stands in
@@ -134,29 +137,29 @@ constexpr OpenRow kOpenRows[] = {
     {"A7"},
     {"A83", "", OpenKind::Menu, "A-8-3 ..."},
     {"A83p1", "A83"},
-    {"A83p2", "A83", OpenKind::ViewOnly},
-    {"A83p3", "A83", OpenKind::ViewOnly},
+    {"A83p2", "A83"},
+    {"A83p3", "A83"},
     {"A83p4", "A83"},
     {"A83p5", "A83"},
     {"A83p1O", "A83"},
-    {"A83p2O", "A83", OpenKind::ViewOnly},
-    {"A83p3O", "A83", OpenKind::ViewOnly},
+    {"A83p2O", "A83"},
+    {"A83p3O", "A83"},
     {"A83p4O", "A83"},
     {"A83p5O", "A83"},
     {"A83p1P", "A83"},
-    {"A83p2P", "A83", OpenKind::ViewOnly},
-    {"A83p3P", "A83", OpenKind::ViewOnly},
+    {"A83p2P", "A83"},
+    {"A83p3P", "A83"},
     {"A83p4P", "A83"},
     {"A83p5P", "A83"},
     {"A83p1S", "A83"},
-    {"A83p2S", "A83", OpenKind::ViewOnly},
-    {"A83p3S", "A83", OpenKind::ViewOnly},
+    {"A83p2S", "A83"},
+    {"A83p3S", "A83"},
     {"A83p4S", "A83"},
     {"A83p5S", "A83"},
-    {"B", "", OpenKind::ViewOnly},
+    {"B"},
     {"B1"},
     {"C", "", OpenKind::Menu, "C ..."},
-    {"Cp1", "C", OpenKind::ViewOnly},
+    {"Cp1", "C"},
     {"Cp2", "C", OpenKind::Menu, "C Part 2 ..."},
     {"Cp2x", "Cp2", OpenKind::List, "", "Cp2*"},
     {"Cp3", "C"},
@@ -181,13 +184,11 @@ constexpr OpenRow kOpenRows[] = {
     {"S3p4"},
     {"S5", "", OpenKind::Menu, "S-5 ..."},
     {"S5pxhx", "S5", OpenKind::List, "", "S5*"},
-    {"Sp2", "", OpenKind::ViewOnly},
+    {"Sp2"},
 };
 
 // The hospice lists are called without "Open".
 constexpr std::string_view kShortNames[] = {"Khx", "Ohx"};
-
-constexpr ItemPattern kNoEditForm[] = {"K4p1*", "K5p1*", "K6*", "O5*", "O6p1*", "O8*"};
 
 struct Tree {
     const char* prefix;
@@ -213,27 +214,49 @@ void Add_Entries(std::vector<MenuRow>& rows, std::span<const Entry> entries) {
     }
 }
 
+// Also the item of a part that has several: "A83p1" of "A83p1*".
+bool Is_Placed(const WorksheetForms& forms) {
+    const std::string stem(Stem_Of(forms.items));
+    return std::ranges::any_of(kOpenRows, [&](const OpenRow& open) {
+        if (open.kind == OpenKind::List) return ItemPattern(open.pattern).Matches(stem);
+        return open.kind == OpenKind::Worksheet && forms.items.Matches(open.stem);
+    });
+}
+
+void Add_Open_Row(std::vector<MenuRow>& rows, const Tree& tree, const OpenRow& open) {
+    const bool edits = tree.kind == MenuKind::Edit;
+    MenuRow row{Open_Name(tree, open.stem), Open_Name(tree, open.parent), open.caption, tree.kind, MenuWhen::Registry};
+    if (open.kind == OpenKind::Menu) {
+        row.kind = MenuKind::Menu;
+    } else if (open.kind == OpenKind::List) {
+        row.kind = MenuKind::List;
+        row.item = open.pattern;
+        row.edit = edits;
+    } else {
+        row.item = open.stem;
+    }
+    if (row.item == kCostCenters) row.when = edits ? MenuWhen::NotBuilt : MenuWhen::Report;
+    rows.push_back(std::move(row));
+}
+
 void Add_Open_Rows(std::vector<MenuRow>& rows, const Tree& tree) {
     const bool edits = tree.kind == MenuKind::Edit;
     for (const OpenRow& open : kOpenRows) {
-        if (edits && open.kind == OpenKind::ViewOnly) continue;
-        MenuRow row{Open_Name(tree, open.stem), Open_Name(tree, open.parent), open.caption, tree.kind,
-                    MenuWhen::Registry};
-        if (open.kind == OpenKind::Menu) {
-            row.kind = MenuKind::Menu;
-        } else if (open.kind == OpenKind::List) {
-            row.kind = MenuKind::List;
-            row.item = open.pattern;
-            row.edit = edits;
-        } else {
-            row.item = open.stem;
-        }
-        if (row.item == kCostCenters) row.when = edits ? MenuWhen::NotBuilt : MenuWhen::Report;
-        rows.push_back(std::move(row));
+        const bool viewOnly = open.kind == OpenKind::Worksheet && Has_No_Edit_Form(open.stem);
+        if (!edits || !viewOnly) Add_Open_Row(rows, tree, open);
+    }
+    for (const WorksheetForms& forms : All_Forms()) {
+        if (forms.view == nullptr || (edits && forms.edit == nullptr) || Is_Placed(forms)) continue;
+        const std::string pattern(forms.items.Text()), stem(Stem_Of(forms.items)), list = stem + "x";
+        Add_Open_Row(
+            rows, tree,
+            stem == pattern ? OpenRow{stem.c_str()} : OpenRow{list.c_str(), "", OpenKind::List, "", pattern.c_str()});
     }
 }
 
-std::vector<MenuRow> Make_Rows() {
+}  // namespace
+
+std::vector<MenuRow> Make_Menu_Rows() {
     std::vector<MenuRow> rows;
     Add_Entries(rows, kReportMenu);
     Add_Entries(rows, kEditMenu);
@@ -245,10 +268,8 @@ std::vector<MenuRow> Make_Rows() {
     return rows;
 }
 
-}  // namespace
-
 const std::vector<MenuRow>& Menu_Rows() {
-    static const std::vector<MenuRow> rows = Make_Rows();
+    static const std::vector<MenuRow> rows = Make_Menu_Rows();
     return rows;
 }
 
@@ -256,10 +277,6 @@ const MenuRow* Find_Menu_Row(std::string_view name) {
     const auto& rows = Menu_Rows();
     const auto found = std::ranges::find(rows, name, &MenuRow::name);
     return found == rows.end() ? nullptr : &*found;
-}
-
-bool Has_No_Edit_Form(std::string_view item) {
-    return std::ranges::any_of(kNoEditForm, [&](const ItemPattern& pattern) { return pattern.Matches(item); });
 }
 
 }  // namespace tallmar

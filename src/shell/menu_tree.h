@@ -1,5 +1,5 @@
-// The menu tree of the main window as data: one row an entry. The Edit and the View tree come from one list of
-// worksheets.
+// The menu tree of the main window as data: one row an entry. The Edit and the View tree come from one list of places;
+// the table of forms says which worksheets are in them.
 #pragma once
 
 #include <cstdint>
@@ -41,12 +41,11 @@ struct MenuRow {
     bool edit = false;  // a list: its entries open edit forms
 };
 
-// In the order in which they stand.
+// In their order. A worksheet that has no place below Open gets an entry behind the others.
 const std::vector<MenuRow>& Menu_Rows();
+// The same, of the table of forms that is installed now; the program's is read once.
+std::vector<MenuRow> Make_Menu_Rows();
 // Null where there is no such entry.
 const MenuRow* Find_Menu_Row(std::string_view name);
-
-// Items of a list's pattern that the list leaves out: worksheets of the hospice series without an edit form.
-bool Has_No_Edit_Form(std::string_view item);
 
 }  // namespace tallmar

@@ -5,9 +5,9 @@
 
 #include "common/text.h"
 #include "report/registry.h"
+#include "screens/worksheet_forms.h"
 #include "shell/menu_refresh.h"
 #include "shell/menu_tree.h"
-#include "shell/worksheet_titles.h"
 
 namespace tallmar {
 

@@ -20,7 +20,7 @@ std::string calculated;
 void Build_Text(const Item& item) {
     db.Execute(Sql("CREATE TABLE ", item.Name(), " (LineNum Currency, Col_1 Text(40), Col_2 Char(10), Col_3 Memo);"));
     db.Execute(Sql("INSERT INTO ", item.Name(), " (LineNum) VALUES (1);"));
-    Edit_Worksheets(item.Name(), "Make", Find_Family(item)->calcLevel);
+    Edit_Worksheets(item.Name(), "Make", Find_Family(item)->level);
 }
 void Calc_Note(const Item& item) {
     calculated += (calculated.empty() ? "" : " ") + item.Name();
@@ -50,22 +50,27 @@ void Calc_Overflow(const Item&) {
     throw std::overflow_error("Overflow");
 }
 
-constexpr WorksheetFamily kFamilies[] = {
-    {"A", 4, Build_Text, Calc_Note, nullptr, nullptr},     {"A1", 0, Build_Text, Calc_Note, nullptr, nullptr},
-    {"A2", 0, Build_Text, Calc_Note, nullptr, nullptr},    {"A3", 0, Build_Text, Calc_Note, nullptr, nullptr},
-    {"A4", 0, Build_Text, Calc_Note, nullptr, nullptr},    {"A5", 3, Build_Text, Calc_Note, nullptr, nullptr},
-    {"F", 0, Build_Text, Calc_Note, nullptr, nullptr},     {"F1", 5, Build_Text, Calc_Note, nullptr, nullptr},
-    {"F2", 6, Build_Text, Calc_Note, nullptr, nullptr},    {"B", 0, Build_Text, nullptr, nullptr, nullptr},
-    {"B1", 5, Build_Text, Calc_Note, nullptr, nullptr},    {"a0", 0, Build_Text, Calc_Note, nullptr, nullptr},
-    {"A83p1*", 0, Build_Text, Calc_Note, nullptr, nullptr}};
-constexpr WorksheetFamily kBrokenA[] = {{"A", 4, Build_Text, Calc_Broken, nullptr, nullptr},
-                                        {"A5", 3, Build_Text, Calc_Overflow, nullptr, nullptr},
-                                        {"B1", 5, Build_Text, Calc_Note, nullptr, nullptr}};
-constexpr WorksheetFamily kTalking[] = {{"A", 4, Build_Text, Calc_Message, nullptr, nullptr},
-                                        {"Sp2", 11, Build_Text, Calc_Logged, nullptr, nullptr}};
+constexpr WorksheetFamily kFamilies[] = {{"A", 4, Years::Always, true, Build_Text, Calc_Note},
+                                         {"A1", 0, Years::CostLimits, true, Build_Text, Calc_Note},
+                                         {"A2", 0, Years::CostLimits, true, Build_Text, Calc_Note},
+                                         {"A3", 0, Years::CostLimits, true, Build_Text, Calc_Note},
+                                         {"A4", 0, Years::Always, true, Build_Text, Calc_Note},
+                                         {"A5", 3, Years::Always, true, Build_Text, Calc_Note},
+                                         {"F", 0, Years::Always, true, Build_Text, Calc_Note},
+                                         {"F1", 5, Years::Always, true, Build_Text, Calc_Note},
+                                         {"F2", 6, Years::Always, true, Build_Text, Calc_Note},
+                                         {"B", 0, Years::Always, true, Build_Text},
+                                         {"B1", 5, Years::Always, true, Build_Text, Calc_Note},
+                                         {"a0", 0, Years::Always, false, Build_Text, Calc_Note},
+                                         {"A83p1*", 0, Years::CostLimits, true, Build_Text, Calc_Note}};
+constexpr WorksheetFamily kBrokenA[] = {{"A", 4, Years::Always, true, Build_Text, Calc_Broken},
+                                        {"A5", 3, Years::Always, true, Build_Text, Calc_Overflow},
+                                        {"B1", 5, Years::Always, true, Build_Text, Calc_Note}};
+constexpr WorksheetFamily kTalking[] = {{"A", 4, Years::Always, true, Build_Text, Calc_Message},
+                                        {"Sp2", 11, Years::Always, true, Build_Text, Calc_Logged}};
 
-constexpr WorksheetFamily kKilled[] = {{"A", 4, Build_Text, Calc_Killed, nullptr, nullptr}};
-constexpr WorksheetFamily kGrowing[] = {{"A", 4, Build_Text, Calc_Growing, nullptr, nullptr}};
+constexpr WorksheetFamily kKilled[] = {{"A", 4, Years::Always, true, Build_Text, Calc_Killed}};
+constexpr WorksheetFamily kGrowing[] = {{"A", 4, Years::Always, true, Build_Text, Calc_Growing}};
 
 class DriverTest : public ReportTest {
   protected:

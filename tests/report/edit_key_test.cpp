@@ -18,12 +18,14 @@ void Build_Plain(const Item& item) {
 void Build_Broken(const Item&) {
     db.Execute("UPDATE NoSuchTable SET Col_1=0;");
 }
-constexpr WorksheetFamily kFamilies[] = {{"S2", 0, Build_S2_Lines, nullptr, nullptr, nullptr},
-                                         {"A1", 0, Build_Plain, nullptr, nullptr, nullptr},
-                                         {"A83p1*", 0, Build_Plain, nullptr, nullptr, nullptr},
-                                         {"S21", 0, Build_Plain, nullptr, nullptr, nullptr}};
-constexpr WorksheetFamily kBrokenA1[] = {{"S2", 0, Build_S2_Lines, nullptr, nullptr, nullptr},
-                                         {"A1", 0, Build_Broken, nullptr, nullptr, nullptr}};
+constexpr WorksheetFamily kFamilies[] = {
+    {"S2", 0, Years::Always, true, Build_S2_Lines},      {"A1", 0, Years::CostLimits, true, Build_Plain},
+    {"A2", 0, Years::CostLimits, true, Build_Plain},     {"A3", 0, Years::CostLimits, true, Build_Plain},
+    {"A83p1*", 0, Years::CostLimits, true, Build_Plain}, {"A83p2*", 0, Years::CostLimits, true, Build_Plain},
+    {"S21", 0, Years::FromS21, true, Build_Plain}};
+constexpr WorksheetFamily kBrokenA1[] = {{"S2", 0, Years::Always, true, Build_S2_Lines},
+                                         {"A1", 0, Years::CostLimits, true, Build_Broken},
+                                         {"S21", 0, Years::FromS21, true, Build_Plain}};
 
 constexpr const char* kToLimits =
     "The new fiscal year uses other worksheets: A-1, A-2, A-3, A-8-3; no longer used: S-2-1.  Do you wish to continue?";
@@ -90,7 +92,7 @@ TEST_F(EditKeyTest, AMoveOverADividingDateIsAskedAndBringsItsWorksheets) {
     Key_1999();
     platform.Expect_Box("Change of Fiscal Year", kToLimits, Answer::Yes, kYesNo + kQuestion + kDefaultButton2);
     EXPECT_EQ(Save_Edit_Key(entries), EntryField::None);
-    EXPECT_EQ(Yearly(), "A1 A83p1");
+    EXPECT_EQ(Yearly(), "A1 A2 A3 A83p1 A83p2");
     EXPECT_FALSE(TableExists("S21", false));
     EXPECT_FALSE(CRF_Needs_Upgrade());
     EXPECT_EQ(MsgLogPrefix, "");

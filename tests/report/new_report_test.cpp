@@ -1,5 +1,6 @@
 #include "report/new_report.h"
 
+#include "catalogue.h"
 #include "report/build_worksheet.h"
 #include "support/report_test.h"
 #include "support/size_limit.h"
@@ -21,10 +22,15 @@ void Build_Broken(const Item& item) {
     Build_Plain(item);
     db.Execute("SELECT Nothing \"here\";");
 }
-constexpr WorksheetFamily kEvery[] = {{"*", 0, Build_Plain, nullptr, nullptr, nullptr}};
-constexpr WorksheetFamily kBrokenS2[] = {{"S2", 0, Build_Broken, nullptr, nullptr, nullptr},
-                                         {"*", 0, Build_Plain, nullptr, nullptr, nullptr}};
-constexpr WorksheetFamily kOnlyA[] = {{"A", 4, Build_Plain, nullptr, nullptr, nullptr}};
+// The program's families, built plainly.
+std::vector<WorksheetFamily> Plain_Families(std::string_view broken = "") {
+    std::vector<WorksheetFamily> families(All_Families().begin(), All_Families().end());
+    for (WorksheetFamily& family : families) family.build = family.items.Text() == broken ? Build_Broken : Build_Plain;
+    return families;
+}
+const std::vector<WorksheetFamily> kEvery = Plain_Families();
+const std::vector<WorksheetFamily> kBrokenS2 = Plain_Families("S2");
+constexpr WorksheetFamily kOnlyA[] = {{"A", 4, Years::Always, true, Build_Plain}};
 
 class NewReportTest : public ReportTest {
   protected:
@@ -127,7 +133,7 @@ void Fill_The_Disk(const Item&) {
 TEST_F(NewReportTest, DiskThatFillsWhileItIsAssembledIsASystemErrorAndLeavesTheOlderFile) {
     const std::string report = folder.File("Agency.CRF");
     Write(report, "older");
-    static constexpr WorksheetFamily kFull[] = {{"Sp2", 0, Fill_The_Disk, nullptr, nullptr, nullptr}};
+    static constexpr WorksheetFamily kFull[] = {{"Sp2", 0, Years::Always, true, Fill_The_Disk}};
     Install_Catalogue(kFull);
     platform.Expect_Box("System Error", "The disk is full: 'Agency.CRF'", Answer::Ok, kStop);
     NewReportEntries entries;

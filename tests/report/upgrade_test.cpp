@@ -11,9 +11,10 @@ void Build_Plain(const Item& item) {
     db.Execute(Sql("CREATE TABLE ", item.Name(), " (LineNum Currency, Col_1 Text(40));"));
     Edit_Worksheets(item.Name(), "Make", 0);
 }
-constexpr WorksheetFamily kFamilies[] = {{"A1", 0, Build_Plain, nullptr, nullptr, nullptr},
-                                         {"A83p1", 0, Build_Plain, nullptr, nullptr, nullptr},
-                                         {"S21", 0, Build_Plain, nullptr, nullptr, nullptr}};
+constexpr WorksheetFamily kFamilies[] = {{"A1", 0, Years::CostLimits, true, Build_Plain},
+                                         {"A2", 0, Years::CostLimits, false, Build_Plain},
+                                         {"A83p1*", 0, Years::CostLimits, true, Build_Plain},
+                                         {"S21", 0, Years::FromS21, true, Build_Plain}};
 
 // Worksheets with a layout of their own, which may not be the present one.
 bool layoutIsPresent = true;
@@ -26,10 +27,20 @@ void Bring_Layout(const Item&) {
 void Fail_Layout(const Item&) {
     db.Execute("UPDATE NoSuchTable SET Col_1=0;");
 }
-constexpr WorksheetFamily kWithLayout[] = {
-    {"Cp3", 0, Build_Plain, nullptr, nullptr, nullptr, Layout_Is_Present, Bring_Layout}};
-constexpr WorksheetFamily kWithFailingLayout[] = {
-    {"Cp3", 0, Build_Plain, nullptr, nullptr, nullptr, Layout_Is_Present, Fail_Layout}};
+constexpr WorksheetFamily kWithLayout[] = {{.items = "Cp3",
+                                            .level = 0,
+                                            .years = Years::Always,
+                                            .inNewReport = true,
+                                            .build = Build_Plain,
+                                            .fits = Layout_Is_Present,
+                                            .fit = Bring_Layout}};
+constexpr WorksheetFamily kWithFailingLayout[] = {{.items = "Cp3",
+                                                   .level = 0,
+                                                   .years = Years::Always,
+                                                   .inNewReport = true,
+                                                   .build = Build_Plain,
+                                                   .fits = Layout_Is_Present,
+                                                   .fit = Fail_Layout}};
 
 class UpgradeTest : public ReportTest {
   protected:
@@ -148,11 +159,11 @@ TEST_F(UpgradeTest, S21GoesFromAYearBeforeIt) {
 
 TEST_F(UpgradeTest, OldWorksheetsWithoutARowInTheRegistryGoToo) {
     New_Report();
-    for (const char* table : {"A1", "a2", "A83p4P", "A8"})
+    for (const char* table : {"A1", "a2", "A83p1P", "A8"})
         db.Execute(Sql("CREATE TABLE ", table, " (LineNum Currency);"));
     Report_Release();
     ASSERT_TRUE(Report_Open(report));
-    for (const char* table : {"A1", "A2", "A83p4P"}) EXPECT_FALSE(TableExists(table, false)) << table;
+    for (const char* table : {"A1", "A2", "A83p1P"}) EXPECT_FALSE(TableExists(table, false)) << table;
     EXPECT_TRUE(TableExists("A8", false)) << "no worksheet of another year";
 }
 

@@ -49,11 +49,6 @@ std::vector<GridColumn> Shown_Columns(const FormDescription& form, const Item& i
     return shown;
 }
 
-bool Is_Total(std::string_view name) {
-    const GridColumn column = Column("", FieldType::Text, 40);
-    return Is_Named_Total(Row(std::vector<std::string>{"Col_1"}, {Value(name)}), {&column, 1});
-}
-
 }  // namespace
 
 TEST(CellTextTest, FiguresReadByTheirFormat) {
@@ -162,24 +157,6 @@ TEST(FrozenTest, LineGroupAndNameStayInSight) {
     EXPECT_EQ(Frozen_Columns(Shown_Columns(kViewCCs, "CCs")), 3U) << "line, number and name, not the codes behind";
     EXPECT_EQ(Frozen_Columns(Shown_Columns(kHeaderLines, "HeaderLines")), 0U) << "the only column moves";
     EXPECT_EQ(Frozen_Columns({}), 0U);
-}
-
-TEST(TotalRowTest, IsToldByItsName) {
-    EXPECT_TRUE(Is_Total("Total"));
-    EXPECT_TRUE(Is_Total("TOTALS"));
-    EXPECT_TRUE(Is_Total(" Total Visits (Sum of lines 30, 32)"));
-    EXPECT_TRUE(Is_Total("Subtotal Allowance Amount"));
-    EXPECT_TRUE(Is_Total("Sub-total"));
-    EXPECT_FALSE(Is_Total("Totally other"));
-    EXPECT_FALSE(Is_Total("Excess of total customary charges"));
-    EXPECT_FALSE(Is_Total(""));
-
-    Report r(fy2016);
-    const FormRows rows(kViewA, "A");
-    const std::vector<GridColumn> columns = Shown_Columns(kViewA, "A");
-    EXPECT_TRUE(Is_Named_Total(rows.At(*rows.Find(29_cur)), columns));
-    EXPECT_FALSE(Is_Named_Total(rows.At(*rows.Find(5_cur)), columns));
-    EXPECT_FALSE(Is_Named_Total(rows.At(0), {}));
 }
 
 TEST(CellText, AmountsAmongTheAnswersReadAsFigures) {

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <random>
 
-#include "common/worksheets.h"
 #include "report/open_report.h"
 #include "screens/entry_test.h"
+#include "screens/worksheet_forms.h"
 
 namespace tallmar {
 
@@ -42,10 +42,10 @@ TEST(FormsTest, EveryDescribedColumnIsInItsTable) {
         Report r(year);
         EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
         for (const std::string& item : Worksheets_Of_Report()) {
-            const WorksheetFamily* family = Find_Family(item);
-            ASSERT_NE(family, nullptr) << item;
-            if (family->edit != nullptr) Check_Columns(*family->edit, item);
-            if (family->view != nullptr) Check_Columns(*family->view, item);
+            const WorksheetForms* worksheet = Find_Forms(item);
+            ASSERT_NE(worksheet, nullptr) << item;
+            if (worksheet->edit != nullptr) Check_Columns(*worksheet->edit, item);
+            if (worksheet->view != nullptr) Check_Columns(*worksheet->view, item);
         }
     }
 }
@@ -109,10 +109,8 @@ TEST(FormsTest, EveryWorksheetCanBeViewedAndTheComputedOnesNotEdited) {
     Report r(fy1999);
     std::string viewedOnly;
     for (const std::string& item : Worksheets_Of_Report()) {
-        const WorksheetFamily* family = Find_Family(item);
-        ASSERT_NE(family, nullptr) << item;
-        EXPECT_NE(family->view, nullptr) << item;
-        if (family->edit == nullptr) viewedOnly += item + " ";
+        EXPECT_NE(Form_Of(FormMode::View, item), nullptr) << item;
+        if (Form_Of(FormMode::Edit, item) == nullptr) viewedOnly += item + " ";
     }
     EXPECT_EQ(viewedOnly, "A83p2O A83p2P A83p2S A83p3O A83p3P A83p3S B Cp1 Sp2 ");
 }
@@ -121,8 +119,8 @@ TEST(FormsTest, QueriesRun) {
     Report r(fy1999);
     EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
     for (const std::string& item : Worksheets_Of_Report()) {
-        const WorksheetFamily* family = Find_Family(item);
-        for (const FormDescription* form : {family->edit, family->view}) {
+        for (const FormMode mode : {FormMode::Edit, FormMode::View}) {
+            const FormDescription* form = Form_Of(mode, item);
             if (form == nullptr) continue;
             EXPECT_NO_THROW(r.Read(Form_Query(*form, item))) << form->name;
         }

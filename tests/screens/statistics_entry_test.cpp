@@ -1,6 +1,7 @@
 // Statistics of B-1, entered as a person types them.
 #include "common/worksheets.h"
 #include "screens/entry_test.h"
+#include "screens/forms.h"
 
 namespace tallmar {
 
@@ -139,7 +140,7 @@ TEST(EnterB1, ASourceIsCopiedToItsRecipients) {
 TEST(EnterB1, TagsTellTheKindsOfColumns) {
     Report r(fy2016);
     r.Execute("INSERT INTO StatLinks (FromCCNum, ToCCNum) VALUES (1, 3);");
-    const OpenForm form(*Find_Family("B1")->edit, "B1");
+    const OpenForm form(kEditB1, "B1");
     EXPECT_EQ(form.Find_Column("CC_100")->tag, "[Source CC]");
     EXPECT_EQ(form.Find_Column("CC_300")->tag, "[from CC_100]");
     EXPECT_EQ(form.Find_Column("CC_500")->tag, "ACCUM. COST");

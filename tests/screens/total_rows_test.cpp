@@ -3,37 +3,92 @@
 
 #include <gtest/gtest.h>
 
-#include "screens/forms.h"
-#include "support/report_fixture.h"
+#include "report/registry.h"
+#include "screens/cell_entry.h"
+#include "screens/entry_test.h"
+#include "screens/worksheet_forms.h"
 
 namespace tallmar {
 namespace {
 
-bool Is_Total(const FormDescription& description, const char* item, Currency line) {
-    const OpenForm form(description, item);
-    const FormRows rows(description, item);
-    return Total_Rows(form, rows)[*rows.Find(line)];
+// The lines of the totals that a form shows, joined by blanks.
+std::string Totals(FormMode mode, const Item& item) {
+    const FormRows rows(*Form_Of(mode, item), item);
+    const std::vector<bool> totals = Total_Rows(item, rows);
+    std::string lines;
+    for (std::size_t i = 0; i < totals.size(); ++i) {
+        if (totals[i]) lines += (lines.empty() ? "" : " ") + rows.Line(i).To_Text();
+    }
+    return lines;
 }
 
-TEST(TotalRowsTest, ATotalIsSetApartInEditAndView) {
-    Report r(fy2016);
-    EXPECT_TRUE(Is_Total(kViewA, "A", 29_cur));
-    EXPECT_FALSE(Is_Total(kViewA, "A", 5_cur));
-    EXPECT_TRUE(Is_Total(kEditS3p1, "S3p1", 8_cur));
-    EXPECT_TRUE(Is_Total(kViewS3p1, "S3p1", 8_cur));
+struct Expected {
+    ItemPattern items;
+    std::string_view totals;
+};
+constexpr Expected kViews[] = {
+    {"A", "29"},
+    {"A1", "29"},
+    {"A2", "29"},
+    {"A3", "29"},
+    {"A4", "30"},
+    {"A5", "21"},
+    {"A6pB", "4"},
+    {"A7", "7"},
+    {"A83p2?", "15 17 20"},
+    {"A83p3?", "23 27"},
+    {"A83p4?", "34"},
+    {"A83p5?", "47"},
+    {"B", "29"},
+    {"B1", "29"},
+    {"Cp1", "7"},
+    {"Cp2*", "7 14"},
+    {"Cp4", "17 19 20 22"},
+    {"Cp5", "28"},
+    {"D1", "3.99 4"},
+    {"Dp1", "8"},
+    {"Dp2", "12 14 16 21 25 28"},
+    {"F", "11 27 32 33 42 49 50 58 59"},
+    {"F1", "32"},
+    {"F2", "3 9 10 16"},
+    {"S3p1", "8"},
+    {"S3p4", "42 44"},
+    {"Sp2", "4"},
+};
+
+std::string_view Expected_Totals(const std::string& item) {
+    for (const Expected& row : kViews) {
+        if (row.items.Matches(item)) return row.totals;
+    }
+    return "";
 }
 
-// Line 12.01 of D Part II, "Total PPS Payment - Full Episodes without Outliers", comes from the remittances.
-TEST(TotalRowsTest, WhatAPersonKeysIsNone) {
-    Report r(fy2016);
-    EXPECT_FALSE(Is_Total(kEditDp2, "Dp2", 12.01_cur));
-    EXPECT_FALSE(Is_Total(kViewDp2, "Dp2", 12.01_cur));
+TEST(TotalRowsTest, EveryViewSetsItsTotalsApart) {
+    for (const FiscalYear& year : {fy1999, fy2000, fy2016}) {
+        const Report r(year);
+        EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
+        for (const std::string& item : Read_Items("SELECT Item FROM Worksheets WHERE Calc_Lvl < 900;")) {
+            EXPECT_EQ(Totals(FormMode::View, item), Expected_Totals(item)) << item;
+        }
+    }
 }
 
-TEST(TotalRowsTest, WithoutAnEditFormTheNameDecides) {
-    Report r(fy2016);
-    EXPECT_TRUE(Is_Total(kViewSp2, "Sp2", 4_cur));
-    EXPECT_FALSE(Is_Total(kViewSp2, "Sp2", 1_cur));
+TEST(TotalRowsTest, AnEditFormHasTheTotalsThatItShows) {
+    const Report r(fy2016);
+    EXPECT_EQ(Totals(FormMode::Edit, "S3p1"), "8");
+    EXPECT_EQ(Totals(FormMode::Edit, "A"), "");
+    EXPECT_EQ(Totals(FormMode::Edit, "Dp2"), "") << "line 12.01, Total PPS Payment, is keyed";
+}
+
+TEST(TotalRowsTest, ALineThatAPersonCallsTotalIsNone) {
+    const Report r(fy2016);
+    EXPECT_TRUE(Enter("F1", "6", "Description", "Total of other costs").stored);
+    EXPECT_EQ(Totals(FormMode::View, "F1"), "32");
+}
+
+TEST(TotalRowsTest, ATableThatIsNoWorksheetHasNone) {
+    const Report r(fy2016);
+    EXPECT_EQ(Totals(FormMode::View, "CCs"), "");
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 
 #include "catalogue.h"
 #include "common/item.h"
+#include "screens/worksheet_forms.h"
 #include "shell/main_commands.h"
-#include "shell/worksheet_titles.h"
 
 namespace tallmar {
 namespace {
@@ -167,8 +167,7 @@ TEST(MenuTreeTest, NamesAreOnceAndMenusStandAboveTheirEntries) {
 }
 
 bool Is_Reachable(const WorksheetFamily& family, bool edit) {
-    const std::string_view pattern = family.items.Text();
-    const std::string sample(pattern.substr(0, pattern.find_first_of("*#?")));
+    const std::string sample(Stem_Of(family.items));
     for (const MenuRow& row : Menu_Rows()) {
         if (row.kind == (edit ? MenuKind::Edit : MenuKind::View) && family.items.Matches(row.item)) return true;
         if (row.kind == MenuKind::List && row.edit == edit && ItemPattern(row.item.c_str()).Matches(sample))
@@ -179,20 +178,16 @@ bool Is_Reachable(const WorksheetFamily& family, bool edit) {
 
 TEST(MenuTreeTest, EveryWorksheetIsReachable) {
     for (const WorksheetFamily& family : All_Families()) {
-        if (family.edit != nullptr) {
-            EXPECT_TRUE(Is_Reachable(family, true)) << family.items.Text();
-        }
-        if (family.view != nullptr) {
-            EXPECT_TRUE(Is_Reachable(family, false)) << family.items.Text();
-        }
+        const Item sample{std::string(Stem_Of(family.items))};
+        EXPECT_EQ(Is_Reachable(family, true), Form_Of(FormMode::Edit, sample) != nullptr) << family.items.Text();
+        EXPECT_EQ(Is_Reachable(family, false), Form_Of(FormMode::View, sample) != nullptr) << family.items.Text();
     }
 }
 
 TEST(MenuTreeTest, EveryWorksheetHasATitle) {
     for (const WorksheetFamily& family : All_Families()) {
-        const std::string_view pattern = family.items.Text();
-        const std::string_view sample = pattern.substr(0, pattern.find_first_of("*#?"));
-        EXPECT_EQ(Worksheet_Title(sample).empty(), family.view == nullptr) << pattern;
+        const Item sample{std::string(Stem_Of(family.items))};
+        EXPECT_EQ(Worksheet_Title(sample).empty(), Form_Of(FormMode::View, sample) == nullptr) << sample.Name();
     }
     EXPECT_EQ(Worksheet_Title("K1h0"), "Hospice Compensation Analysis: Salaries and Wages");
     EXPECT_EQ(Worksheet_Title("Oh3"), "Analysis of HHA-Based Hospice Costs");
@@ -202,10 +197,7 @@ TEST(MenuTreeTest, EveryWorksheetHasATitle) {
 TEST(MenuTreeTest, EditTreeOpensOnlyWorksheetsWithAnEditForm) {
     for (const MenuRow& row : Menu_Rows()) {
         if (row.kind != MenuKind::Edit || row.when == MenuWhen::NotBuilt) continue;
-        const auto families = All_Families();
-        const auto family = std::ranges::find_if(families, [&](const auto& f) { return f.items.Matches(row.item); });
-        ASSERT_NE(family, families.end()) << row.name;
-        EXPECT_NE(family->edit, nullptr) << row.name;
+        EXPECT_NE(Form_Of(FormMode::Edit, row.item), nullptr) << row.name;
     }
 }
 

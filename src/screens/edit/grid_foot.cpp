@@ -24,7 +24,7 @@ std::optional<double> Entered_Sum(const EditModel& model, const FootSum& sum, in
     for (int row = 0; row < model.rowCount(); ++row) {
         const Currency line = model.Line(row);
         const QModelIndex index = model.index(row, column);
-        if (line < sum.from || line > sum.to || !model.Is_Entry(index)) continue;
+        if (!sum.lines.Has(line) || !model.Is_Entry(index)) continue;
         const Value value = model.Value_At(index);
         const bool less = std::ranges::find(sum.less, line) != sum.less.end();
         const double amount = value.Is_Numeric() ? value.To_Double() : 0;

@@ -31,7 +31,7 @@ void GridModel::Choose_Columns() {
 }
 
 void GridModel::Note_Totals() {
-    totals_ = Total_Rows(form_, rows_);
+    totals_ = Total_Rows(form_.Worksheet(), rows_);
     placed_ = -1;
 }
 

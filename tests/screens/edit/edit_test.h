@@ -16,7 +16,7 @@
 namespace tallmar {
 
 inline const FormDescription& Edit_Form_Of(const char* item) {
-    return *Find_Family(item)->edit;
+    return *Form_Of(FormMode::Edit, item);
 }
 
 // A form that is open on the screen, with the cursor where the form puts it.

@@ -14,7 +14,7 @@ TEST(ViewFormTest, EveryWorksheetOpensWithItsRows) {
         for (const std::string& item : Worksheets_Of_Report()) {
             const auto form = Open_View(item);
             EXPECT_EQ(form->windowTitle().toStdString(), "View Worksheet " + item);
-            EXPECT_EQ(form->objectName().toStdString(), Find_Family(item)->view->name);
+            EXPECT_EQ(form->objectName().toStdString(), Form_Of(FormMode::View, item)->name);
             // The county's line stands above the grid.
             const int above = item == "S3p1" ? 1 : 0;
             EXPECT_EQ(form->Model().rowCount() + above, r.Read("SELECT Count(*) FROM " + item + ";").To_Long()) << item;

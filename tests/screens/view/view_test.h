@@ -24,7 +24,7 @@
 namespace tallmar {
 
 inline std::unique_ptr<ViewForm> Open_View(const std::string& item, QSize size = {1000, 600}) {
-    auto form = std::make_unique<ViewForm>(*Find_Family(item)->view, item);
+    auto form = std::make_unique<ViewForm>(*Form_Of(FormMode::View, item), item);
     form->resize(size);
     form->show();
     return form;

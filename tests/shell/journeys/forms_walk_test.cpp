@@ -33,7 +33,7 @@ class FormsWalk : public testing::TestWithParam<Sample> {
         if (item == "S3p4" && FYEnd < Date_Of(2000, 10, 1)) return false;
         if (mode == FormMode::View) return true;
         if (item == "Cp4" && FYStart >= Date_Of(2000, 10, 1)) return false;
-        return Find_Family(item)->edit != nullptr;
+        return Form_Of(FormMode::Edit, item) != nullptr;
     }
     QAction* Entry_Of(FormMode mode, const std::string& item) {
         const std::string name = (mode == FormMode::Edit ? "mnuEditOpen" : "mnuViewOpen") + item;
