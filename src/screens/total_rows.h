@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "screens/cell_entry.h"
 #include "screens/form_rows.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
 
