@@ -54,8 +54,8 @@ void Fill_Sample(Report& report, const std::string& year) {
     while (const auto record = reader.Next()) {
         cells.push_back({record->fields.at(0), record->fields.at(1), record->fields.at(2), record->fields.at(3)});
     }
-    for (const CellOutcome& outcome : Enter_Cells(cells)) {
-        if (!outcome.stored) throw std::runtime_error(path + ": " + outcome.text);
+    for (const std::optional<Refusal>& refusal : Enter_Cells(cells)) {
+        if (refusal) throw std::runtime_error(path + ": " + refusal->text);
     }
 }
 

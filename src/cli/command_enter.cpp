@@ -2,6 +2,7 @@
 #include <fstream>
 #include <istream>
 #include <map>
+#include <optional>
 
 #include "cli/change_report.h"
 #include "cli/open_for_command.h"
@@ -61,10 +62,10 @@ void Enter(const CellList& list, CommandContext& context, Refusals& refusals, st
         .cell = [&](std::size_t at) { context.platform.Name_Boxes("line " + std::to_string(list.lines[at]) + ": "); },
         .dropped = [&](std::string_view text) { dropped.emplace_back(text); },
     };
-    const std::vector<CellOutcome> outcomes = Enter_Cells(list.cells, listener);
+    const std::vector<std::optional<Refusal>> refused = Enter_Cells(list.cells, listener);
     context.platform.Name_Boxes("");
-    for (std::size_t i = 0; i < outcomes.size(); ++i) {
-        if (!outcomes[i].stored) refusals.Add(list.lines[i], outcomes[i].title + ": " + outcomes[i].text);
+    for (std::size_t i = 0; i < refused.size(); ++i) {
+        if (refused[i]) refusals.Add(list.lines[i], refused[i]->title + ": " + refused[i]->text);
     }
 }
 

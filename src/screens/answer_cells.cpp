@@ -8,6 +8,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "screens/cell_check.h"
+#include "screens/formats.h"
 
 namespace tallmar {
 
@@ -105,20 +106,20 @@ CellResult Check_List(const AnswerList& list, std::string_view text) {
 
 // A choice among numbers is the whole number; an amount stands as typed where it is precise enough. The cell is text,
 // but its amount is money: beyond that the digits would not be those that were typed.
-CellResult Check_Whole(std::string_view text, double low, double high, const BoxText* range) {
+CellResult Check_Whole(const EntryTalk& talk, std::string_view text, double low, double high, const BoxText* range) {
     const std::optional<double> number = Parse_Amount(text);
     if (!number) return Refuse(kNumericOnly);
     if (!Currency::From_Double(*number)) return Refuse(kTooLarge, {.text = text});
     const double whole = Round_Half(*number, 0);
     if (range != nullptr && (whole < low || whole > high)) return Refuse(*range);
-    const CellResult result = Validate_Numeric(text, 0, kNumericOnly, kRounded);
+    const CellResult result = Validate_Numeric(talk, text, 0, kNumericOnly, kRounded);
     return Accept(Number_Text(range != nullptr ? whole : result.value.To_Double()));
 }
 
 CellResult Check_Date(std::string_view text, const BoxText& noDate) {
     const std::optional<Date> date = Parse_Date(text);
     if (!date) return Refuse(noDate);
-    return Accept(Format(*date, "mm/dd/yyyy"));
+    return Accept(Format(*date, kDateFormat));
 }
 
 CellResult Check_Certification(std::string_view text) {
@@ -157,18 +158,18 @@ const AnswerCell* Find_Answer(std::span<const AnswerCell> cells, Currency line, 
                     [&](const AnswerCell& cell) { return field.size() == 5 && field.back() - '0' == cell.column; });
 }
 
-CellResult Check_Answer(AnswerKind kind, std::string_view text, int length) {
+CellResult Check_Answer(const EntryTalk& talk, AnswerKind kind, std::string_view text, int length) {
     const std::string_view trimmed = Trim(text);
     if (Is_Blank_Text(trimmed)) return Accept(Null);
     switch (kind) {
         case AnswerKind::Text:
             return Validate_Text(trimmed, length);
         case AnswerKind::WholeNumber:
-            return Check_Whole(trimmed, 0, 0, nullptr);
+            return Check_Whole(talk, trimmed, 0, 0, nullptr);
         case AnswerKind::ControlType:
-            return Check_Whole(trimmed, 1, kControlTypes, &kControlRange);
+            return Check_Whole(talk, trimmed, 1, kControlTypes, &kControlRange);
         case AnswerKind::SplitOption:
-            return Check_Whole(trimmed, 0, kOptions, &kOptionRange);
+            return Check_Whole(talk, trimmed, 0, kOptions, &kOptionRange);
         case AnswerKind::Date:
             return Check_Date(trimmed, kNoDate);
         case AnswerKind::Certification:

@@ -39,7 +39,7 @@ struct AnswerCell {
 const AnswerCell* Find_Answer(std::span<const AnswerCell> cells, Currency line, std::string_view field);
 
 // `length`: of a text.
-CellResult Check_Answer(AnswerKind kind, std::string_view text, int length = 1);
+CellResult Check_Answer(const EntryTalk& talk, AnswerKind kind, std::string_view text, int length = 1);
 // The list that opens over a cell of this kind; null where there is none.
 const PopupList* Popup_Of(AnswerKind kind);
 

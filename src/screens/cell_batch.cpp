@@ -14,7 +14,6 @@
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "screens/cell_check.h"
-#include "screens/cell_place.h"
 #include "screens/entry_cells.h"
 #include "screens/worksheet_forms.h"
 
@@ -26,11 +25,6 @@ constexpr BoxText kInvalidLine{"Invalid Line", "'<text>' is no line number."};
 constexpr BoxText kUnknownColumn{"Unknown Column", "<text> does not exist."};
 constexpr BoxText kUnknownWorksheet{"Unknown Worksheet", "The report has no worksheet '<text>'."};
 constexpr BoxText kNoEditForm{"No Edit Form", "Worksheet <text> has no edit form."};
-
-CellOutcome Refused(const BoxText& box, std::string_view text) {
-    Refusal refusal = Fill_Box(box, {.text = text});
-    return {false, std::move(refusal.title), std::move(refusal.text)};
-}
 
 // S-2 comes first: its line 26 moves line 5. Then the codes of S-3 Part III, which make C Part II.
 constexpr std::string_view kIdentification = "S2";
@@ -114,7 +108,7 @@ std::optional<Renumbering> Find_Renumbering(std::span<const CellText> cells) {
 // Enters cells worksheet by worksheet, row by row.
 class Batch {
   public:
-    Batch(std::span<const CellText> cells, std::vector<CellOutcome>& outcomes, const BatchListener& listener)
+    Batch(std::span<const CellText> cells, std::vector<std::optional<Refusal>>& outcomes, const BatchListener& listener)
         : cells_(cells), outcomes_(outcomes), listener_(listener), lines_(cells.size()) {
         std::ranges::transform(cells, lines_.begin(), [](const CellText& cell) { return Line_Of(cell.line); });
     }
@@ -130,12 +124,12 @@ class Batch {
   private:
     void Enter_Worksheet(std::span<const std::size_t> order);
     void Refuse_All(std::span<const std::size_t> order, const BoxText& box, std::string_view text) {
-        for (const std::size_t at : order) outcomes_[at] = Refused(box, text);
+        for (const std::size_t at : order) outcomes_[at] = Fill_Box(box, {.text = text});
     }
     void Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t> order);
 
     std::span<const CellText> cells_;
-    std::vector<CellOutcome>& outcomes_;
+    std::vector<std::optional<Refusal>>& outcomes_;
     const BatchListener& listener_;
     std::vector<std::optional<Currency>> lines_;  // as many as cells
     std::optional<Renumbering> renumbering_;
@@ -170,7 +164,7 @@ void Batch::Enter_Worksheet(std::span<const std::size_t> order) {
         if (line) {
             Enter_Row(form, *line, row);
         } else {
-            for (const std::size_t at : row) outcomes_[at] = Refused(kInvalidLine, cells_[at].line);
+            for (const std::size_t at : row) outcomes_[at] = Fill_Box(kInvalidLine, {.text = cells_[at].line});
         }
         from = to;
     }
@@ -180,8 +174,8 @@ void Batch::Enter_Worksheet(std::span<const std::size_t> order) {
 }
 
 void Batch::Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t> order) {
-    if (!form.Go_To(line)) {
-        for (const std::size_t at : order) outcomes_[at] = form.Without_Row(line);
+    if (!form.Place_Cursor(line)) {
+        for (const std::size_t at : order) outcomes_[at] = form.Why_No_Row(line);
         return;
     }
     std::vector<std::pair<const GridColumn*, std::size_t>> row;
@@ -191,10 +185,11 @@ void Batch::Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t
         if (column != nullptr) {
             row.emplace_back(column, at);
         } else {
-            outcomes_[at] = Refused(kUnknownColumn, Sql(Line_Place(form, line), ", column '", cells_[at].column, "'"));
+            const std::string place = Sql(form.Line_Place(line), ", column '", cells_[at].column, "'");
+            outcomes_[at] = Fill_Box(kUnknownColumn, {.text = place});
         }
     }
-    // The columns stand in one vector: their order in it is that of their addresses.
+    // The columns are in one vector: their order in it is that of their addresses.
     std::ranges::stable_sort(row, {}, [](const auto& cell) { return cell.first; });
     for (const auto& [column, at] : row) {
         if (listener_.cell) listener_.cell(at);
@@ -202,18 +197,18 @@ void Batch::Enter_Row(OpenForm& form, Currency line, std::span<const std::size_t
         outcomes_[at] = form.Enter(
             *column, renumbering_ ? renumbering_->Value(form.Worksheet().Name(), column->field, value) : value);
     }
-    const CellOutcome left = form.Leave_Row();
-    if (left.stored) return;
-    form.Cancel_Row();
+    const std::optional<Refusal> refusal = form.Store_Row();
+    if (!refusal) return;
+    form.Discard_Row();
     for (const auto& [column, at] : row) {
-        if (outcomes_[at].stored) outcomes_[at] = left;
+        if (!outcomes_[at]) outcomes_[at] = refusal;
     }
 }
 
 }  // namespace
 
-std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells, const BatchListener& listener) {
-    std::vector<CellOutcome> outcomes(cells.size());
+std::vector<std::optional<Refusal>> Enter_Cells(std::span<const CellText> cells, const BatchListener& listener) {
+    std::vector<std::optional<Refusal>> outcomes(cells.size());
     std::vector<std::size_t> order(cells.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     const auto rest = std::ranges::stable_partition(
@@ -229,7 +224,7 @@ std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells, const Batc
     return outcomes;
 }
 
-CellOutcome Enter_Cell(const CellText& cell) {
+std::optional<Refusal> Enter_Cell(const CellText& cell) {
     return Enter_Cells({&cell, 1}).front();
 }
 

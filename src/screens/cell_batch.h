@@ -2,12 +2,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "screens/cell_entry.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
 
@@ -25,10 +26,11 @@ struct BatchListener {
 };
 
 // Checks and stores a list of cells, row by row in an order of its own, so that the order of the list changes nothing
-// but which of two entries of one cell wins: the later. Answers in the order of the list. A row that its form would
+// but which of two entries of one cell wins: the later. Answers in the order of the list; nothing for a cell
+// that was stored. A row that its form would
 // not let go refuses all its cells.
-std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells, const BatchListener& listener = {});
+std::vector<std::optional<Refusal>> Enter_Cells(std::span<const CellText> cells, const BatchListener& listener = {});
 // One cell, with its row's and its form's closing rules.
-CellOutcome Enter_Cell(const CellText& cell);
+std::optional<Refusal> Enter_Cell(const CellText& cell);
 
 }  // namespace tallmar

@@ -8,39 +8,6 @@
 
 namespace tallmar {
 
-Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments) {
-    const auto filled = [&](std::string_view text) {
-        const std::string withPlaces = Replace(text, "<places>", std::to_string(arguments.places));
-        return Replace(Replace(withPlaces, "<length>", std::to_string(arguments.length)), "<text>", arguments.text);
-    };
-    return {.title = std::string(box.title), .text = filled(box.text), .brief = filled(box.brief)};
-}
-
-namespace {
-QuietBoxes* quietBoxes = nullptr;
-}
-
-QuietBoxes::QuietBoxes() : before_(std::exchange(quietBoxes, this)) {}
-QuietBoxes::~QuietBoxes() {
-    quietBoxes = before_;
-}
-bool QuietBoxes::Is_On() {
-    return quietBoxes != nullptr;
-}
-
-void Warn(const Refusal& box) {
-    if (quietBoxes != nullptr) {
-        quietBoxes->warnings_.push_back(box);
-    } else {
-        The_Platform().Message_Box(box.text, kExclamation, box.title);
-    }
-}
-
-Answer Ask(const Refusal& box, int buttons) {
-    if (quietBoxes != nullptr) return Answer::None;
-    return The_Platform().Message_Box(box.text, buttons, box.title);
-}
-
 CellResult Refuse(const BoxText& box, const BoxArguments& arguments) {
     return {.refusal = Fill_Box(box, arguments), .value = Null, .filled = {}};
 }
@@ -61,22 +28,23 @@ bool Is_Number_For_Name(const GridColumn& column, std::string_view text) {
     return column.kind == CellKind::Name && Parse_Amount(text).has_value();
 }
 
-CellResult Validate_Numeric(std::string_view text, int places, const BoxText& nonNumeric, const BoxText& rounding) {
+CellResult Validate_Numeric(const EntryTalk& talk, std::string_view text, int places, const BoxText& nonNumeric,
+                            const BoxText& rounding) {
     if (Is_Blank_Text(text)) return Accept(0.0);
     const std::optional<double> amount = Parse_Amount(text);
     if (!amount) return Refuse(nonNumeric, {.text = text, .places = places});
     if (Is_Precise(*amount, places)) return Accept(*amount);
-    Warn(Fill_Box(rounding, {.text = text, .places = places}));
+    talk.Warn(Fill_Box(rounding, {.text = text, .places = places}));
     return Accept(Round_Half(*amount, places));
 }
 
-CellResult Validate_Cell(const GridColumn& column, std::string_view text) {
-    if (Takes_Text(column.kind)) return Validate_Text(text, column.limit);
-    return Validate_Numeric(text, column.limit, kInvalidNonNumeric);
+CellResult Validate_Cell(const CellPlace& place, std::string_view text) {
+    if (Takes_Text(place.column.kind)) return Validate_Text(text, place.column.limit);
+    return Validate_Numeric(place.talk, text, place.column.limit, kInvalidNonNumeric);
 }
 
-CellResult Validate_Number(std::string_view text, int places) {
-    return Validate_Numeric(text, places, kInvalidNumber);
+CellResult Validate_Number(const EntryTalk& talk, std::string_view text, int places) {
+    return Validate_Numeric(talk, text, places, kInvalidNumber);
 }
 
 std::optional<CostCenterEntry> Find_Cost_Center(std::string_view text) {

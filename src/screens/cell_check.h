@@ -4,21 +4,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "common/platform.h"
 #include "screens/amount_text.h"
 #include "screens/form_description.h"
 
 namespace tallmar {
-
-// A box as a table holds it: <text>, <places> and <length> stand for what was typed and what the cell takes. `brief`
-// is the reason in a list of many cells.
-struct BoxText {
-    std::string_view title, text;
-    std::string_view brief = {};
-};
 
 inline constexpr BoxText kInvalidLength{
     "Invalid Length Entry",
@@ -48,36 +39,9 @@ inline constexpr BoxText kTooLarge{
     "modification is being discarded.  Select OK to continue.",
     "larger than the cell can hold"};
 
-struct BoxArguments {
-    std::string_view text = {};
-    int places = 0;
-    int length = 0;
-};
-Refusal Fill_Box(const BoxText& box, const BoxArguments& arguments = {});
-
-// While one lives the checks show nothing: what they would warn of is collected, and what they would ask is not asked.
-class QuietBoxes {
-  public:
-    QuietBoxes();
-    ~QuietBoxes();
-    QuietBoxes(const QuietBoxes&) = delete;
-    QuietBoxes& operator=(const QuietBoxes&) = delete;
-    static bool Is_On();
-    // What was warned of since the last time.
-    std::vector<Refusal> Take_Warnings() { return std::exchange(warnings_, {}); }
-
-  private:
-    friend void Warn(const Refusal& box);
-    QuietBoxes* before_;
-    std::vector<Refusal> warnings_;
-};
-// A box of a check that only warns.
-void Warn(const Refusal& box);
 // What answers for a question where nothing is asked.
 inline constexpr BoxText kEnterAlone{"Entry Error",
                                      "This answer changes other worksheets.  Please enter it by itself."};
-// A question of a check, the icon among the buttons. Answer::None where nothing is asked: the entry is refused then.
-Answer Ask(const Refusal& box, int buttons);
 
 CellResult Refuse(const BoxText& box, const BoxArguments& arguments = {});
 CellResult Accept(Value value);
@@ -86,14 +50,14 @@ CellResult Accept(Value value);
 CellResult Validate_Text(std::string_view text, int length);
 // A number with up to `places` decimals. Blank is 0. More decimals: the box `rounding` warns and the number is
 // rounded by Round_Half. No number: refused by `nonNumeric`.
-CellResult Validate_Numeric(std::string_view text, int places, const BoxText& nonNumeric,
+CellResult Validate_Numeric(const EntryTalk& talk, std::string_view text, int places, const BoxText& nonNumeric,
                             const BoxText& rounding = kTooSpecific);
 // A bare number where a row has its name: a slip of the cursor, which the desktop never takes for a name.
 bool Is_Number_For_Name(const GridColumn& column, std::string_view text);
 // The general routine of the forms: text or number as the column is.
-CellResult Validate_Cell(const GridColumn& column, std::string_view text);
+CellResult Validate_Cell(const CellPlace& place, std::string_view text);
 // The single-value form, of forms whose cells are of several kinds.
-CellResult Validate_Number(std::string_view text, int places);
+CellResult Validate_Number(const EntryTalk& talk, std::string_view text, int places);
 
 struct CostCenterEntry {
     Currency number;

@@ -3,9 +3,9 @@
 #include "common/text.h"
 #include "report/open_report.h"
 #include "screens/amount_text.h"
-#include "screens/cell_entry.h"
 #include "screens/cell_text.h"
 #include "screens/form_rows.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
 

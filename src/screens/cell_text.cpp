@@ -7,14 +7,13 @@
 #include "common/numbers.h"
 #include "common/variant.h"
 #include "screens/amount_text.h"
+#include "screens/formats.h"
 
 namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kCents = "0.00";
-constexpr std::string_view kAmountAnswer = "###,###,##0;(###,###,##0)";
-constexpr std::string_view kDate = "mm/dd/yyyy";
+constexpr std::string_view kHundredths = "0.00";
 constexpr int kCentPlaces = 2;
 
 // From this size on a text is a name or a description, not a code.
@@ -35,7 +34,7 @@ bool Is_Midnight(Date date) {
     return civil.hour == 0 && civil.minute == 0 && civil.second == 0;
 }
 std::string Date_Text(Date date) {
-    return Is_Midnight(date) ? Format(date, kDate) : General_Date(date);
+    return Is_Midnight(date) ? Format(date, kDateFormat) : General_Date(date);
 }
 
 }  // namespace
@@ -43,15 +42,15 @@ std::string Date_Text(Date date) {
 std::string Cell_Text(const FormDescription& form, const CellPlace& place) {
     const Value& value = place.row[place.column.field];
     if (value.Is_Null()) return {};
-    if (const PopupList* list = form.popup == nullptr ? nullptr : form.popup(place)) {
+    if (const PopupList* list = form.cells.popup == nullptr ? nullptr : form.cells.popup(place)) {
         const std::string text = value.To_Text();
         const auto entry =
             std::ranges::find_if(list->entries, [&](const PopupEntry& e) { return Same_Text(e.value, text); });
         if (entry != list->entries.end()) return std::string(entry->shown);
     }
-    if (form.isAmount != nullptr && form.isAmount(place)) {
+    if (form.cells.isAmount != nullptr && form.cells.isAmount(place)) {
         const std::optional<double> amount = Parse_Amount(value.To_Text());
-        if (amount && Is_Precise(*amount, 0)) return Format(*amount, kAmountAnswer);
+        if (amount && Is_Precise(*amount, 0)) return Format(*amount, kAmount);
     }
     if (!place.column.format.empty()) return Format(value, place.column.format);
     if (value.Is<Currency>()) return Line_Text(std::get<Currency>(value.Get()));
@@ -60,7 +59,7 @@ std::string Cell_Text(const FormDescription& form, const CellPlace& place) {
 
 std::string Line_Text(Currency line) {
     if (line.Is_Whole() || !Is_Precise(line.To_Double(), kCentPlaces)) return line.To_Text();
-    return Format(line, kCents);
+    return Format(line, kHundredths);
 }
 
 std::string Edit_Text(const Value& value) {
@@ -70,11 +69,11 @@ std::string Edit_Text(const Value& value) {
 
 bool Is_Shaded(const FormDescription& form, const GridColumn& column, const Value& value) {
     if (!value.Is_Null() || !Is_Figure(column)) return false;
-    return form.readOnly || form.nullIsShaded || column.kind == CellKind::Shown;
+    return form.readOnly || form.cells.nullIsShaded || column.kind == CellKind::Shown;
 }
 
 bool Reads_As_Figure(const FormDescription& form, const CellPlace& place) {
-    return Is_Figure(place.column) || (form.isAmount != nullptr && form.isAmount(place));
+    return Is_Figure(place.column) || (form.cells.isAmount != nullptr && form.cells.isAmount(place));
 }
 
 bool Is_Figure(const GridColumn& column) {

@@ -6,6 +6,7 @@
 #include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -13,7 +14,6 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 constexpr int kNameLength = 36;
 
 constexpr std::array kColumnsA{
@@ -99,29 +99,28 @@ constexpr std::array kFoot{FootSum{"Total", {1_cur, 28.99_cur}}};
 constexpr FormDescription Edit_Compensation(std::string_view name) {
     return {.name = name,
             .where = "LineNum < 29",
-            .columns = kCompensation,
-            .nullIsShaded = true,
-            .storedNote = Kept_Name,
-            .foot = kFoot};
+            .columns = {kCompensation},
+            .cells = {.nullIsShaded = true},
+            .rows = {.storedNote = Kept_Name},
+            .window = {.foot = kFoot}};
 }
 constexpr FormDescription View_Compensation(std::string_view name) {
-    return {.name = name, .columns = kCompensation, .readOnly = true};
+    return {.name = name, .readOnly = true, .columns = {kCompensation}};
 }
 
 }  // namespace
 
 constinit const FormDescription kEditA{.name = "frmEditA",
                                        .where = "LineNum < 29",
-                                       .columns = kColumnsA,
-                                       .hidden = Hidden_A,
-                                       .locked = Locked_A,
-                                       .storedNote = Kept_Name,
-                                       .foot = kFoot};
+                                       .columns = {.described = kColumnsA, .hidden = Hidden_A},
+                                       .cells = {.locked = Locked_A},
+                                       .rows = {.storedNote = Kept_Name},
+                                       .window = {.foot = kFoot}};
 constinit const FormDescription kEditA1 = Edit_Compensation("frmEditA1");
 constinit const FormDescription kEditA2 = Edit_Compensation("frmEditA2");
 constinit const FormDescription kEditA3 = Edit_Compensation("frmEditA3");
 
-constinit const FormDescription kViewA{.name = "frmViewA", .columns = kViewColumnsA, .readOnly = true};
+constinit const FormDescription kViewA{.name = "frmViewA", .readOnly = true, .columns = {kViewColumnsA}};
 constinit const FormDescription kViewA1 = View_Compensation("frmViewA1");
 constinit const FormDescription kViewA2 = View_Compensation("frmViewA2");
 constinit const FormDescription kViewA3 = View_Compensation("frmViewA3");

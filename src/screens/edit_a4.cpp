@@ -8,14 +8,13 @@
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/cell_text.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
 namespace tallmar {
 
 namespace {
-
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 
 constexpr std::array kColumns{
     FormColumn{"LineNum", "", "Line #"},
@@ -66,12 +65,13 @@ CellResult Validate_A4(const CellPlace& place, std::string_view text) {
     for (const Side& side : kSides) {
         // A blank empties the side; closing the form then clears its amount.
         if (place.column.field == side.number) return Validate_Cost_Center(text, side.name, side.invalidNumber);
-        if (place.column.field == side.amount) return Validate_Numeric(text, 0, side.invalidAmount);
+        if (place.column.field == side.amount) return Validate_Numeric(place.talk, text, 0, side.invalidAmount);
     }
     return Check_Code(text);
 }
 
-std::optional<Refusal> Leave_A4(const Item&, const RowUnderEdit& row) {
+std::optional<Refusal> Leave_A4(const RowPlace& place) {
+    const RowUnderEdit& row = place.row;
     const Value& code = row["Col_1"];
     if (Is_Blank(code) || !Is_Blank(row["Explanation"])) return std::nullopt;
     const Row explained = db.Read_Row(Sql("SELECT Count(Len([Explanation])) AS Cnt From A4 Where LineNum < ",
@@ -135,18 +135,14 @@ void Remove(const Item&, Currency line) {
 
 }  // namespace
 
-constinit const FormDescription kEditA4{.name = "frmEditA4",
-                                        .where = "LineNum < 30",
-                                        .columns = kColumns,
-                                        .check = Validate_A4,
-                                        .leaveRow = Leave_A4,
-                                        .closing = Close_A4,
-                                        .nextLine = Next_Line,
-                                        .newRow = {"Col_4, Col_7", "0, 0"},
-                                        .add = Add,
-                                        .remove = Remove,
-                                        .choices = Choices};
+constinit const FormDescription kEditA4{
+    .name = "frmEditA4",
+    .where = "LineNum < 30",
+    .columns = {kColumns},
+    .cells = {.check = Validate_A4, .choices = Choices},
+    .rows = {.leave = Leave_A4, .closing = Close_A4},
+    .lines = {.next = Next_Line, .newRow = {"Col_4, Col_7", "0, 0"}, .add = Add, .remove = Remove}};
 
-constinit const FormDescription kViewA4{.name = "frmViewA4", .columns = kColumns, .readOnly = true};
+constinit const FormDescription kViewA4{.name = "frmViewA4", .readOnly = true, .columns = {kColumns}};
 
 }  // namespace tallmar

@@ -6,14 +6,13 @@
 #include "common/sql_text.h"
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
 namespace tallmar {
 
 namespace {
-
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 
 constexpr std::array kColumns{
     FormColumn{"LineNum", "", "Line #"},
@@ -58,7 +57,7 @@ std::string_view Not_Shown(Currency line) {
 }
 
 CellResult Check(const CellPlace& place, std::string_view text) {
-    if (place.column.field == "Col_2") return Validate_Number(text, 0);
+    if (place.column.field == "Col_2") return Validate_Number(place.talk, text, 0);
     if (place.column.field == "Col_4") return Validate_Cost_Center(text, "Col_3");
     const std::string basis = To_Upper(Trim(text));
     if (basis != "A" && basis != "B") return Refuse(kInvalidBasis, {.text = text});
@@ -78,17 +77,13 @@ void Remove(const Item&, Currency line) {
 
 }  // namespace
 
-constinit const FormDescription kEditA5{.name = "frmEditA5",
-                                        .where = "Int(LineNum) Not In(10, 21)",
-                                        .columns = kColumns,
-                                        .locked = Locked,
-                                        .notShown = Not_Shown,
-                                        .check = Check,
-                                        .nextLine = Next_Line,
-                                        .add = Add,
-                                        .remove = Remove,
-                                        .choices = Choices};
+constinit const FormDescription kEditA5{
+    .name = "frmEditA5",
+    .where = "Int(LineNum) Not In(10, 21)",
+    .columns = {kColumns},
+    .cells = {.locked = Locked, .check = Check, .choices = Choices},
+    .lines = {.notShown = Not_Shown, .next = Next_Line, .add = Add, .remove = Remove}};
 
-constinit const FormDescription kViewA5{.name = "frmViewA5", .columns = kColumns, .readOnly = true};
+constinit const FormDescription kViewA5{.name = "frmViewA5", .readOnly = true, .columns = {kColumns}};
 
 }  // namespace tallmar

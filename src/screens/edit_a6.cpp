@@ -9,6 +9,7 @@
 #include "screens/answer_cells.h"
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -16,7 +17,6 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 constexpr std::string_view kPercent = "##0.00";
 
 constexpr std::array kColumnsA{
@@ -48,8 +48,8 @@ constexpr BoxText kNegativePercentage{"Error: Invalid Negative 'Percentage_1' En
 constexpr BoxText kInvalidSymbol{"Error: Invalid Symbol Entry",
                                  "Valid Symbol entries are 'A' through 'G' only.  Select OK to continue."};
 
-CellResult Check_A(const CellPlace&, std::string_view text) {
-    return Check_Answer(AnswerKind::YesNo, text);
+CellResult Check_A(const CellPlace& place, std::string_view text) {
+    return Check_Answer(place.talk, AnswerKind::YesNo, text);
 }
 const PopupList* Popup_A(const CellPlace& place) {
     return place.column.field == "Answer" ? Popup_Of(AnswerKind::YesNo) : nullptr;
@@ -90,7 +90,7 @@ void Remove_B(const Item&, Currency line) {
 CellResult Check_C(const CellPlace& place, std::string_view text) {
     if (place.column.field != "Col_1") {
         if (Parse_Amount(text).value_or(0) < 0) return Refuse(kNegativePercentage);
-        return Validate_Number(text, place.column.limit);
+        return Validate_Number(place.talk, text, place.column.limit);
     }
     const std::string symbol = To_Upper(Trim(text));
     if (symbol.size() != 1 || symbol[0] < 'A' || symbol[0] > 'G') return Refuse(kInvalidSymbol);
@@ -109,26 +109,20 @@ void Remove_C(const Item&, Currency line) {
 }  // namespace
 
 constinit const FormDescription kEditA6pA{
-    .name = "frmEditA6pA", .order = "", .columns = kColumnsA, .check = Check_A, .popup = Popup_A};
+    .name = "frmEditA6pA", .order = "", .columns = {kColumnsA}, .cells = {.check = Check_A, .popup = Popup_A}};
 constinit const FormDescription kEditA6pB{.name = "frmEditA6pB",
                                           .where = "LineNum < 4",
-                                          .columns = kColumnsB,
-                                          .locked = Locked_B,
-                                          .check = Check_B,
-                                          .nextLine = Next_B,
-                                          .add = Add_B,
-                                          .remove = Remove_B,
-                                          .choices = Choices_B};
-constinit const FormDescription kEditA6pC{.name = "frmEditA6pC",
-                                          .columns = kColumnsC,
-                                          .check = Check_C,
-                                          .nextLine = Next_In_Group<kLinesC>,
-                                          .newRow = {"Col_4, Col_5", "0, 0"},
-                                          .add = Add_C,
-                                          .remove = Remove_C};
+                                          .columns = {kColumnsB},
+                                          .cells = {.locked = Locked_B, .check = Check_B, .choices = Choices_B},
+                                          .lines = {.next = Next_B, .add = Add_B, .remove = Remove_B}};
+constinit const FormDescription kEditA6pC{
+    .name = "frmEditA6pC",
+    .columns = {kColumnsC},
+    .cells = {.check = Check_C},
+    .lines = {.next = Next_In_Group<kLinesC>, .newRow = {"Col_4, Col_5", "0, 0"}, .add = Add_C, .remove = Remove_C}};
 
-constinit const FormDescription kViewA6pA{.name = "frmViewA6pA", .order = "", .columns = kColumnsA, .readOnly = true};
-constinit const FormDescription kViewA6pB{.name = "frmViewA6pB", .columns = kColumnsB, .readOnly = true};
-constinit const FormDescription kViewA6pC{.name = "frmViewA6pC", .columns = kColumnsC, .readOnly = true};
+constinit const FormDescription kViewA6pA{.name = "frmViewA6pA", .order = "", .readOnly = true, .columns = {kColumnsA}};
+constinit const FormDescription kViewA6pB{.name = "frmViewA6pB", .readOnly = true, .columns = {kColumnsB}};
+constinit const FormDescription kViewA6pC{.name = "frmViewA6pC", .readOnly = true, .columns = {kColumnsC}};
 
 }  // namespace tallmar

@@ -1,13 +1,12 @@
 // frmEditA7: changes in capital asset balances, in whole dollars.
 #include <array>
 
+#include "screens/formats.h"
 #include "screens/forms.h"
 
 namespace tallmar {
 
 namespace {
-
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 
 constexpr std::array kColumns{
     FormColumn{"LineNum", "", "Line #"},
@@ -22,7 +21,7 @@ constexpr std::array kColumns{
 
 }  // namespace
 
-constinit const FormDescription kEditA7{.name = "frmEditA7", .where = "LineNum < 7", .columns = kColumns};
-constinit const FormDescription kViewA7{.name = "frmViewA7", .columns = kColumns, .readOnly = true};
+constinit const FormDescription kEditA7{.name = "frmEditA7", .where = "LineNum < 7", .columns = {kColumns}};
+constinit const FormDescription kViewA7{.name = "frmViewA7", .readOnly = true, .columns = {kColumns}};
 
 }  // namespace tallmar

@@ -7,15 +7,13 @@
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
 namespace tallmar {
 
 namespace {
-
-constexpr std::string_view kStatistic = "#,###,###,##0;(#,###,###,##0)";
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 
 constexpr std::array kFixed{
     FormColumn{"LineNum", "", "Line #"},
@@ -158,7 +156,7 @@ void Insert_Override(const CellPlace& place, double amount) {
 }
 
 CellResult Check(const CellPlace& place, std::string_view text) {
-    CellResult result = Validate_Number(text, place.column.limit);
+    CellResult result = Validate_Number(place.talk, text, place.column.limit);
     if (result.refusal) return result;
     // What stands is no modification.
     if (result.value.To_Double() == Nz_Double(place.row[place.column.field])) return result;
@@ -169,7 +167,7 @@ CellResult Check(const CellPlace& place, std::string_view text) {
 
     const double amount = result.value.To_Double();
     const bool accumulated = warning->tag == kAccumulated;
-    switch (Ask(Fill_Box(warning->box), warning->buttons + kExclamation)) {
+    switch (place.talk.Ask(Fill_Box(warning->box), warning->buttons + kExclamation)) {
         case Answer::Ok:
             if (overridden) {
                 db.Execute(Sql("DELETE FROM B1X", where));
@@ -185,15 +183,15 @@ CellResult Check(const CellPlace& place, std::string_view text) {
             return result;
         default:
             result = Refuse(warning->box);
-            result.refusal->shown = !QuietBoxes::Is_On();
+            result.refusal->shown = !place.talk.Is_Quiet();
             return result;
     }
 }
 
 // Recipients copy what was typed into their source.
-void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn> columns) {
-    for (const GridColumn& column : columns) {
-        if (Holds(column, kSource) && row.Entered().contains(column.field)) return Apply_StatLinks();
+void Stored(const RowPlace& place) {
+    for (const GridColumn& column : place.columns) {
+        if (Holds(column, kSource) && place.row.Entered().contains(column.field)) return Apply_StatLinks();
     }
 }
 
@@ -204,17 +202,15 @@ constexpr std::array kFoot{FootSum{"Total", {1_cur, 28.99_cur}}};
 
 constinit const FormDescription kEditB1{.name = "frmEditB1",
                                         .where = "LineNum < 29",
-                                        .columns = kFixed,
-                                        .moreColumns = Edit_Columns,
-                                        .nullIsShaded = true,
-                                        .locked = Locked,
-                                        .check = Check,
-                                        .rowStored = Stored,
-                                        .sides = kSides,
-                                        .foot = kFoot};
-constinit const FormDescription kViewB1{
-    .name = "frmViewB1", .columns = kFixed, .moreColumns = View_Columns, .readOnly = true};
+                                        .columns = {.described = kFixed, .more = Edit_Columns},
+                                        .cells = {.nullIsShaded = true, .locked = Locked, .check = Check},
+                                        .rows = {.stored = Stored, .sides = kSides},
+                                        .window = {.foot = kFoot, .statLinks = true}};
+constinit const FormDescription kViewB1{.name = "frmViewB1",
+                                        .readOnly = true,
+                                        .columns = {.described = kFixed, .more = View_Columns},
+                                        .window = {.building = " Building the columns of Worksheet B-1"}};
 constinit const FormDescription kViewB{
-    .name = "frmViewB", .columns = kFixedB, .moreColumns = View_Columns_B, .readOnly = true};
+    .name = "frmViewB", .readOnly = true, .columns = {.described = kFixedB, .more = View_Columns_B}};
 
 }  // namespace tallmar

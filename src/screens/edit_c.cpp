@@ -4,6 +4,7 @@
 #include "calc/worksheet.h"
 #include "common/variant.h"
 #include "screens/entry_cells.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -11,9 +12,6 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
-constexpr std::string_view kCount = "###,###,##0;(###,###,##0)";
-constexpr std::string_view kCents = "###,###,##0.00;(###,###,##0.00)";
 constexpr std::string_view kRatio = "0.000000";
 
 constexpr std::array kColumns1{
@@ -135,20 +133,21 @@ std::string_view Locked_4(const CellPlace& place) {
 
 constinit const FormDescription kEditCp2{.name = "frmEditCp2mxxxx",
                                          .where = "LineNum Not In(7, 14)",
-                                         .columns = kColumns2,
-                                         .moreColumns = Total_Post,
-                                         .locked = Locked_2};
-constinit const FormDescription kEditCp3{.name = "frmEditCp3", .columns = kColumns3, .locked = Locked_3};
+                                         .columns = {.described = kColumns2, .more = Total_Post},
+                                         .cells = {.locked = Locked_2}};
+constinit const FormDescription kEditCp3{.name = "frmEditCp3", .columns = {kColumns3}, .cells = {.locked = Locked_3}};
 constinit const FormDescription kEditCp4{
-    .name = "frmEditCp4", .where = "Int(LineNum) = 23", .columns = kColumns4, .locked = Locked_4};
-constinit const FormDescription kEditCp5{
-    .name = "frmEditCp5", .where = "LineNum < 28", .columns = kColumns5, .locked = Locked_Elsewhere<kEntries5>};
+    .name = "frmEditCp4", .where = "Int(LineNum) = 23", .columns = {kColumns4}, .cells = {.locked = Locked_4}};
+constinit const FormDescription kEditCp5{.name = "frmEditCp5",
+                                         .where = "LineNum < 28",
+                                         .columns = {kColumns5},
+                                         .cells = {.locked = Locked_Elsewhere<kEntries5>}};
 
-constinit const FormDescription kViewCp1{.name = "frmViewCp1", .columns = kColumns1, .readOnly = true};
+constinit const FormDescription kViewCp1{.name = "frmViewCp1", .readOnly = true, .columns = {kColumns1}};
 constinit const FormDescription kViewCp2{
-    .name = "frmViewCp2mxxxx", .columns = kColumns2, .moreColumns = Total_Post, .readOnly = true};
-constinit const FormDescription kViewCp3{.name = "frmViewCp3", .columns = kColumns3, .readOnly = true};
-constinit const FormDescription kViewCp4{.name = "frmViewCp4", .columns = kColumns4, .readOnly = true};
-constinit const FormDescription kViewCp5{.name = "frmViewCp5", .columns = kColumns5, .readOnly = true};
+    .name = "frmViewCp2mxxxx", .readOnly = true, .columns = {.described = kColumns2, .more = Total_Post}};
+constinit const FormDescription kViewCp3{.name = "frmViewCp3", .readOnly = true, .columns = {kColumns3}};
+constinit const FormDescription kViewCp4{.name = "frmViewCp4", .readOnly = true, .columns = {kColumns4}};
+constinit const FormDescription kViewCp5{.name = "frmViewCp5", .readOnly = true, .columns = {kColumns5}};
 
 }  // namespace tallmar

@@ -7,6 +7,7 @@
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/entry_cells.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -14,8 +15,6 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
-constexpr std::string_view kDate = "mm/dd/yyyy";
 constexpr int kTextLength = 36;
 
 constexpr std::array kColumns1{
@@ -34,9 +33,9 @@ constexpr std::array kColumns2{
 constexpr std::array kPayments{
     FormColumn{"LineNum", "", "Line #"},
     FormColumn{"Description", "", "Description", CellKind::Name, kTextLength},
-    FormColumn{"Col_1", "1", "Part A Date", CellKind::Own, 0, kDate},
+    FormColumn{"Col_1", "1", "Part A Date", CellKind::Own, 0, kDateFormat},
     FormColumn{"Col_2", "2", "Part A Amount", CellKind::Number, 0, kAmount},
-    FormColumn{"Col_3", "3", "Part B Date", CellKind::Own, 0, kDate},
+    FormColumn{"Col_3", "3", "Part B Date", CellKind::Own, 0, kDateFormat},
     FormColumn{"Col_4", "4", "Part B Amount", CellKind::Number, 0, kAmount},
 };
 
@@ -128,26 +127,27 @@ std::string_view Not_Shown_2(Currency line) {
 
 }  // namespace
 
-constinit const FormDescription kEditDp1{
-    .name = "frmEditDp1", .where = "LineNum Not In(1, 3, 7, 8, 9, 10)", .columns = kColumns1, .locked = Locked_1};
+constinit const FormDescription kEditDp1{.name = "frmEditDp1",
+                                         .where = "LineNum Not In(1, 3, 7, 8, 9, 10)",
+                                         .columns = {kColumns1},
+                                         .cells = {.locked = Locked_1}};
 constinit const FormDescription kEditDp2{.name = "frmEditDp2",
                                          .where = "LineNum Not In(12, 14, 15, 16, 18, 21, 25, 27, 28, 28.5, 29, 31)",
-                                         .columns = kColumns2,
-                                         .locked = Locked_Elsewhere<kEntries2>,
-                                         .notShown = Not_Shown_2};
+                                         .columns = {kColumns2},
+                                         .cells = {.locked = Locked_Elsewhere<kEntries2>},
+                                         .lines = {.notShown = Not_Shown_2}};
 constinit const FormDescription kEditD1{.name = "frmEditD1",
                                         .where = "LineNum < 3.99",
-                                        .columns = kPayments,
-                                        .locked = Locked_Elsewhere<kPaymentEntries>,
-                                        .check = Check_Date,
-                                        .nextLine = Next_In_Group<kLumpSums>,
-                                        .newRow = kNoPayment,
-                                        .rowMade = Describe_Lump_Sum,
-                                        .add = Add_Lump_Sum,
-                                        .remove = Remove_Lump_Sum};
+                                        .columns = {kPayments},
+                                        .cells = {.locked = Locked_Elsewhere<kPaymentEntries>, .check = Check_Date},
+                                        .lines = {.next = Next_In_Group<kLumpSums>,
+                                                  .newRow = kNoPayment,
+                                                  .made = Describe_Lump_Sum,
+                                                  .add = Add_Lump_Sum,
+                                                  .remove = Remove_Lump_Sum}};
 
-constinit const FormDescription kViewDp1{.name = "frmViewDp1", .columns = kColumns1, .readOnly = true};
-constinit const FormDescription kViewDp2{.name = "frmViewDp2", .columns = kColumns2, .readOnly = true};
-constinit const FormDescription kViewD1{.name = "frmViewD1", .columns = kPayments, .readOnly = true};
+constinit const FormDescription kViewDp1{.name = "frmViewDp1", .readOnly = true, .columns = {kColumns1}};
+constinit const FormDescription kViewDp2{.name = "frmViewDp2", .readOnly = true, .columns = {kColumns2}};
+constinit const FormDescription kViewD1{.name = "frmViewD1", .readOnly = true, .columns = {kPayments}};
 
 }  // namespace tallmar

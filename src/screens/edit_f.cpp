@@ -5,6 +5,7 @@
 #include "common/sql_text.h"
 #include "report/open_report.h"
 #include "screens/entry_cells.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -12,7 +13,6 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kAmount = "###,###,##0;(###,###,##0)";
 constexpr int kTextLength = 36;
 
 constexpr std::array kColumns{
@@ -152,29 +152,24 @@ void Remove_2(const Item& item, Currency line) {
 
 constinit const FormDescription kEditF{.name = "frmEditF",
                                        .where = "LineNum Not In(11, 27, 32, 33, 42, 49, 50, 58, 59)",
-                                       .columns = kColumns,
-                                       .locked = Locked_Elsewhere<kEntries>,
-                                       .foot = kFoot};
-constinit const FormDescription kEditF1{.name = "frmEditF1",
-                                        .where = "LineNum Not In(3, 4, 17, 18, 32, 33)",
-                                        .columns = kColumns1,
-                                        .locked = Locked_1,
-                                        .notShown = Not_Shown_1,
-                                        .nextLine = Next_Line_1,
-                                        .newRow = kNoAmount,
-                                        .add = Add_1,
-                                        .remove = Remove_1};
-constinit const FormDescription kEditF2{.name = "frmEditF2",
-                                        .where = "LineNum Not In(2, 3, 9, 10, 16, 17)",
-                                        .columns = kColumns2,
-                                        .locked = Locked_Elsewhere<kEntries2>,
-                                        .nextLine = Next_Line_2,
-                                        .newRow = kNoDetail,
-                                        .add = Add_2,
-                                        .remove = Remove_2};
+                                       .columns = {kColumns},
+                                       .cells = {.locked = Locked_Elsewhere<kEntries>},
+                                       .window = {.foot = kFoot}};
+constinit const FormDescription kEditF1{
+    .name = "frmEditF1",
+    .where = "LineNum Not In(3, 4, 17, 18, 32, 33)",
+    .columns = {kColumns1},
+    .cells = {.locked = Locked_1},
+    .lines = {.notShown = Not_Shown_1, .next = Next_Line_1, .newRow = kNoAmount, .add = Add_1, .remove = Remove_1}};
+constinit const FormDescription kEditF2{
+    .name = "frmEditF2",
+    .where = "LineNum Not In(2, 3, 9, 10, 16, 17)",
+    .columns = {kColumns2},
+    .cells = {.locked = Locked_Elsewhere<kEntries2>},
+    .lines = {.next = Next_Line_2, .newRow = kNoDetail, .add = Add_2, .remove = Remove_2}};
 
-constinit const FormDescription kViewF{.name = "frmViewF", .columns = kColumns, .readOnly = true};
-constinit const FormDescription kViewF1{.name = "frmViewF1", .columns = kColumns1, .readOnly = true};
-constinit const FormDescription kViewF2{.name = "frmViewF2", .columns = kColumns2, .readOnly = true};
+constinit const FormDescription kViewF{.name = "frmViewF", .readOnly = true, .columns = {kColumns}};
+constinit const FormDescription kViewF1{.name = "frmViewF1", .readOnly = true, .columns = {kColumns1}};
+constinit const FormDescription kViewF2{.name = "frmViewF2", .readOnly = true, .columns = {kColumns2}};
 
 }  // namespace tallmar

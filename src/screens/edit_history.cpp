@@ -1,7 +1,6 @@
 #include "screens/edit_history.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
 #include "common/sql_text.h"
@@ -11,167 +10,177 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kLine = "LineNum";
-
-std::optional<std::size_t> Line_Field(std::span<const std::string> fields) {
-    const auto found = std::ranges::find_if(fields, [](const std::string& field) { return Same_Text(field, kLine); });
-    if (found == fields.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - fields.begin());
+std::string Counted(std::size_t count, std::string_view thing) {
+    return Sql(std::to_string(count), " ", thing, count == 1 ? "" : "s");
 }
 
-void Insert_Row(const TableChange& change, std::span<const Value> values) {
-    std::string fields, list;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        fields += Sql(i == 0 ? "" : ", ", change.fields[i]);
-        list += Sql(i == 0 ? "" : ", ", values[i]);
-    }
-    db.Execute(Sql("INSERT INTO ", change.table, " (", fields, ") VALUES (", list, ");"));
+// What the checks wrote for a row, as B1X: it goes before the row. What follows from a row goes back after it.
+bool Belongs_To_Row(const OpenForm& form, const TableChange& change) {
+    return std::ranges::any_of(form.Description().rows.sides, [&](const SideTable& side) {
+        return !side.rowField.empty() && side.tables.Matches(change.table);
+    });
 }
 
-std::string Where_Equal(const TableChange& change, std::span<const Value> values) {
-    std::string where;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        where += Sql(i == 0 ? "" : " AND ", change.fields[i]);
-        where += values[i].Is_Null() ? std::string(" Is Null") : Sql(" = ", values[i]);
-    }
-    return where;
-}
-
-void Put_Back_Line(const TableChange& change, const RowChange& row) {
-    const std::string where = Sql(" WHERE LineNum = ", row.line, ";");
-    if (row.before.empty()) {
-        db.Execute(Sql("DELETE FROM ", change.table, where));
-        return;
-    }
-    if (!db.Read_Row(Sql("SELECT LineNum FROM ", change.table, where))) return Insert_Row(change, row.before);
-    std::string update;
-    for (std::size_t i = 0; i < row.before.size(); ++i) {
-        if (!row.after.empty() && row.after[i] == row.before[i]) continue;
-        update += Sql(update.empty() ? " SET " : ", ", change.fields[i], "=", row.before[i]);
-    }
-    db.Execute(Sql("UPDATE ", change.table, update, where));
-}
-
-}  // namespace
-
-TableState Read_State(const std::string& table, std::string_view where) {
-    TableState state{.table = table, .fields = {}, .rows = {}};
-    if (!db.TableDefs().Has(table)) return state;
-    const TableDef def = db.TableDefs().Item(table);
-    for (const FieldDef& field : def.Shape().fields) state.fields.push_back(field.name);
-    Recordset rows = db.OpenRecordset(Sql("SELECT * FROM ", table, where.empty() ? "" : " WHERE ", where, ";"),
-                                      RecordsetType::Snapshot);
-    for (; !rows.Eof(); rows.MoveNext()) {
-        std::vector<Value>& values = state.rows.emplace_back();
-        for (const std::string& field : state.fields) values.push_back(rows[field]);
-    }
-    return state;
-}
-
-std::vector<TableState> Read_Sides(std::span<const SideTable> sides, Currency line) {
-    std::vector<TableState> states;
-    if (sides.empty()) return states;
-    const TableDefs tables = db.TableDefs();
-    for (const SideTable& side : sides) {
-        if (side.ofLine != Currency() && side.ofLine != line) continue;
-        const std::string where = side.rowField.empty() ? "" : Sql(side.rowField, " = ", line);
-        const std::string name(side.tables.Text());
-        if (name.find_first_of("*?#") == std::string::npos) {
-            states.push_back(Read_State(name, where));
-            continue;
-        }
-        for (int i = 0; i < tables.Count(); ++i) {
-            const std::string table = tables.Item(i).Name();
-            if (side.tables.Matches(table)) states.push_back(Read_State(table, where));
-        }
-    }
-    return states;
-}
-
-TableChange Difference(const TableState& before, const TableState& after) {
-    TableChange change{before.table, before.fields.empty() ? after.fields : before.fields, {}};
-    const bool isSameShape = before.fields == after.fields || before.fields.empty() || after.fields.empty();
-    if (!isSameShape) return change;
-    if (const std::optional<std::size_t> at = Line_Field(change.fields)) {
-        std::map<Currency, RowChange> lines;
-        for (const auto& row : before.rows) lines[row[*at].To_Currency()].before = row;
-        for (const auto& row : after.rows) lines[row[*at].To_Currency()].after = row;
-        for (auto& [line, row] : lines) {
-            if (row.before == row.after) continue;
-            row.line = line;
-            change.rows.push_back(std::move(row));
-        }
-        return change;
-    }
-    for (const auto& row : before.rows) {
-        if (std::ranges::find(after.rows, row) == after.rows.end()) change.rows.push_back({{}, row, {}});
-    }
-    for (const auto& row : after.rows) {
-        if (std::ranges::find(before.rows, row) == before.rows.end()) change.rows.push_back({{}, {}, row});
-    }
+StoredChange Reversed_Change(StoredChange change) {
+    for (CellChange& cell : change.cells) std::swap(cell.before, cell.after);
+    if (change.rows) change.rows = Reversed(std::move(*change.rows));
+    for (TableChange& side : change.sides) side = Reversed(std::move(side));
     return change;
 }
 
-namespace {
-
-EditPart Reversed(EditPart part) {
-    for (CellChange& cell : part.cells) std::swap(cell.before, cell.after);
-    if (part.structure) part.structure = Reversed(std::move(*part.structure));
-    for (TableChange& change : part.sides) change = Reversed(std::move(change));
-    return part;
-}
-
 }  // namespace
 
-EditStep Reversed(const EditStep& step) {
-    EditStep reversed{step.what, {}};
-    for (auto part = step.parts.rbegin(); part != step.parts.rend(); ++part) reversed.parts.push_back(Reversed(*part));
+EditHistory::EditHistory(OpenForm& form) : form_(form) {
+    form_.Set_Listener(
+        {.stored = [this](StoredChange change) { Record(std::move(change)); }, .followed = [this] { Settle_Sides(); }});
+}
+
+EditHistory::~EditHistory() {
+    form_.Set_Listener({});
+}
+
+void EditHistory::Record(StoredChange change) {
+    if (!grouped_) steps_.push_back({change.what, {}});
+    steps_.back().changes.push_back(std::move(change));
+    undone_.clear();
+}
+
+void EditHistory::Settle_Sides() {
+    const std::span<const SideTable> sides = form_.Description().rows.sides;
+    if (sides.empty()) return;
+    for (Step& step : steps_) {
+        for (StoredChange& change : step.changes) {
+            if (change.sidesBefore.empty()) continue;
+            change.sides = Differences(change.sidesBefore, Read_Sides(sides, change.line));
+            change.sidesBefore.clear();
+        }
+    }
+}
+
+EditHistory::OneStep::OneStep(EditHistory& history, std::string what) : history_(history) {
+    history_.steps_.push_back({std::move(what), {}});
+    history_.grouped_ = true;
+}
+
+EditHistory::OneStep::~OneStep() {
+    history_.grouped_ = false;
+    if (history_.steps_.back().changes.empty()) history_.steps_.pop_back();
+}
+
+// Rows that moved can only go back together: none may have been changed since. Computed cells do not count.
+bool EditHistory::Is_As_Stored(const TableChange& change) const {
+    const bool hasLines = !form_.Description().order.empty();
+    for (const RowChange& row : change.rows) {
+        const TableState now = Read_State(change.table, hasLines ? Sql("LineNum = ", row.line) : std::string());
+        if (now.fields != change.fields || now.rows.empty() != row.after.empty()) return false;
+        for (std::size_t i = 0; i < row.after.size(); ++i) {
+            const GridColumn* column = form_.Find_Column(now.fields[i]);
+            const bool isEntered = column != nullptr && column->kind != CellKind::Shown;
+            if (isEntered && now.rows.front()[i] != row.after[i]) return false;
+        }
+    }
+    return true;
+}
+
+std::size_t EditHistory::Take_Back_Cells(const StoredChange& change, UndoOutcome& outcome) {
+    const std::string place = form_.Line_Place(change.line);
+    if (!form_.Place_Cursor(change.line) || !form_.Under_Edit().Exists()) {
+        form_.Discard_Row();
+        outcome.kept.push_back(place + " is no longer there.");
+        return 0;
+    }
+    std::size_t cells = 0;
+    OpenForm::FormerValues values;
+    for (const CellChange& cell : change.cells) {
+        const GridColumn* column = form_.Find_Column(cell.field);
+        if (column == nullptr || form_.Under_Edit().Stored(column->field) != cell.after) {
+            const std::string cellPlace = column == nullptr ? place : form_.Cell_Place(*column, change.line);
+            outcome.kept.push_back(cellPlace + ": changed since then and kept.");
+            continue;
+        }
+        values.emplace_back(column, cell.before);
+        if (column->kind != CellKind::Shown) ++cells;
+    }
+    const std::optional<Refusal> refusal = form_.Put_Back_Cells(values);
+    form_.Discard_Row();
+    if (!refusal) return cells;
+    outcome.kept.push_back(Sql(place, ": ", refusal->text));
+    return 0;
+}
+
+std::size_t EditHistory::Take_Back(const StoredChange& change, UndoOutcome& outcome) {
+    for (const TableChange& side : change.sides) {
+        if (Belongs_To_Row(form_, side)) Put_Back(side);
+    }
+    if (!change.rows) return Take_Back_Cells(change, outcome);
+    if (!Is_As_Stored(*change.rows)) {
+        outcome.kept.push_back(form_.Line_Place(change.line) + ": changed since then and kept.");
+        return 0;
+    }
+    form_.Put_Back_Rows(*change.rows);
+    return 1;
+}
+
+std::size_t EditHistory::Take_Back(const Step& step, UndoOutcome& outcome) {
+    std::size_t done = 0;
+    std::vector<const StoredChange*> undone;
+    for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {
+        const std::size_t count = Take_Back(*change, outcome);
+        if (count > 0) undone.push_back(&*change);
+        done += count;
+    }
+    form_.Follow_Changes();
+    // The tables that follow are up to date: what was keyed in them comes back.
+    for (const StoredChange* change : undone) {
+        for (const TableChange& side : change->sides) {
+            if (!Belongs_To_Row(form_, side)) Put_Back(side);
+        }
+    }
+    return done;
+}
+
+UndoOutcome EditHistory::Undo() {
+    return Take_Step(steps_, undone_, "taken back");
+}
+
+UndoOutcome EditHistory::Redo() {
+    return Take_Step(undone_, steps_, "done again");
+}
+
+EditHistory::Step EditHistory::Reversed(const Step& step) {
+    Step reversed{step.what, {}};
+    for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {
+        reversed.changes.push_back(Reversed_Change(*change));
+    }
     return reversed;
 }
 
-std::vector<TableChange> Differences(std::span<const TableState> before, std::span<const TableState> after) {
-    std::vector<TableChange> changes;
-    const auto add = [&](const TableState& from, const TableState& to) {
-        TableChange change = Difference(from, to);
-        if (!change.rows.empty()) changes.push_back(std::move(change));
-    };
-    for (const TableState& state : before) {
-        const auto found = std::ranges::find(after, state.table, &TableState::table);
-        add(state, found != after.end() ? *found : TableState{state.table, {}, {}});
-    }
-    for (const TableState& state : after) {
-        if (std::ranges::find(before, state.table, &TableState::table) == before.end()) {
-            add({state.table, {}, {}}, state);
-        }
-    }
-    return changes;
+std::string EditHistory::Step_Text(const Step& step, std::size_t done, std::string_view word) const {
+    const std::string place = form_.Line_Place(step.changes.front().line);
+    if (done == 0) return Sql(place, ": nothing ", word, ".");
+    if (step.what.empty()) return Sql(place, ": ", Counted(done, "cell"), " ", word, ".");
+    return Sql("Worksheet ", form_.Worksheet().Name(), ": ", word, ": ", step.what, ".");
 }
 
-TableChange Reversed(TableChange change) {
-    for (RowChange& row : change.rows) std::swap(row.before, row.after);
-    return change;
-}
-
-void Put_Back(const TableChange& change) {
-    if (!db.TableDefs().Has(change.table)) return;
-    const bool hasLines = Line_Field(change.fields).has_value();
-    // What came goes first: no two rows of a line at any time.
-    for (const RowChange& row : change.rows) {
-        if (!row.before.empty()) continue;
-        if (hasLines) {
-            Put_Back_Line(change, row);
-        } else {
-            db.Execute(Sql("DELETE FROM ", change.table, " WHERE ", Where_Equal(change, row.after), ";"));
-        }
+UndoOutcome EditHistory::Take_Step(std::vector<Step>& from, std::vector<Step>& to, std::string_view word) {
+    Settle_Sides();
+    const Step step = std::move(from.back());
+    from.pop_back();
+    UndoOutcome outcome{.line = step.changes.front().line, .text = {}, .kept = {}};
+    std::size_t done = 0;
+    Job job(db);
+    try {
+        done = Take_Back(step, outcome);
+    } catch (const DbError&) {
+        form_.Discard_Row();
+        job.Roll_Back();
+        from.push_back(step);
+        throw;
     }
-    for (const RowChange& row : change.rows) {
-        if (row.before.empty()) continue;
-        if (hasLines) {
-            Put_Back_Line(change, row);
-        } else {
-            Insert_Row(change, row.before);
-        }
-    }
+    job.Commit();
+    if (done > 0) to.push_back(Reversed(step));
+    outcome.text = Step_Text(step, done, word);
+    return outcome;
 }
 
 }  // namespace tallmar

@@ -1,65 +1,72 @@
-// What a form stored since it opened, kept so that it can be taken back: the cells of a row before and after, rows that
-// came, went or moved, and what changed with them in other tables.
+// What an open form stored, kept so that it can be taken back and done again: the cells of a row before and after, rows
+// that came, went or moved, and what changed with them in other tables.
 #pragma once
 
-#include <optional>
-#include <span>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "screens/form_description.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
 
-// Rows of a table as they stand, each with the values of `fields`. No fields: the table is not there.
-struct TableState {
-    std::string table;
-    std::vector<std::string> fields;
-    std::vector<std::vector<Value>> rows;
+// What an undo or a redo did.
+struct UndoOutcome {
+    Currency line;                  // that the cursor goes to
+    std::string text;               // "Worksheet A, line 5: 2 cells taken back."
+    std::vector<std::string> kept;  // what had changed since and stays, a sentence each
 };
-TableState Read_State(const std::string& table, std::string_view where = {});
-// The side tables of a form, as far as they belong to the line.
-std::vector<TableState> Read_Sides(std::span<const SideTable> sides, Currency line);
 
-// One row before and after; empty where there was none. On a table without LineNum the line is 0 and one of the two is
-// empty: a row that changed went and came.
-struct RowChange {
-    Currency line;
-    std::vector<Value> before, after;
-};
-struct TableChange {
-    std::string table;
-    std::vector<std::string> fields;
-    std::vector<RowChange> rows;
-};
-// What became of the rows of one table. The two states are of the same rows.
-TableChange Difference(const TableState& before, const TableState& after);
-// Of each table of either; those without a difference are left out.
-std::vector<TableChange> Differences(std::span<const TableState> before, std::span<const TableState> after);
-// The change that takes this one back.
-TableChange Reversed(TableChange change);
-// Puts the rows back: what came goes, what went comes, and a changed row takes the cells that had changed. A table that
-// is no longer there is passed over.
-void Put_Back(const TableChange& change);
+class EditHistory {
+  public:
+    // Listens to the form, which outlives it.
+    explicit EditHistory(OpenForm& form);
+    ~EditHistory();
+    EditHistory(const EditHistory&) = delete;
+    EditHistory& operator=(const EditHistory&) = delete;
 
-struct CellChange {
-    std::string field;
-    Value before, after;
+    // Takes the last step back: a row as it was stored, a row that came or went, or a whole OneStep. Former values go
+    // in by the way of every entry but its check. Cells that no longer hold what the step stored stay. Requires that
+    // nothing is entered in the row; the cursor is in none then. Throws DbError; the step is still there then.
+    bool Can_Undo() const { return !steps_.empty(); }
+    UndoOutcome Undo();
+    // The step that was taken back last, again and by the same way. A step that is stored after it ends it.
+    bool Can_Redo() const { return !undone_.empty(); }
+    UndoOutcome Redo();
+
+    // Rows that are stored, added and removed while it lives are one step; `what` names it: "paste".
+    class OneStep {
+      public:
+        OneStep(EditHistory& history, std::string what);
+        ~OneStep();
+        OneStep(const OneStep&) = delete;
+        OneStep& operator=(const OneStep&) = delete;
+
+      private:
+        EditHistory& history_;
+    };
+
+  private:
+    struct Step {
+        std::string what;  // "line 15.01 added"; empty: cells of a row
+        std::vector<StoredChange> changes;
+    };
+    static Step Reversed(const Step& step);
+    void Record(StoredChange change);
+    void Settle_Sides();
+    UndoOutcome Take_Step(std::vector<Step>& from, std::vector<Step>& to, std::string_view word);
+    // How much of a change went back: cells, or 1 for rows.
+    std::size_t Take_Back(const Step& step, UndoOutcome& outcome);
+    std::size_t Take_Back(const StoredChange& change, UndoOutcome& outcome);
+    std::size_t Take_Back_Cells(const StoredChange& change, UndoOutcome& outcome);
+    bool Is_As_Stored(const TableChange& change) const;
+    std::string Step_Text(const Step& step, std::size_t done, std::string_view word) const;
+
+    OpenForm& form_;
+    std::vector<Step> steps_;
+    std::vector<Step> undone_;  // the other way round
+    bool grouped_ = false;      // the last step still grows
 };
-// One row that was stored, or one Add or Delete.
-struct EditPart {
-    Currency line;
-    std::vector<CellChange> cells;         // of a row that was there
-    std::optional<TableChange> structure;  // rows of the form's own table that came, went or moved
-    std::vector<TableState> sidesBefore;   // until what follows has followed
-    std::vector<TableChange> sides;
-};
-struct EditStep {
-    std::string what;  // "line 15.01 added"; empty: cells of a row
-    std::vector<EditPart> parts;
-};
-// The step that takes this one back. What follows from it must have followed.
-EditStep Reversed(const EditStep& step);
 
 }  // namespace tallmar

@@ -1,7 +1,6 @@
 // frmEditS2: the identification of the report, one question a row.
 #include <array>
 
-#include "common/platform.h"
 #include "common/variant.h"
 #include "report/ag_option.h"
 #include "report/open_report.h"
@@ -102,6 +101,16 @@ std::string_view Locked(const CellPlace& place) {
     return isComputed ? why::kComputed : why::kNoAnswer;
 }
 
+// What follows a hospice's name on lines 3.50 to 3.59. A step that is null does not follow.
+struct HospiceSteps {
+    // The name was stored: the hospice's worksheets are built.
+    void (*named)(Currency line) = nullptr;
+    // The name is to be cleared: the worksheets go, unless the person says no. False: the name stays.
+    bool (*cleared)(Currency line, const EntryTalk& talk) = nullptr;
+};
+// The program has no hospice worksheets.
+constexpr HospiceSteps kHospices{};
+
 bool Is_Hospice_Name(Currency line, std::string_view field) {
     return kHospiceNames.Has(line) && field == "Col_1";
 }
@@ -115,39 +124,38 @@ CellResult Already_Answered(const BoxText& box) {
     return result;
 }
 
-// The exchange of 5.00 and 5.01 reshapes worksheets that may be on the screen; this form waits for the answer.
-bool Forms_Stay_Open() {
-    return The_Platform().Close_All_Forms(kForm);
-}
-
 CellResult Check(const CellPlace& place, std::string_view text) {
     const Currency line = place.row.Line();
     if (Is_Identity_Cell(line, place.column.field)) return Check_Identity_Cell(place, text);
     const AnswerKind kind = Find_Answer(kAnswers, line, place.column.field)->kind;
-    CellResult result = Check_Answer(kind, text, place.column.limit);
+    CellResult result = Check_Answer(place.talk, kind, text, place.column.limit);
     if (result.refusal) return result;
     const bool cleared = result.value.Is_Null() && !Is_Blank(place.row.Stored(place.column.field));
-    const bool asks = cleared && Is_Hospice_Name(line, place.column.field) && Form_Hooks().hospiceCleared != nullptr;
-    if (QuietBoxes::Is_On() && (kind == AnswerKind::SplitOption || asks)) return Refuse(kEnterAlone);
-    if (kind == AnswerKind::SplitOption && Forms_Stay_Open()) return Already_Answered(kFormsStayOpen);
-    if (asks && !Form_Hooks().hospiceCleared(line)) return Already_Answered(kHospiceStays);
+    const bool clearsHospice = cleared && Is_Hospice_Name(line, place.column.field) && kHospices.cleared != nullptr;
+    const bool asks = kind == AnswerKind::SplitOption || clearsHospice;
+    if (asks && place.talk.Is_Quiet()) return Refuse(kEnterAlone);
+    // The exchange of 5.00 and 5.01 reshapes worksheets that may be on the screen; this form waits for the answer.
+    if (kind == AnswerKind::SplitOption && !place.talk.Close_Other_Forms(kForm))
+        return Already_Answered(kFormsStayOpen);
+    if (clearsHospice && !kHospices.cleared(line, place.talk)) return Already_Answered(kHospiceStays);
     return result;
 }
 
 // What the former answer asks before it stands again.
-bool May_Undo(const RowUnderEdit& row) {
+bool May_Undo(const RowPlace& place) {
+    const RowUnderEdit& row = place.row;
     if (!row.Entered().contains("Col_1")) return true;
-    if (row.Line() == kOptionLine) return !Forms_Stay_Open();
+    if (row.Line() == kOptionLine) return place.talk.Close_Other_Forms(kForm);
     const bool clears = Is_Hospice_Name(row.Line(), "Col_1") && Is_Blank(row["Col_1"]);
-    return !clears || Form_Hooks().hospiceCleared == nullptr || Form_Hooks().hospiceCleared(row.Line());
+    return !clears || kHospices.cleared == nullptr || kHospices.cleared(row.Line(), place.talk);
 }
 
-void Stored(const Item&, const RowUnderEdit& row, std::span<const GridColumn>) {
+void Stored(const RowPlace& place) {
+    const RowUnderEdit& row = place.row;
     if (!row.Entered().contains("Col_1")) return;
     if (row.Line() == kOptionLine) Follow_AG_Option();
-    if (Is_Hospice_Name(row.Line(), "Col_1") && !Is_Blank(row["Col_1"]) && Form_Hooks().hospiceNamed != nullptr) {
-        Form_Hooks().hospiceNamed(row.Line());
-    }
+    const bool namesHospice = Is_Hospice_Name(row.Line(), "Col_1") && !Is_Blank(row["Col_1"]);
+    if (namesHospice && kHospices.named != nullptr) kHospices.named(row.Line());
 }
 
 // The chart follows the option while no other form is open.
@@ -169,30 +177,24 @@ bool Is_Amount(const CellPlace& place) {
 
 }  // namespace
 
-FormHooks& Form_Hooks() {
-    static FormHooks hooks;
-    return hooks;
-}
-
 constinit const FormDescription kEditS2{.name = kForm,
-                                        .columns = kColumns,
-                                        .locked = Locked,
-                                        .closed = Closed,
-                                        .check = Check,
-                                        .leaveRow = Leave_Identity_Row,
-                                        .storeRow = Store_Identity_Row,
-                                        .rowStored = Stored,
-                                        .storedAtOnce = Stored_At_Once,
-                                        .sides = kYearlyWorksheets,
-                                        .undoAllowed = May_Undo,
-                                        .popup = Popup,
-                                        .isAmount = Is_Amount,
-                                        .headsAt = Heads};
+                                        .columns = {.described = kColumns, .headsAt = Heads},
+                                        .cells = {.locked = Locked,
+                                                  .closed = Closed,
+                                                  .check = Check,
+                                                  .storedAtOnce = Stored_At_Once,
+                                                  .popup = Popup,
+                                                  .isAmount = Is_Amount},
+                                        .rows = {.leave = Leave_Identity_Row,
+                                                 .store = Store_Identity_Row,
+                                                 .stored = Stored,
+                                                 .sides = kYearlyWorksheets,
+                                                 .mayUndo = May_Undo},
+                                        .window = {.showsIdentity = true}};
 constinit const FormDescription kViewS2{.name = "frmViewS2",
-                                        .columns = kColumns,
                                         .readOnly = true,
-                                        .popup = Popup,
-                                        .isAmount = Is_Amount,
-                                        .headsAt = Heads};
+                                        .columns = {.described = kColumns, .headsAt = Heads},
+                                        .cells = {.popup = Popup, .isAmount = Is_Amount},
+                                        .window = {.showsIdentity = true}};
 
 }  // namespace tallmar

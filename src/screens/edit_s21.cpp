@@ -78,7 +78,7 @@ std::string_view Locked(const CellPlace& place) {
 CellResult Check(const CellPlace& place, std::string_view text) {
     if (place.column.field == "LineLabel") return Validate_Text(text, place.column.limit);
     const AnswerKind kind = Find_Answer(kAnswers, place.row.Line(), place.column.field)->kind;
-    return Check_Answer(kind, text, place.column.limit);
+    return Check_Answer(place.talk, kind, text, place.column.limit);
 }
 
 const PopupList* Popup(const CellPlace& place) {
@@ -89,13 +89,11 @@ const PopupList* Popup(const CellPlace& place) {
 }  // namespace
 
 constinit const FormDescription kEditS21{.name = "frmEditS21",
-                                         .columns = kColumns,
-                                         .locked = Locked,
-                                         .closed = Closed,
-                                         .check = Check,
-                                         .popup = Popup,
-                                         .headsAt = Heads};
-constinit const FormDescription kViewS21{
-    .name = "frmViewS21", .columns = kColumns, .readOnly = true, .popup = Popup, .headsAt = Heads};
+                                         .columns = {.described = kColumns, .headsAt = Heads},
+                                         .cells = {.locked = Locked, .closed = Closed, .check = Check, .popup = Popup}};
+constinit const FormDescription kViewS21{.name = "frmViewS21",
+                                         .readOnly = true,
+                                         .columns = {.described = kColumns, .headsAt = Heads},
+                                         .cells = {.popup = Popup}};
 
 }  // namespace tallmar

@@ -11,6 +11,7 @@
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "screens/cell_check.h"
+#include "screens/formats.h"
 #include "screens/forms.h"
 #include "screens/lock_reasons.h"
 
@@ -18,7 +19,6 @@ namespace tallmar {
 
 namespace {
 
-constexpr std::string_view kCount = "###,###,##0;(###,###,##0)";
 constexpr std::string_view kHours = "###,##0.00";
 constexpr int kNameLength = 36;
 
@@ -79,7 +79,7 @@ std::string_view Locked_Visits(const CellPlace& place) {
 // The census counts may have parts.
 CellResult Check_Visits(const CellPlace& place, std::string_view text) {
     const int places = place.row.Line().Int() == 10_cur ? 2 : 0;
-    return Validate_Numeric(text, places, kInvalidNonNumeric);
+    return Validate_Numeric(place.talk, text, places, kInvalidNonNumeric);
 }
 
 // Lines 26 and 27 are the agency's own staff.
@@ -127,10 +127,10 @@ bool Has_Typed_Figures(const std::string& worksheet) {
 
 // Whether the code of a line, as the table holds it, may go from the list with its C Part II. Where it leaves nothing
 // typed behind nothing is asked.
-Answer Ask_To_Remove(const CodeKind& kind, const Value& typed, Currency line) {
+Answer Ask_To_Remove(const EntryTalk& talk, const CodeKind& kind, const Value& typed, Currency line) {
     const std::string code = kind.code(typed);
     if (code.empty() || Is_Listed(kind, code, line) || !Has_Typed_Figures(kind.worksheet(code))) return Answer::Yes;
-    return Ask(Fill_Box(kRemoveCode, {.text = code}), kRemoveButtons);
+    return talk.Ask(Fill_Box(kRemoveCode, {.text = code}), kRemoveButtons);
 }
 
 // Codes are kept as typed: what is short is padded where the code is used.
@@ -149,7 +149,7 @@ CellResult Check_Code(const CellPlace& place, std::string_view text) {
     const Value& stored = place.row.Stored(place.column.field);
     const std::string before = kind.code(stored);
     if (code == before || kind.code(place.row[place.column.field]) != before) return result;
-    switch (Ask_To_Remove(kind, stored, place.row.Line())) {
+    switch (Ask_To_Remove(place.talk, kind, stored, place.row.Line())) {
         case Answer::Yes:
             return result;
         case Answer::None:
@@ -162,18 +162,19 @@ CellResult Check_Code(const CellPlace& place, std::string_view text) {
 }
 
 // Former codes stand again: those of now go.
-bool May_Undo_Codes(const RowUnderEdit& row) {
+bool May_Undo_Codes(const RowPlace& place) {
+    const RowUnderEdit& row = place.row;
     return std::ranges::all_of(kCodeKinds, [&](const CodeKind& kind) {
         const Value& stored = row.Stored(kind.field);
         return kind.code(row[kind.field]) == kind.code(stored) ||
-               Ask_To_Remove(kind, stored, row.Line()) == Answer::Yes;
+               Ask_To_Remove(place.talk, kind, stored, row.Line()) == Answer::Yes;
     });
 }
 
-bool May_Remove_Codes(const Item& item, Currency line) {
+bool May_Remove_Codes(const Item& item, Currency line, const EntryTalk& talk) {
     const Row row = db.Read_Row(Sql("SELECT * FROM ", item.Name(), " WHERE LineNum = ", line, ";"));
     return !row || line < kFirstCode || std::ranges::all_of(kCodeKinds, [&](const CodeKind& kind) {
-        return Ask_To_Remove(kind, row[kind.field], line) == Answer::Yes;
+        return Ask_To_Remove(talk, kind, row[kind.field], line) == Answer::Yes;
     });
 }
 
@@ -207,33 +208,28 @@ void Remove_Code(const Item&, Currency line) {
 
 }  // namespace
 
-constinit const FormDescription kEditS3p1{.name = "frmEditS3p1",
-                                          .columns = kVisits,
-                                          .nullIsShaded = true,
-                                          .locked = Locked_Visits,
-                                          .check = Check_Visits,
-                                          .above = &kCounty};
+constinit const FormDescription kEditS3p1{
+    .name = "frmEditS3p1",
+    .columns = {kVisits},
+    .cells = {.nullIsShaded = true, .locked = Locked_Visits, .check = Check_Visits},
+    .window = {.above = &kCounty}};
 constinit const FormDescription kEditS3p2{
-    .name = "frmEditS3p2", .columns = kStaff, .nullIsShaded = true, .locked = Locked_Staff};
-constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
-                                          .where = "LineNum >= 29",
-                                          .columns = kCodes,
-                                          .check = Check_Code,
-                                          .follow = Follow_Codes,
-                                          .sides = kFollowers,
-                                          .undoAllowed = May_Undo_Codes,
-                                          .nextLine = Next_Code_Line,
-                                          .add = Add_Code,
-                                          .remove = Remove_Code,
-                                          .mayRemove = May_Remove_Codes};
+    .name = "frmEditS3p2", .columns = {kStaff}, .cells = {.nullIsShaded = true, .locked = Locked_Staff}};
+constinit const FormDescription kEditS3p3{
+    .name = "frmEditS3p3",
+    .where = "LineNum >= 29",
+    .columns = {kCodes},
+    .cells = {.check = Check_Code},
+    .rows = {.follow = Follow_Codes, .sides = kFollowers, .mayUndo = May_Undo_Codes},
+    .lines = {.next = Next_Code_Line, .add = Add_Code, .remove = Remove_Code, .mayRemove = May_Remove_Codes}};
 constinit const FormDescription kEditS3p4{
-    .name = "frmEditS3p4", .where = "LineNum Not In(42, 44)", .columns = kPayment, .nullIsShaded = true};
+    .name = "frmEditS3p4", .where = "LineNum Not In(42, 44)", .columns = {kPayment}, .cells = {.nullIsShaded = true}};
 
 constinit const FormDescription kViewS3p1{
-    .name = "frmViewS3p1", .columns = kVisits, .readOnly = true, .above = &kCounty};
-constinit const FormDescription kViewS3p2{.name = "frmViewS3p2", .columns = kStaff, .readOnly = true};
-constinit const FormDescription kViewS3p3{.name = "frmViewS3p3", .columns = kCodes, .readOnly = true};
-constinit const FormDescription kViewS3p4{.name = "frmViewS3p4", .columns = kPayment, .readOnly = true};
-constinit const FormDescription kViewSp2{.name = "frmViewSp2", .columns = kSettlement, .readOnly = true};
+    .name = "frmViewS3p1", .readOnly = true, .columns = {kVisits}, .window = {.above = &kCounty}};
+constinit const FormDescription kViewS3p2{.name = "frmViewS3p2", .readOnly = true, .columns = {kStaff}};
+constinit const FormDescription kViewS3p3{.name = "frmViewS3p3", .readOnly = true, .columns = {kCodes}};
+constinit const FormDescription kViewS3p4{.name = "frmViewS3p4", .readOnly = true, .columns = {kPayment}};
+constinit const FormDescription kViewSp2{.name = "frmViewSp2", .readOnly = true, .columns = {kSettlement}};
 
 }  // namespace tallmar

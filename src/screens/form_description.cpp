@@ -11,7 +11,8 @@ std::string Form_Table(const FormDescription& form, const Item& item) {
 std::string Form_Query(const FormDescription& form, const Item& item) {
     std::string query = Sql("SELECT * FROM ", Form_Table(form, item));
     if (!form.where.empty()) query += Sql(" WHERE ", form.where);
-    if (form.above != nullptr) query += Sql(form.where.empty() ? " WHERE" : " AND", " LineNum <> ", form.above->line);
+    if (form.window.above != nullptr)
+        query += Sql(form.where.empty() ? " WHERE" : " AND", " LineNum <> ", form.window.above->line);
     if (!form.order.empty()) query += Sql(" ORDER BY ", form.order);
     return query + ";";
 }

@@ -2,6 +2,7 @@
 // rows come and go. The grid of the desktop and `enter` of the command line both work from these descriptions.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -17,6 +18,7 @@
 #include "common/text.h"
 #include "common/value.h"
 #include "db/database.h"
+#include "screens/entry_talk.h"
 
 namespace tallmar {
 
@@ -55,14 +57,6 @@ struct GridColumn {
     std::string tag;       // B-1: "ACCUM. COST", "[Source CC]", "[from CC_<n>]"
 };
 
-// The cell keeps what it held. A stop box says so, or a question that was asked already.
-struct Refusal {
-    std::string title, text;
-    bool shown = false;
-    // The same in a few words behind what was typed, for a list of many cells: "not a number". May be empty.
-    std::string brief = {};
-};
-
 // What a check makes of a typed text: the value for the cell, and for further cells of the row that it fills (the name
 // beside a number), or the refusal.
 struct CellResult {
@@ -71,7 +65,7 @@ struct CellResult {
     std::vector<std::pair<std::string, Value>> filled;
 };
 
-// One row while the cursor stands in it: the cells of the table, and over them what was entered since.
+// One row while the cursor is in it: the cells of the table, and over them what was entered since.
 class RowUnderEdit {
   public:
     RowUnderEdit() = default;
@@ -86,6 +80,7 @@ class RowUnderEdit {
     }
     // As the table holds it, whatever was entered since.
     const Value& Stored(std::string_view field) const { return stored_[field]; }
+    const Row& Stored() const { return stored_; }
     void Set(std::string_view field, Value value) { entered_.insert_or_assign(std::string(field), std::move(value)); }
     const std::map<std::string, Value, LessText>& Entered() const { return entered_; }
 
@@ -95,11 +90,19 @@ class RowUnderEdit {
     std::map<std::string, Value, LessText> entered_;
 };
 
-// The cell that a rule is asked about.
+// The cell that a rule is asked about. `talk` is for checks: it reaches the person who entered the cell.
 struct CellPlace {
     const Item& item;
     const GridColumn& column;
     const RowUnderEdit& row;
+    EntryTalk talk = {};
+};
+// The row that a rule is asked about, under the columns of its form.
+struct RowPlace {
+    const Item& item;
+    std::span<const GridColumn> columns;
+    const RowUnderEdit& row;
+    EntryTalk talk = {};
 };
 
 // A pop-up list. An entry writes `value` into the cell, which then reads as `shown`.
@@ -150,39 +153,53 @@ struct FootSum {
     std::span<const Currency> less = {};
 };
 
-struct FormDescription {
-    std::string_view name;               // "frmEditA"
-    std::string_view table = {};         // empty: the item names it
-    std::string_view where = {};         // the rows shown; empty: all
-    std::string_view order = "LineNum";  // empty: the table has no LineNum
-    std::span<const FormColumn> columns = {};
+// A total of a view form, whose lines the person may have marked: chosen by `button` ("Button29") of a menu.
+struct LineSet {
+    std::string_view button;
+    Currency total;
+    std::array<Currency, 2> parts;  // the lines that it is the sum of
+};
+
+// A rule that is null asks for nothing. Texts that say why are those of screens/lock_reasons.h or of their kind.
+struct ColumnRules {
+    std::span<const FormColumn> described = {};
     // Columns that hang on the report, behind the others.
-    std::vector<GridColumn> (*moreColumns)(const Item&) = nullptr;
+    std::vector<GridColumn> (*more)(const Item&) = nullptr;
     // Why the column is not shown in this year; empty: it is.
     std::string_view (*hidden)(std::string_view field) = nullptr;
-    bool readOnly = false;  // a view form
+    // The labels of the columns while the cursor is in a row; empty: the heads stay.
+    std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
+};
 
+struct CellRules {
     // A Null cell is a shaded one and takes nothing.
     bool nullIsShaded = false;
-    // Why the cell takes nothing, as one of screens/lock_reasons.h; empty: it is open.
+    // Why the cell takes nothing; empty: it is open.
     std::string_view (*locked)(const CellPlace&) = nullptr;
     // The same of a cell that does not apply for now: it still takes a blank, where it holds something.
     std::string_view (*closed)(const CellPlace&) = nullptr;
-    // Why a line of the table is not among the rows. Null: it is computed.
-    std::string_view (*notShown)(Currency line) = nullptr;
-    // Checks cells of kind Own. Boxes that only warn or ask are shown from here.
+    // Checks cells of kind Own.
     CellResult (*check)(const CellPlace&, std::string_view text) = nullptr;
-    // What holds the cursor in the row.
-    std::optional<Refusal> (*leaveRow)(const Item&, const RowUnderEdit&) = nullptr;
-    // Stores the row by a way of its own, in one step of the file; false: it goes into the table as any other. Throws
-    // DbError; nothing is stored then.
-    bool (*storeRow)(const RowUnderEdit&) = nullptr;
-    // After the row went into the table.
-    void (*rowStored)(const Item&, const RowUnderEdit&, std::span<const GridColumn>) = nullptr;
-    // What a person should know of a row that has been stored; empty: nothing.
-    std::string (*storedNote)(const RowUnderEdit&) = nullptr;
     // The row goes into the table with this cell, and does not wait for the cursor to leave it.
     bool (*storedAtOnce)(const CellPlace&) = nullptr;
+    // The list that opens over a cell; null where it has none.
+    const PopupList* (*popup)(const CellPlace&) = nullptr;
+    // The list of a cell that opens when it is asked for, and narrows to what is typed; empty where it has none.
+    std::vector<CellChoice> (*choices)(const CellPlace&) = nullptr;
+    // Answers that are amounts: text in the table, read as figures are.
+    bool (*isAmount)(const CellPlace&) = nullptr;
+};
+
+struct RowRules {
+    // What holds the cursor in the row.
+    std::optional<Refusal> (*leave)(const RowPlace&) = nullptr;
+    // Stores the row by a way of its own, in one step of the file; false: it goes into the table as any other. Throws
+    // DbError; nothing is stored then.
+    bool (*store)(const RowPlace&) = nullptr;
+    // After the row went into the table.
+    void (*stored)(const RowPlace&) = nullptr;
+    // What a person should know of a row that has been stored; empty: nothing.
+    std::string (*storedNote)(const RowUnderEdit&) = nullptr;
     // What other worksheets take from this one, after rows were stored: the grid has it follow each row, a list of
     // cells once.
     void (*follow)() = nullptr;
@@ -190,30 +207,49 @@ struct FormDescription {
     std::vector<std::string> (*closing)(const Item&) = nullptr;
     std::span<const SideTable> sides = {};
     // Asked before former values, entered in the row, are stored again. False: the row stays as it is.
-    bool (*undoAllowed)(const RowUnderEdit&) = nullptr;
+    bool (*mayUndo)(const RowPlace&) = nullptr;
+};
 
+// Lines that are not shown, come and go.
+struct LineRules {
+    // Why a line of the table is not among the rows. Null: it is computed.
+    std::string_view (*notShown)(Currency line) = nullptr;
     // The line that Add could make where `line`, which is not there, would stand; nothing where Add makes none.
-    std::optional<Currency> (*nextLine)(const Item&, Currency line) = nullptr;
+    std::optional<Currency> (*next)(const Item&, Currency line) = nullptr;
     NewRow newRow = {};
     // What a row that was made has beyond `newRow`.
-    void (*rowMade)(const Item&, Currency line) = nullptr;
+    void (*made)(const Item&, Currency line) = nullptr;
     // cmdAdd, on the row of line `current` (0 without one): the line of the new row. Null: the button is not shown.
     Currency (*add)(const Item&, Currency current) = nullptr;
     // cmdDelete. Null: not shown.
     void (*remove)(const Item&, Currency line) = nullptr;
     // Asked before that. False: the row stays.
-    bool (*mayRemove)(const Item&, Currency line) = nullptr;
+    bool (*mayRemove)(const Item&, Currency line, const EntryTalk& talk) = nullptr;
+};
 
-    // The list that opens over a cell; null where it has none.
-    const PopupList* (*popup)(const CellPlace&) = nullptr;
-    // The list of a cell that opens when it is asked for, and narrows to what is typed; empty where it has none.
-    std::vector<CellChoice> (*choices)(const CellPlace&) = nullptr;
-    // Answers that are amounts: text in the table, read as figures are.
-    bool (*isAmount)(const CellPlace&) = nullptr;
-    // The labels of the columns while the cursor is in a row; empty: the heads stay.
-    std::span<const std::string_view> (*headsAt)(Currency line) = nullptr;
+// What a form's window has beside its grid.
+struct WindowParts {
     const TextAbove* above = nullptr;
     std::span<const FootSum> foot = {};
+    std::span<const LineSet> lineSets = {};
+    // Shown while the rows are read, which takes long.
+    std::string_view building = {};
+    bool statLinks = false;  // cmdStatLinks
+    // The window stays open, and reads its rows again, when the identity of the report changes.
+    bool showsIdentity = false;
+};
+
+struct FormDescription {
+    std::string_view name;               // "frmEditA"
+    std::string_view table = {};         // empty: the item names it
+    std::string_view where = {};         // the rows shown; empty: all
+    std::string_view order = "LineNum";  // empty: the table has no LineNum
+    bool readOnly = false;               // a view form
+    ColumnRules columns = {};
+    CellRules cells = {};
+    RowRules rows = {};
+    LineRules lines = {};
+    WindowParts window = {};
 };
 
 std::string Form_Table(const FormDescription& form, const Item& item);

@@ -9,19 +9,21 @@
 namespace tallmar {
 
 FormRows::FormRows(const FormDescription& form, Item item) : form_(form), item_(std::move(item)) {
-    Requery();
+    Reload();
 }
 
-void FormRows::Requery() {
+void FormRows::Reload() {
+    mark_ = Change_Mark(db);
     rows_ = db.Read_Rows(Form_Query(form_, item_));
     lines_.assign(rows_.size(), Currency());
     if (form_.order.empty()) return;
     std::ranges::transform(rows_, lines_.begin(), [](const Row& row) { return Nz_Currency(row["LineNum"]); });
 }
 
-void FormRows::Reread(std::size_t at) {
-    if (form_.order.empty()) return Requery();
-    if (Row row = db.Read_Row(Row_Query(form_, item_, lines_[at]))) rows_[at] = std::move(row);
+void FormRows::Reload_From(FormRows&& other) {
+    mark_ = std::move(other.mark_);
+    rows_ = std::move(other.rows_);
+    lines_ = std::move(other.lines_);
 }
 
 std::optional<std::size_t> FormRows::Find(Currency line) const {

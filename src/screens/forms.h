@@ -17,13 +17,4 @@ extern const FormDescription kViewA, kViewA1, kViewA2, kViewA3, kViewA4, kViewA5
 // Of tables that are no worksheets.
 extern const FormDescription kViewCCs, kHeaderLines;
 
-// Steps of other worksheets that follow an entry. The catalogue sets what the house has; null: nothing follows.
-struct FormHooks {
-    // A hospice's name was entered on its S-2 line: its worksheets are built.
-    void (*hospiceNamed)(Currency line) = nullptr;
-    // It was cleared: the worksheets go, unless the person says no. False: the name stays.
-    bool (*hospiceCleared)(Currency line) = nullptr;
-};
-FormHooks& Form_Hooks();
-
 }  // namespace tallmar

@@ -54,10 +54,10 @@ CellResult Check_Start(std::string text) {
 }
 
 // A blank that comes with many cells is no wish for another year.
-CellResult Check_End(const RowUnderEdit& row, std::string text) {
-    if (text.empty() && QuietBoxes::Is_On()) text = " ";
+CellResult Check_End(const CellPlace& place, std::string text) {
+    if (text.empty() && place.talk.Is_Quiet()) text = " ";
     Date end;
-    const EntryBox* box = Check_FYEnd(text, kStoredDates, Year_In(row).start, end);
+    const EntryBox* box = Check_FYEnd(text, kStoredDates, Year_In(place.row).start, end);
     return Answer_With(box, text);
 }
 
@@ -69,20 +69,20 @@ bool Stands_On_S2(const Identity& identity, const RowUnderEdit& row) {
 }
 
 // Nothing where the answer is yes.
-std::optional<Refusal> Confirm(std::string_view text, int buttons, std::string_view title) {
-    const Answer answer = Ask(Refused(title, text, false), buttons);
+std::optional<Refusal> Confirm(const EntryTalk& talk, std::string_view text, int buttons, std::string_view title) {
+    const Answer answer = talk.Ask(Refused(title, text, false), buttons);
     if (answer == Answer::Yes) return std::nullopt;
     return Refused(title, kYearStays, answer != Answer::None);
 }
 
-std::optional<Refusal> Confirm_Year(const FiscalYear& year) {
+std::optional<Refusal> Confirm_Year(const EntryTalk& talk, const FiscalYear& year) {
     if (const EntryBox* question = Long_Year_Question(year)) {
-        if (auto refusal = Confirm(question->text, question->buttons, question->title)) return refusal;
+        if (auto refusal = Confirm(talk, question->text, question->buttons, question->title)) return refusal;
     }
     const std::string question = Change_Of_Year_Question(year.start);
     if (question.empty()) return std::nullopt;
-    if (auto refusal = Confirm(question, kChangeOfYearButtons, kChangeOfYearTitle)) return refusal;
-    if (The_Platform().Close_All_Forms(kForm)) return Refused(kChangeOfYearTitle, kYearStaysWithForms, true);
+    if (auto refusal = Confirm(talk, question, kChangeOfYearButtons, kChangeOfYearTitle)) return refusal;
+    if (!talk.Close_Other_Forms(kForm)) return Refused(kChangeOfYearTitle, kYearStaysWithForms, true);
     return std::nullopt;
 }
 
@@ -95,20 +95,22 @@ bool Is_Identity_Cell(Currency line, std::string_view field) {
 CellResult Check_Identity_Cell(const CellPlace& place, std::string_view text) {
     std::string entry(Trim(text));
     const bool isFirst = Same_Text(place.column.field, kFirst);
-    if (place.row.Line() == kYearLine) return isFirst ? Check_Start(std::move(entry)) : Check_End(place.row, entry);
+    if (place.row.Line() == kYearLine) return isFirst ? Check_Start(std::move(entry)) : Check_End(place, entry);
     const EntryBox* box = isFirst ? Check_Facility_Name(entry) : Check_Provider_Number(entry);
     return Answer_With(box, entry);
 }
 
-std::optional<Refusal> Leave_Identity_Row(const Item&, const RowUnderEdit& row) {
+std::optional<Refusal> Leave_Identity_Row(const RowPlace& place) {
+    const RowUnderEdit& row = place.row;
     if (row.Line() != kYearLine) return std::nullopt;
     const FiscalYear year = Year_In(row);
     if (year == FiscalYear{FYStart, FYEnd}) return std::nullopt;
     if (const EntryBox* box = Check_Sequence(year)) return Refused(box->title, box->text, false);
-    return Confirm_Year(year);
+    return Confirm_Year(place.talk, year);
 }
 
-bool Store_Identity_Row(const RowUnderEdit& row) {
+bool Store_Identity_Row(const RowPlace& place) {
+    const RowUnderEdit& row = place.row;
     const auto isIdentity = [&](std::string_view field) { return Is_Identity_Cell(row.Line(), field); };
     const auto& entered = row.Entered();
     if (std::ranges::none_of(entered, [&](const auto& cell) { return isIdentity(cell.first); })) return false;

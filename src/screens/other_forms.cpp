@@ -35,15 +35,17 @@ CellResult Check_Header(const CellPlace&, std::string_view text) {
     return Accept(text);
 }
 
-void Header_Stored(const Item&, const RowUnderEdit&, std::span<const GridColumn>) {
+void Header_Stored(const RowPlace&) {
     Load_HeaderLines();
 }
 
 }  // namespace
 
 constinit const FormDescription kViewCCs{
-    .name = "frmViewCCs", .table = "CostCenters", .columns = kColumnsCCs, .readOnly = true};
-constinit const FormDescription kHeaderLines{
-    .name = "frmHeaderLines", .columns = kColumnsHeaderLines, .check = Check_Header, .rowStored = Header_Stored};
+    .name = "frmViewCCs", .table = "CostCenters", .readOnly = true, .columns = {kColumnsCCs}};
+constinit const FormDescription kHeaderLines{.name = "frmHeaderLines",
+                                             .columns = {kColumnsHeaderLines},
+                                             .cells = {.check = Check_Header},
+                                             .rows = {.stored = Header_Stored}};
 
 }  // namespace tallmar

@@ -5,6 +5,7 @@
 
 #include "common/item.h"
 #include "screens/form_rows.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
 

@@ -29,8 +29,6 @@ namespace {
 constexpr const char* kCloseAllText =
     "This process requires all forms to be closed.  Pressing OK will close all open forms.";
 constexpr std::string_view kFormBeginnings[] = {"FRMEDIT", "FRMVIEW"};
-// Forms that stay open when the identity of the report changes.
-constexpr std::string_view kIdentityForms[] = {"frmEditS2", "frmViewS2"};
 constexpr std::string_view kCostCenterForm = "frmEditCCs";
 constexpr std::string_view kReadOnlyTitle = "Read Only Report";
 constexpr std::string_view kReadOnlyText =
@@ -174,8 +172,8 @@ void FormWindows::Connect(WorksheetForm& form) {
         Close_Worksheet_Form(form.Worksheet(), FormMode::View);
     });
     connect(&form, &WorksheetForm::Stored, this, [this, &form](const QString& what) {
-        const FormDescription& description = form.Model().Form().Description();
-        if (description.follow != nullptr || description.rowStored != nullptr) Worksheets_Changed(form);
+        const RowRules& rows = form.Model().Form().Description().rows;
+        if (rows.follow != nullptr || rows.stored != nullptr) Worksheets_Changed(form);
         Follow_Identity(form);
         emit Stored(what);
     });
@@ -247,10 +245,10 @@ bool FormWindows::Commit_Rows() {
     return std::ranges::all_of(Forms(), [](WorksheetForm* form) { return form->Commit_Grid(); });
 }
 
-void FormWindows::Requery_All() {
+void FormWindows::Reload_All() {
     for (WorksheetForm* form : Forms()) {
         if (Form_To_Open(form->Mode(), form->Worksheet()) != nullptr) {
-            form->Requery();
+            form->Reload();
             form->Refresh_Neighbours();
         } else {
             Drop(*form);
@@ -276,13 +274,12 @@ void FormWindows::Follow_Identity(WorksheetForm& form) {
 void FormWindows::Identity_Changed(const WorksheetForm* by) {
     identity_ = Present_Identity();
     for (WorksheetForm* form : Forms()) {
-        const std::string name = Plain_Text(form->objectName());
         if (form == by) continue;
         if (Form_To_Open(form->Mode(), form->Worksheet()) == nullptr) {
             Drop(*form);
-        } else if (std::ranges::find(kIdentityForms, name) != std::end(kIdentityForms)) {
-            form->Requery();
-        } else if (name != kCostCenterForm) {
+        } else if (form->Model().Form().Description().window.showsIdentity) {
+            form->Reload();
+        } else if (Plain_Text(form->objectName()) != kCostCenterForm) {
             Window_Of(*form)->close();
         }
     }
@@ -322,7 +319,7 @@ void FormWindows::Recalculate(WorksheetForm& form) {
     form.setEnabled(true);
     // A form that is shut loses its focus.
     form.Grid().setFocus();
-    Requery_All();
+    Reload_All();
     if (edits && calculated) Open_From(form, FormMode::View, form.Worksheet());
     emit Stored(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : tr("Not calculated."));
 }

@@ -40,7 +40,7 @@ class FormWindows : public QObject {
     // Stores the rows under edit of all forms. False where one was refused.
     bool Commit_Rows();
     // Reads all forms' rows again, keeping their places; a form whose worksheet is gone goes too.
-    void Requery_All();
+    void Reload_All();
     // The views say whether their figures are older than the entries.
     void Show_Age();
 

@@ -16,10 +16,10 @@
 #include "report/backup.h"
 #include "report/master.h"
 #include "report/registry.h"
-#include "screens/cell_entry.h"
 #include "screens/cell_text.h"
 #include "screens/dispatch.h"
 #include "screens/form_rows.h"
+#include "screens/open_form.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {
@@ -90,7 +90,7 @@ class HeaderLinesDialog : public QDialog {
   private:
     void Fill();
     bool Store(int row, const QString& text);
-    void Edit_Again(int row, const CellOutcome& refusal);
+    void Edit_Again(int row, const Refusal& refusal);
 
     OpenForm form_{The_Form(), kItem};
     FormRows rows_{form_.Description(), kItem};
@@ -141,18 +141,18 @@ void HeaderLinesDialog::Fill() {
 
 bool HeaderLinesDialog::Store(int row, const QString& text) {
     Keep_Backup();
-    form_.Go_To(rows_.Line(static_cast<std::size_t>(row)));
-    CellOutcome outcome = form_.Enter(*form_.Find_Column(kText), Plain_Text(text));
-    if (outcome.stored) outcome = form_.Leave_Row();
-    if (outcome.stored) return true;
-    form_.Cancel_Row();
+    form_.Place_Cursor(rows_.Line(static_cast<std::size_t>(row)));
+    std::optional<Refusal> refusal = form_.Enter(*form_.Find_Column(kText), Plain_Text(text));
+    if (!refusal) refusal = form_.Store_Row();
+    if (!refusal) return true;
+    form_.Discard_Row();
     // The box comes after the editor has gone, not in the middle of it.
     QMetaObject::invokeMethod(
-        this, [this, row, outcome] { Edit_Again(row, outcome); }, Qt::QueuedConnection);
+        this, [this, row, refusal] { Edit_Again(row, *refusal); }, Qt::QueuedConnection);
     return false;
 }
 
-void HeaderLinesDialog::Edit_Again(int row, const CellOutcome& refusal) {
+void HeaderLinesDialog::Edit_Again(int row, const Refusal& refusal) {
     Show_Refusal(refusal);
     grd_->setFocus();
     grd_->setCurrentCell(row, 0);

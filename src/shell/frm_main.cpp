@@ -266,7 +266,7 @@ void FrmMain::Look_For_Changes() {
     if (guard_.Is_On() || QApplication::activeModalWidget() != nullptr || !Report_Is_Open()) return;
     Refresh_Menus();
     if (!Entry_Age().Look_Elsewhere()) return;
-    forms_->Requery_All();
+    forms_->Reload_All();
     Tell(tr("Another program has changed the report: its worksheets were read again."));
 }
 

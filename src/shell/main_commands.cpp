@@ -65,7 +65,7 @@ void Save_Report_As(FrmMain& main) {
     const auto path = Ask_Save_As_Path();
     if (!path || (!db.Is_Read_Only() && !main.Forms().Commit_Rows()) || !Report_Save_As(*path)) return;
     main.Tell(main.tr("Saved as %1.").arg(Qt_Text(CRFTitle)));
-    main.Forms().Requery_All();
+    main.Forms().Reload_All();
 }
 
 void Edit_Identity(FrmMain& main) {
@@ -78,7 +78,7 @@ void Calculate(FrmMain& main) {
     The_Platform().Set_Enabled("mnuReportCalculate", false);
     const bool calculated = Calculate_Report();
     The_Platform().Set_Enabled("mnuReportCalculate", true);
-    main.Forms().Requery_All();
+    main.Forms().Reload_All();
     main.Tell(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : main.tr("Not calculated."));
 }
 

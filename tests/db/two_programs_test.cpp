@@ -9,6 +9,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "db/change_mark.h"
 #include "db/database.h"
 #include "db/db_fixture.h"
 #include "support/short_wait.h"
@@ -280,6 +281,23 @@ TEST_F(TwoProgramsTest, AChangeUnderWayIsToldWhenItIsDone) {
     EXPECT_TRUE(db.Changed_Elsewhere());
     db.Close();
     EXPECT_EQ(Code_Of([&] { db.Changed_Elsewhere(); }), DbErrorCode::DatabaseClosed);
+}
+
+TEST_F(TwoProgramsTest, MarksAreEqualWhileNobodyWrites) {
+    Database other = DBEngine::OpenDatabase(path);
+    const ChangeMark before = Change_Mark(db);
+    EXPECT_NE(before, ChangeMark{});
+    Rows(db, "A");
+    Rows(other, "A");
+    EXPECT_EQ(Change_Mark(db), before) << "reading changes nothing";
+    Run("UPDATE A SET x = 2");
+    const ChangeMark own = Change_Mark(db);
+    EXPECT_NE(own, before) << "one's own counts";
+    other.Execute("UPDATE A SET x = 3");
+    EXPECT_NE(Change_Mark(db), own);
+    EXPECT_TRUE(db.Changed_Elsewhere()) << "to ask for a mark answers no other question";
+    db.Close();
+    EXPECT_EQ(Code_Of([&] { Change_Mark(db); }), DbErrorCode::DatabaseClosed);
 }
 
 }  // namespace

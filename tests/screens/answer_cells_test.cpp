@@ -10,7 +10,7 @@ namespace {
 
 // What is kept, or the text of the refusal; "Null" where the cell is emptied.
 std::string Checked(AnswerKind kind, std::string_view text, int length = 40) {
-    const CellResult result = Check_Answer(kind, text, length);
+    const CellResult result = Check_Answer({}, kind, text, length);
     if (result.refusal) {
         EXPECT_TRUE(result.refusal->title == "Entry Error" || result.refusal->title == "Invalid Length Entry");
         return result.refusal->text;

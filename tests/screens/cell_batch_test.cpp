@@ -10,9 +10,9 @@ namespace {
 
 // The lists with which a report is componentized and filled in one go, in either numbering.
 void Expect_Stored(const std::vector<CellText>& cells) {
-    const std::vector<CellOutcome> outcomes = Enter_Cells(cells);
+    const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(cells);
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        EXPECT_TRUE(outcomes[i].stored) << cells[i].item << " " << cells[i].line << ": " << outcomes[i].text;
+        EXPECT_FALSE(outcomes[i]) << cells[i].item << " " << cells[i].line << ": " << Text_Of(outcomes[i]);
     }
 }
 
@@ -32,9 +32,9 @@ TEST(CellBatch, LineFiveIsFoundWhereTheOptionMovesIt) {
                                       {"F1", "5", "1", "300"},
                                       {"A5", "5.5", "2", "1"},
                                       {"S2", "26", "1", "1"}};
-    const std::vector<CellOutcome> outcomes = Enter_Cells(cells);
+    const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(cells);
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        EXPECT_EQ(outcomes[i].stored, cells[i].line != "5.5") << i << ": " << outcomes[i].text;
+        EXPECT_EQ(!outcomes[i], cells[i].line != "5.5") << i << ": " << Text_Of(outcomes[i]);
     }
     EXPECT_CELL("A", 5.01, 1, 700_cur);
     EXPECT_CELL("B1", 5.01, "CC_100", 40.0);
@@ -54,9 +54,9 @@ TEST(CellBatch, LineFiveIsFoundWhereTheOptionMovesIt) {
 TEST(CellBatch, AListWithBothNumbersKeepsThemApart) {
     Report r(fy2016);
     const std::vector<CellText> cells{{"A", "5", "1", "100"}, {"A", "5.01", "1", "700"}, {"S2", "26", "1", "1"}};
-    const std::vector<CellOutcome> outcomes = Enter_Cells(cells);
-    EXPECT_EQ(outcomes[0].text, "Worksheet A, line 5 does not exist and cannot be added.");
-    EXPECT_TRUE(outcomes[1].stored);
+    const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(cells);
+    EXPECT_EQ(Text_Of(outcomes[0]), "Worksheet A, line 5 does not exist and cannot be added.");
+    EXPECT_FALSE(outcomes[1]);
     EXPECT_CELL("A", 5.01, 1, 700_cur);
 }
 
@@ -69,9 +69,9 @@ TEST(CellBatch, WithoutAnAnswerOnLine26NumbersAreTheChartsOwn) {
 TEST(CellBatch, AnAnswerThatSteersCountsWithItsLastValue) {
     Report r(fy2016);
     const std::vector<CellText> cells{{"S2", "29", "1", "Y"}, {"S2", "29.01", "1", "Office"}, {"S2", "29", "1", "N"}};
-    const std::vector<CellOutcome> outcomes = Enter_Cells(cells);
-    EXPECT_TRUE(outcomes[0].stored);
-    EXPECT_EQ(outcomes[1].title, kShut);
+    const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(cells);
+    EXPECT_FALSE(outcomes[0]);
+    EXPECT_EQ(Title_Of(outcomes[1]), kShut);
     EXPECT_CELL("S2", 29, 1, "N");
 }
 

@@ -109,20 +109,20 @@ TEST(EditTextTest, EnteredAgainItGivesTheSameValue) {
 
     Report r(fy2016);
     for (const char* typed : {"1234567", "(500)", "$12", ""}) {
-        EXPECT_TRUE(Enter("A", "5", "3", typed).stored);
+        EXPECT_FALSE(Enter("A", "5", "3", typed));
         const Value before = r.Cell("A", 5, 3);
-        EXPECT_TRUE(Enter("A", "5", "3", Edit_Text(before)).stored);
+        EXPECT_FALSE(Enter("A", "5", "3", Edit_Text(before)));
         EXPECT_EQ(r.Cell("A", 5, 3), before) << typed;
     }
-    EXPECT_TRUE(Enter("D1", "3.02", "1", "3/1/2016").stored);
+    EXPECT_FALSE(Enter("D1", "3.02", "1", "3/1/2016"));
     const Value date = r.Cell("D1", 3.02, 1);
-    EXPECT_TRUE(Enter("D1", "3.02", "1", Edit_Text(date)).stored);
+    EXPECT_FALSE(Enter("D1", "3.02", "1", Edit_Text(date)));
     EXPECT_EQ(r.Cell("D1", 3.02, 1), date);
 }
 
 TEST(ShadedTest, ANullFigureIsAShadedCell) {
     const FormDescription view{.name = "frmViewA", .readOnly = true};
-    const FormDescription shading{.name = "frmEditF", .nullIsShaded = true};
+    const FormDescription shading{.name = "frmEditF", .cells = {.nullIsShaded = true}};
     const FormDescription plain{.name = "frmEditA4"};
     const GridColumn total = Column("1", FieldType::Currency);
     const GridColumn amount = Column("1", FieldType::Double, 0, CellKind::Number);

@@ -2,6 +2,7 @@
 #include "report/code_lists.h"
 #include "report/open_report.h"
 #include "report/registry.h"
+#include "screens/edit_history.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
 
@@ -63,9 +64,9 @@ TEST(Codes, AreListedOnce) {
     EXPECT_EQ(Answer_To("S3p3", "29.02", "1", ""), kStored);
     EXPECT_EQ(Answer_To("S3p3", "29.03", "1", ""), kStored) << "blanks are no codes";
     const std::vector<CellText> cells{{"S3p3", "29.04", "1", "1600"}, {"S3p3", "29.05", "1", "1600"}};
-    const std::vector<CellOutcome> outcomes = Enter_Cells(cells);
-    EXPECT_TRUE(outcomes[0].stored);
-    EXPECT_EQ(outcomes[1].text, "The code 1600 is already listed.");
+    const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(cells);
+    EXPECT_FALSE(outcomes[0]);
+    EXPECT_EQ(Text_Of(outcomes[1]), "The code 1600 is already listed.");
 }
 
 TEST(Codes, WithFiguresAskBeforeTheyAreReplaced) {
@@ -102,6 +103,7 @@ TEST(Codes, ALimitAloneIsAFigureToo) {
 TEST(Codes, AreAskedForBeforeTheirLineIsDeleted) {
     ReportWithVisits r(fy2016);
     OpenForm form(kEditS3p3, "S3p3");
+    EditHistory history(form);
     r.platform.Expect_Box(kRemoveTitle, Remove_Text("0040"), Answer::No, kAsk);
     EXPECT_FALSE(form.Remove_Row(29_cur));
     EXPECT_CELL("Cp2m0040", 1, 5, 120.0);
@@ -109,20 +111,21 @@ TEST(Codes, AreAskedForBeforeTheirLineIsDeleted) {
     r.platform.Expect_Box(kRemoveTitle, Remove_Text("0040"), Answer::Yes, kAsk);
     EXPECT_TRUE(form.Remove_Row(29_cur));
     EXPECT_FALSE(TableExists("Cp2m0040", true));
-    form.Undo();
+    history.Undo();
     EXPECT_CELL("Cp2m0040", 1, 5, 120.0);
 }
 
 TEST(Codes, AnUndoThatRemovesFiguresAsks) {
     ReportWithVisits r(fy2016);
     OpenForm form(kEditS3p3, "S3p3");
-    ASSERT_TRUE(form.Go_To(29.01_cur));
-    ASSERT_TRUE(form.Enter(*form.Find_Column("2"), "28100").stored);
-    ASSERT_TRUE(form.Leave_Row().stored);
+    EditHistory history(form);
+    ASSERT_TRUE(form.Place_Cursor(29.01_cur));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("2"), "28100"));
+    ASSERT_FALSE(form.Store_Row());
     form.Follow_Changes();
     ASSERT_EQ(Answer_To("Cp2c28100", "2", "6", "70"), kStored);
     r.platform.Expect_Box(kRemoveTitle, Remove_Text("28100"), Answer::No, kAsk);
-    EXPECT_EQ(form.Undo().text, "Worksheet S3p3, line 29.01: nothing taken back.");
+    EXPECT_EQ(history.Undo().text, "Worksheet S3p3, line 29.01: nothing taken back.");
     EXPECT_CELL("Cp2c28100", 2, 6, 70.0);
 }
 

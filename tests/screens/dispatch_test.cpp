@@ -145,7 +145,7 @@ TEST(NextWorksheetTest, ANewWorksheetIsMetAtOnce) {
     EXPECT_EQ(Next("Edit Worksheet F2"), "S2");
     Register("Kh0");
     EXPECT_EQ(Next("Edit Worksheet F2"), "Kh0");
-    EXPECT_TRUE(Enter("S3p3", "29", "2", "16580").stored);
+    EXPECT_FALSE(Enter("S3p3", "29", "2", "16580"));
     EXPECT_EQ(Next("Edit Worksheet B1"), "Cp2c16580");
 }
 

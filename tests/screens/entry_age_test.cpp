@@ -4,18 +4,19 @@
 #include "calc/driver.h"
 #include "report/edit_key.h"
 #include "report/open_report.h"
+#include "screens/cell_block.h"
+#include "screens/edit_history.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
-#include "screens/paste.h"
 
 namespace tallmar {
 
 namespace {
 
 void Enter_Row(OpenForm& form, Currency line, std::string_view column, std::string_view text) {
-    ASSERT_TRUE(form.Go_To(line));
-    ASSERT_TRUE(form.Enter(*form.Find_Column(column), text).stored);
-    ASSERT_TRUE(form.Leave_Row().stored);
+    ASSERT_TRUE(form.Place_Cursor(line));
+    ASSERT_FALSE(form.Enter(*form.Find_Column(column), text));
+    ASSERT_FALSE(form.Store_Row());
 }
 
 }  // namespace
@@ -43,41 +44,47 @@ TEST(EntryAgeTest, CountsCellsUntilTheReportIsCalculated) {
 TEST(EntryAgeTest, AnEntryThatIsTakenBackIsNone) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
+    EditHistory history(form);
     Enter_Row(form, 6_cur, "1", "100");
     Enter_Row(form, 6_cur, "1", "101");
     EXPECT_EQ(Entry_Age().Entries(), 1U) << "one cell";
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Entry_Age().Entries(), 1U);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Entry_Age().Entries(), 0U);
     Calc_All();
     Enter_Row(form, 6_cur, "1", "7");
     Calc_All();
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Entry_Age().Entries(), 1U) << "an undo of what was calculated is an entry";
 }
 
 TEST(EntryAgeTest, CountsWhatAPasteStored) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
+    EditHistory history(form);
     const std::vector<const GridColumn*> columns{form.Find_Column("1"), form.Find_Column("2")};
     const std::vector<Currency> lines{6_cur, 7_cur};
-    Enter_Block(form, Block_At(Parse_Clipboard("1\tx\n2\t0\n"), lines, columns), "paste");
+    {
+        const EditHistory::OneStep step(history, "paste");
+        Enter_Block(form, Block_At(Parse_Clipboard("1\tx\n2\t0\n"), lines, columns));
+    }
     EXPECT_EQ(Entry_Age().Entries(), 2U);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Entry_Age().Entries(), 0U);
 }
 
 TEST(EntryAgeTest, ARowThatCameOrWentIsOneEntry) {
     Report r(fy2016);
     OpenForm form(kEditA4, "A4");
+    EditHistory history(form);
     const Currency line = form.Add_Row({});
     EXPECT_EQ(Entry_Age().Entries(), 1U);
     form.Remove_Row(line);
     EXPECT_EQ(Entry_Age().Entries(), 0U);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Entry_Age().Entries(), 1U);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Entry_Age().Entries(), 0U);
 }
 
@@ -93,9 +100,9 @@ TEST(EntryAgeTest, NamesFilledInBesideANumberAreNotCounted) {
 TEST(EntryAgeTest, HeaderLinesAreNoEntries) {
     Report r(fy2016);
     OpenForm form(kHeaderLines, "HeaderLines");
-    ASSERT_TRUE(form.Go_To(1_cur));
-    ASSERT_TRUE(form.Enter(*form.Find_Column("LineText"), "Draft").stored);
-    ASSERT_TRUE(form.Leave_Row().stored);
+    ASSERT_TRUE(form.Place_Cursor(1_cur));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("LineText"), "Draft"));
+    ASSERT_FALSE(form.Store_Row());
     EXPECT_EQ(Entry_Age().Entries(), 0U);
 }
 

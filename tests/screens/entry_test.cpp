@@ -90,8 +90,8 @@ TEST(EnterA, ARoundedEntryIsKept) {
 namespace {
 
 // Cells of one A-4 row; a null value is left out.
-std::vector<CellOutcome> Enter_A4(const std::string& line, const char* explanation, const char* code, const char* up,
-                                  const char* amount, const char* down) {
+std::vector<std::optional<Refusal>> Enter_A4(const std::string& line, const char* explanation, const char* code,
+                                             const char* up, const char* amount, const char* down) {
     std::vector<CellText> cells;
     const auto put = [&](const char* column, const char* value) {
         if (value != nullptr) cells.push_back({"A4", line, column, value});
@@ -109,7 +109,7 @@ std::vector<CellOutcome> Enter_A4(const std::string& line, const char* explanati
 
 TEST(EnterA4, ARowIsMadeAndItsNamesAreFilled) {
     Report r(fy2016);
-    for (const CellOutcome& outcome : Enter_A4("1", "Insurance", "a", "1", "18400", "5")) EXPECT_TRUE(outcome.stored);
+    for (const auto& refusal : Enter_A4("1", "Insurance", "a", "1", "18400", "5")) EXPECT_EQ(Text_Of(refusal), "");
     EXPECT_CELL("A4", 1, 1, "A");
     EXPECT_CELL("A4", 1, 2, "Cap Rel Costs-Bldg & Fixt");
     EXPECT_CELL("A4", 1, 3, 1_cur);
@@ -120,7 +120,7 @@ TEST(EnterA4, ARowIsMadeAndItsNamesAreFilled) {
 
 TEST(EnterA4, EachCellHasItsBox) {
     Report r(fy2016);
-    ASSERT_TRUE(Enter_A4("1", "Insurance", "A", "1", "18400", "5").front().stored);
+    ASSERT_FALSE(Enter_A4("1", "Insurance", "A", "1", "18400", "5").front());
     const std::string code =
         "Error: Invalid CODE Entry: A valid CODE [any letter from 'A' through 'Z'] must be entered."
         "  Select OK to continue.";
@@ -145,15 +145,15 @@ TEST(EnterA4, EachCellHasItsBox) {
 
 TEST(EnterA4, TheFirstRowOfACodeNeedsAnExplanation) {
     Report r(fy2016);
-    for (const CellOutcome& outcome : Enter_A4("1", nullptr, "A", "1", "100", "5")) {
-        EXPECT_EQ(outcome.title, "Error: Blank EXPLANATION Item");
-        EXPECT_EQ(outcome.text,
+    for (const auto& outcome : Enter_A4("1", nullptr, "A", "1", "100", "5")) {
+        EXPECT_EQ(Title_Of(outcome), "Error: Blank EXPLANATION Item");
+        EXPECT_EQ(Text_Of(outcome),
                   "The EXPLANATION may not be left blank for the first reclassification in a given code.");
     }
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A4 WHERE LineNum < 30;"), Value(0));
-    ASSERT_TRUE(Enter_A4("1", "Insurance", "A", "1", "100", "5").front().stored);
-    for (const CellOutcome& outcome : Enter_A4("2", nullptr, "A", "2", "50", "5")) EXPECT_TRUE(outcome.stored);
-    EXPECT_EQ(Enter_A4("3", nullptr, "B", "2", "50", "5").front().title, "Error: Blank EXPLANATION Item");
+    ASSERT_FALSE(Enter_A4("1", "Insurance", "A", "1", "100", "5").front());
+    for (const auto& refusal : Enter_A4("2", nullptr, "A", "2", "50", "5")) EXPECT_EQ(Text_Of(refusal), "");
+    EXPECT_EQ(Title_Of(Enter_A4("3", nullptr, "B", "2", "50", "5").front()), "Error: Blank EXPLANATION Item");
 }
 
 TEST(EnterA4, ClosingGroupsRowsByCode) {
@@ -234,7 +234,7 @@ TEST(EnterA6, FurtherLinesOfPartBStandBehindTheThird) {
     EXPECT_EQ(Title_Of("A6pB", "1.5", "4", "1"), "Unknown Line");
     for (const char* line : {"1", "2", "3", "3.01", "3.02"}) EXPECT_EQ(Answer_To("A6pB", line, "4", "1"), kStored);
     EXPECT_EQ(Title_Of("A6pB", "3.005", "4", "1"), "Unknown Line");
-    EXPECT_EQ(kEditA6pB.add("A6pB", {}), 3.03_cur);
+    EXPECT_EQ(kEditA6pB.lines.add("A6pB", {}), 3.03_cur);
 }
 
 TEST(EnterA6, TheNumberOfPartBNamesItsCostCenter) {
@@ -331,7 +331,7 @@ TEST(EnterS3, EachCodeHasItsWorksheetOfCPartTwo) {
     EXPECT_TRUE(TableExists("Cp2m0041", true));
     EXPECT_EQ(Answer_To("S3p3", "29", "1", ""), kStored);
     EXPECT_FALSE(TableExists("Cp2m0041", true));
-    kEditS3p3.remove("S3p3", 29.01_cur);
+    kEditS3p3.lines.remove("S3p3", 29.01_cur);
     EXPECT_FALSE(TableExists("Cp2c16580", true));
     EXPECT_EQ(r.Read("SELECT Count(*) FROM Cp4 WHERE Int(LineNum) = 23;"), Value(0));
     EXPECT_TRUE(gblCBSACodes.empty());

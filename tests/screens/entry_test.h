@@ -9,21 +9,29 @@
 
 namespace tallmar {
 
-inline CellOutcome Enter(std::string_view item, std::string_view line, std::string_view column,
-                         std::string_view value) {
+// Of a refusal; empty where the cell was stored.
+inline std::string Title_Of(const std::optional<Refusal>& refusal) {
+    return refusal ? refusal->title : std::string();
+}
+inline std::string Text_Of(const std::optional<Refusal>& refusal) {
+    return refusal ? refusal->text : std::string();
+}
+
+inline std::optional<Refusal> Enter(std::string_view item, std::string_view line, std::string_view column,
+                                    std::string_view value) {
     return Enter_Cell({std::string(item), std::string(line), std::string(column), std::string(value)});
 }
 
 // "title: text" of a refusal, "stored" otherwise.
 inline std::string Answer_To(std::string_view item, std::string_view line, std::string_view column,
                              std::string_view value) {
-    const CellOutcome outcome = Enter(item, line, column, value);
-    return outcome.stored ? "stored" : outcome.title + ": " + outcome.text;
+    const std::optional<Refusal> refusal = Enter(item, line, column, value);
+    return refusal ? refusal->title + ": " + refusal->text : "stored";
 }
 
 inline std::string Title_Of(std::string_view item, std::string_view line, std::string_view column,
                             std::string_view value) {
-    return Enter(item, line, column, value).title;
+    return Title_Of(Enter(item, line, column, value));
 }
 
 constexpr const char* kStored = "stored";

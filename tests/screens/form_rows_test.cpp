@@ -28,7 +28,7 @@ TEST(FormRowsTest, FindsALine) {
     EXPECT_EQ(rows.Find(5.37_cur), std::nullopt);
 }
 
-TEST(FormRowsTest, RereadsOneRowAndRequeriesAll) {
+TEST(FormRowsTest, ReloadsOneRowOrAll) {
     Report r(fy2016);
     FormRows rows(kEditA, "A");
     const std::size_t five = *rows.Find(5_cur);
@@ -36,22 +36,21 @@ TEST(FormRowsTest, RereadsOneRowAndRequeriesAll) {
     r.Cell("A", 5, 3, 1200_cur);
     r.Cell("A", 6, 3, 600_cur);
     EXPECT_EQ(rows.At(five)["Col_3"], Value(0_cur));
-    rows.Reread(five);
+    rows.Reload_Row(five, db.Read_Row(Row_Query(kEditA, "A", 5_cur)));
     EXPECT_EQ(rows.At(five)["Col_3"], Value(1200_cur));
     EXPECT_EQ(rows.At(six)["Col_3"], Value(0_cur)) << "only the one row";
-    rows.Requery();
+    rows.Reload();
     EXPECT_EQ(rows.At(six)["Col_3"], Value(600_cur));
 }
 
-TEST(FormRowsTest, ARowThatWentStaysUntilRequery) {
+TEST(FormRowsTest, ARowThatWentStaysUntilReload) {
     Report r(fy2016);
     FormRows rows(kEditA, "A");
     const std::size_t count = rows.Count();
     const std::size_t at = *rows.Find(5_cur);
     r.Execute("DELETE * FROM A WHERE LineNum = 5;");
-    rows.Reread(at);
     EXPECT_EQ(rows.Line(at), 5_cur);
-    rows.Requery();
+    rows.Reload();
     EXPECT_EQ(rows.Count(), count - 1);
 }
 
@@ -62,7 +61,7 @@ TEST(FormRowsTest, ATableWithoutLinesHasLineNought) {
     EXPECT_EQ(rows.Line(0), Currency());
     EXPECT_EQ(rows.Find(Currency()), 0U);
     r.Execute("UPDATE A6pA SET Answer = 'Y';");
-    rows.Reread(0);
+    rows.Reload();
     EXPECT_EQ(rows.At(0)["Answer"], Value("Y"));
 }
 
@@ -88,15 +87,15 @@ TEST(HeaderLinesFormTest, StoresALineAndTheHeadOfThePageFollows) {
     OpenForm form(kHeaderLines, "HeaderLines");
     const GridColumn* text = form.Find_Column("LineText");
     ASSERT_NE(text, nullptr);
-    ASSERT_TRUE(form.Go_To(2_cur));
-    EXPECT_TRUE(form.Enter(*text, "  Draft of \"May\"").stored);
-    EXPECT_TRUE(form.Leave_Row().stored);
+    ASSERT_TRUE(form.Place_Cursor(2_cur));
+    EXPECT_FALSE(form.Enter(*text, "  Draft of \"May\""));
+    EXPECT_FALSE(form.Store_Row());
     EXPECT_EQ(HeaderLine2, "  Draft of \"May\"");
     EXPECT_EQ(HeaderLine1, "");
-    EXPECT_FALSE(form.Go_To(4_cur));
-    ASSERT_TRUE(form.Go_To(2_cur));
-    EXPECT_TRUE(form.Enter(*text, "   ").stored);
-    EXPECT_TRUE(form.Leave_Row().stored);
+    EXPECT_FALSE(form.Place_Cursor(4_cur));
+    ASSERT_TRUE(form.Place_Cursor(2_cur));
+    EXPECT_FALSE(form.Enter(*text, "   "));
+    EXPECT_FALSE(form.Store_Row());
     EXPECT_EQ(HeaderLine2, "");
 }
 
@@ -104,12 +103,12 @@ TEST(HeaderLinesFormTest, SixtyCharactersAreTheMost) {
     Report r(fy2016);
     OpenForm form(kHeaderLines, "HeaderLines");
     const GridColumn& text = *form.Find_Column("LineText");
-    ASSERT_TRUE(form.Go_To(1_cur));
-    EXPECT_TRUE(form.Enter(text, std::string(60, 'x')).stored);
-    const CellOutcome outcome = form.Enter(text, std::string(61, 'x'));
-    EXPECT_FALSE(outcome.stored);
-    EXPECT_EQ(outcome.text, "The maximum length of a custom header line is 60 characters");
-    EXPECT_TRUE(form.Leave_Row().stored);
+    ASSERT_TRUE(form.Place_Cursor(1_cur));
+    EXPECT_FALSE(form.Enter(text, std::string(60, 'x')));
+    const std::optional<Refusal> outcome = form.Enter(text, std::string(61, 'x'));
+    EXPECT_TRUE(outcome);
+    EXPECT_EQ(Text_Of(outcome), "The maximum length of a custom header line is 60 characters");
+    EXPECT_FALSE(form.Store_Row());
     EXPECT_EQ(HeaderLine1, std::string(60, 'x')) << "the refused text left the cell as it was";
 }
 

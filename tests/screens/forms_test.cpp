@@ -22,13 +22,13 @@ std::vector<std::string> Worksheets_Of_Report() {
 
 void Check_Columns(const FormDescription& form, const Item& item) {
     const TableShape shape = db.TableDefs().Item(item.Name()).Shape();
-    EXPECT_FALSE(form.columns.empty()) << form.name;
-    for (const FormColumn& column : form.columns) {
+    EXPECT_FALSE(form.columns.described.empty()) << form.name;
+    for (const FormColumn& column : form.columns.described) {
         EXPECT_NE(shape.Find_Field(column.field), nullptr) << form.name << " " << column.field;
         EXPECT_LE(column.number.size(), 10U) << form.name;
         EXPECT_LE(column.label.size(), 100U) << form.name;
         EXPECT_FALSE(column.label.empty()) << form.name << " " << column.field;
-        EXPECT_TRUE(column.kind != CellKind::Own || form.readOnly || form.check != nullptr) << form.name;
+        EXPECT_TRUE(column.kind != CellKind::Own || form.readOnly || form.cells.check != nullptr) << form.name;
         if (const FieldDef* field = shape.Find_Field(column.field); field != nullptr && Has_Size(field->type)) {
             EXPECT_LE(column.limit, field->size) << form.name << " " << column.field;
         }
@@ -40,7 +40,7 @@ void Check_Columns(const FormDescription& form, const Item& item) {
 TEST(FormsTest, EveryDescribedColumnIsInItsTable) {
     for (const FiscalYear& year : {fy1999, fy2016}) {
         Report r(year);
-        EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
+        EXPECT_FALSE(Enter("S3p3", "29", "1", "1600"));
         for (const std::string& item : Worksheets_Of_Report()) {
             const WorksheetForms* worksheet = Find_Forms(item);
             ASSERT_NE(worksheet, nullptr) << item;
@@ -98,7 +98,7 @@ TEST(FormsTest, EachFormShowsItsColumns) {
     };
     for (const auto& [form, columns] : forms) {
         std::string described;
-        for (const FormColumn& column : form.columns) {
+        for (const FormColumn& column : form.columns.described) {
             described += (described.empty() ? "" : " ") + std::string(column.field);
         }
         EXPECT_EQ(described, columns) << form.name;
@@ -117,7 +117,7 @@ TEST(FormsTest, EveryWorksheetCanBeViewedAndTheComputedOnesNotEdited) {
 
 TEST(FormsTest, QueriesRun) {
     Report r(fy1999);
-    EXPECT_TRUE(Enter("S3p3", "29", "1", "1600").stored);
+    EXPECT_FALSE(Enter("S3p3", "29", "1", "1600"));
     for (const std::string& item : Worksheets_Of_Report()) {
         for (const FormMode mode : {FormMode::Edit, FormMode::View}) {
             const FormDescription* form = Form_Of(mode, item);
@@ -133,47 +133,47 @@ TEST(FormsTest, QueriesRun) {
 TEST(FormsTest, AViewTakesNothing) {
     Report r(fy2016);
     OpenForm view(kViewA, "A");
-    ASSERT_TRUE(view.Go_To(6_cur));
+    ASSERT_TRUE(view.Place_Cursor(6_cur));
     for (const GridColumn& column : view.Columns()) EXPECT_TRUE(view.Is_Locked(column)) << column.field;
 }
 
 TEST(FormsTest, AddAndDeleteKeepTheFormsNumbers) {
     Report r(fy2016);
     for (const Currency line : {1_cur, 2_cur, 3_cur, 3.01_cur, 3.02_cur}) {
-        EXPECT_EQ(kEditA6pB.add("A6pB", {}), line);
+        EXPECT_EQ(kEditA6pB.lines.add("A6pB", {}), line);
     }
-    for (const Currency line : {3.02_cur, 3.01_cur, 3_cur}) kEditA6pB.remove("A6pB", line);
-    kEditA6pB.remove("A6pB", 4_cur);
+    for (const Currency line : {3.02_cur, 3.01_cur, 3_cur}) kEditA6pB.lines.remove("A6pB", line);
+    kEditA6pB.lines.remove("A6pB", 4_cur);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB;"), Value(3)) << "the totals stay";
-    kEditA6pB.remove("A6pB", 2_cur);
+    kEditA6pB.lines.remove("A6pB", 2_cur);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A6pB;"), Value(2));
-    EXPECT_EQ(kEditS3p3.add("S3p3", {}), 29_cur);
-    EXPECT_EQ(kEditS3p3.add("S3p3", 29_cur), 29.01_cur);
-    kEditS3p3.remove("S3p3", 28_cur);
+    EXPECT_EQ(kEditS3p3.lines.add("S3p3", {}), 29_cur);
+    EXPECT_EQ(kEditS3p3.lines.add("S3p3", 29_cur), 29.01_cur);
+    kEditS3p3.lines.remove("S3p3", 28_cur);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM S3p3;"), Value(3));
 }
 
 TEST(FormsTest, TheGridWritesARowWhenTheCursorLeavesIt) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
-    ASSERT_TRUE(form.Go_To(6_cur));
-    EXPECT_TRUE(form.Enter(*form.Find_Column("1"), "100").stored);
+    ASSERT_TRUE(form.Place_Cursor(6_cur));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("1"), "100"));
     EXPECT_CELL("A", 6, 1, 0_cur);
-    EXPECT_TRUE(form.Leave_Row().stored);
+    EXPECT_FALSE(form.Store_Row());
     EXPECT_CELL("A", 6, 1, 100_cur);
-    ASSERT_TRUE(form.Go_To(7_cur));
-    EXPECT_TRUE(form.Enter(*form.Find_Column("1"), "100").stored);
-    form.Cancel_Row();
-    EXPECT_TRUE(form.Leave_Row().stored);
+    ASSERT_TRUE(form.Place_Cursor(7_cur));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("1"), "100"));
+    form.Discard_Row();
+    EXPECT_FALSE(form.Store_Row());
     EXPECT_CELL("A", 7, 1, 0_cur);
 }
 
 TEST(FormsTest, ARefusalBeepsAndShowsItsBox) {
     FakePlatform platform;
     platform.Expect_Box("Invalid Length Entry", "too long", Answer::Ok, kStop);
-    Show_Refusal({false, "Invalid Length Entry", "too long"});
+    Show_Refusal({.title = "Invalid Length Entry", .text = "too long"});
     EXPECT_EQ(platform.beeps, 1);
-    Show_Refusal({});
+    Show_Refusal({.title = "Remove Code", .text = "asked", .shown = true});
     EXPECT_EQ(platform.beeps, 1);
 }
 
@@ -220,11 +220,11 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
             "The statistic you just modified");
         std::vector<CellText> list;
         for (const std::size_t at : order) list.push_back(cells[at]);
-        const std::vector<CellOutcome> outcomes = Enter_Cells(list);
+        const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(list);
         for (std::size_t i = 0; i < order.size(); ++i) {
             const CellText& cell = cells[order[i]];
             const bool refused = cell.value == "1x" || cell.line == "99";
-            EXPECT_EQ(outcomes[i].stored, !refused) << cell.item << " " << cell.line << " " << outcomes[i].text;
+            EXPECT_EQ(!outcomes[i], !refused) << cell.item << " " << cell.line << " " << Text_Of(outcomes[i]);
         }
         EXPECT_CELL("A4", 1, 1, "A");
         EXPECT_CELL("A4", 2, 1, "B");
@@ -246,7 +246,7 @@ TEST(EnterCellsTest, TheOrderOfTheListChangesNothing) {
 TEST(EnterCellsTest, OfTwoEntriesOfOneCellTheLaterWins) {
     Report r(fy2016);
     const std::vector<CellText> cells{{"A", "6", "1", "100"}, {"A", "7", "1", "5"}, {"A", "6.00", "Col_1", "200"}};
-    for (const CellOutcome& outcome : Enter_Cells(cells)) EXPECT_TRUE(outcome.stored);
+    for (const auto& refusal : Enter_Cells(cells)) EXPECT_EQ(Text_Of(refusal), "");
     EXPECT_CELL("A", 6, 1, 200_cur);
     EXPECT_CELL("A", 7, 1, 5_cur);
 }

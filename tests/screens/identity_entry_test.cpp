@@ -3,9 +3,10 @@
 
 #include "report/open_report.h"
 #include "report/registry.h"
+#include "screens/cell_block.h"
+#include "screens/edit_history.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
-#include "screens/paste.h"
 
 namespace tallmar {
 
@@ -22,7 +23,7 @@ constexpr const char* kToLimits =
     "The new fiscal year uses other worksheets: A-1, A-2, A-3, A-8-3; no longer used: S-2-1.  Do you wish to continue?";
 
 // Both dates as one row of a list.
-std::vector<CellOutcome> Enter_Year(const char* start, const char* end) {
+std::vector<std::optional<Refusal>> Enter_Year(const char* start, const char* end) {
     const std::vector<CellText> cells{{"S2", "7", "1", start}, {"S2", "7", "2", end}};
     return Enter_Cells(cells);
 }
@@ -71,7 +72,7 @@ TEST(EnterIdentity, TheCertificationDateBesideThemIsAnAnswerLikeAnyOther) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S2", "2", "3", "7/1/1966"), kStored);
     const std::vector<CellText> cells{{"S2", "2", "1", "Harbor Home Health"}, {"S2", "2", "3", "7/2/1966"}};
-    for (const CellOutcome& outcome : Enter_Cells(cells)) EXPECT_TRUE(outcome.stored) << outcome.text;
+    for (const auto& refusal : Enter_Cells(cells)) EXPECT_EQ(Text_Of(refusal), "");
     EXPECT_CELL("S2", 2, 3, "07/02/1966");
     Expect_Identity(r, kNumber, "Harbor Home Health", fy2016);
 }
@@ -91,7 +92,7 @@ TEST(EnterIdentity, DatesAreRefusedWithTheTextsOfTheEditor) {
 
 TEST(EnterIdentity, BothDatesOfAListGoInTogether) {
     Report r(fy2016);
-    for (const CellOutcome& outcome : Enter_Year("10/1/2016", "9/30/2017")) EXPECT_TRUE(outcome.stored) << outcome.text;
+    for (const auto& refusal : Enter_Year("10/1/2016", "9/30/2017")) EXPECT_EQ(Text_Of(refusal), "");
     EXPECT_CELL("S2", 7, 1, "10/01/2016");
     EXPECT_CELL("S2", 7, 2, "09/30/2017");
     Expect_Identity(r, kNumber, kName, {Date_Of(2016, 10, 1), Date_Of(2017, 9, 30)});
@@ -99,7 +100,7 @@ TEST(EnterIdentity, BothDatesOfAListGoInTogether) {
 
 TEST(EnterIdentity, AnEmptyEndIsAYearAfterTheStart) {
     Report r(fy2016);
-    for (const CellOutcome& outcome : Enter_Year("1/1/2017", "")) EXPECT_TRUE(outcome.stored) << outcome.text;
+    for (const auto& refusal : Enter_Year("1/1/2017", "")) EXPECT_EQ(Text_Of(refusal), "");
     EXPECT_CELL("S2", 7, 2, "12/31/2017");
     Expect_Identity(r, kNumber, kName, {Date_Of(2017, 1, 1), Date_Of(2017, 12, 31)});
 }
@@ -119,16 +120,16 @@ TEST(EnterIdentity, AYearThatSpansMoreThanOneIsAsked) {
 TEST(EnterIdentity, AMoveOverADividingDateIsAskedAndBringsTheWorksheets) {
     Report r(fy2016);
     r.platform.Expect_Box(kYearTitle, kToLimits, Answer::No, kYesNo + kQuestion + kDefaultButton2);
-    for (const CellOutcome& outcome : Enter_Year("10/1/1998", "9/30/1999")) {
-        EXPECT_FALSE(outcome.stored);
-        EXPECT_TRUE(outcome.shown) << "the question was the box";
-        EXPECT_EQ(outcome.text, "The fiscal year was not changed.");
+    for (const auto& outcome : Enter_Year("10/1/1998", "9/30/1999")) {
+        EXPECT_TRUE(outcome);
+        EXPECT_TRUE(outcome->shown) << "the question was the box";
+        EXPECT_EQ(Text_Of(outcome), "The fiscal year was not changed.");
     }
     Expect_Identity(r, kNumber, kName, fy2016);
     EXPECT_TRUE(TableExists("S21", true));
 
     r.platform.Expect_Box(kYearTitle, kToLimits, Answer::Yes);
-    for (const CellOutcome& outcome : Enter_Year("10/1/1998", "9/30/1999")) EXPECT_TRUE(outcome.stored) << outcome.text;
+    for (const auto& refusal : Enter_Year("10/1/1998", "9/30/1999")) EXPECT_EQ(Text_Of(refusal), "");
     Expect_Identity(r, kNumber, kName, fy1999);
     EXPECT_FALSE(TableExists("S21", false));
     for (const char* item : {"A1", "A2", "A3", "A83p1P", "A83p5S"}) EXPECT_TRUE(TableExists(item, true)) << item;
@@ -140,8 +141,8 @@ TEST(EnterIdentity, FormsKeptOpenKeepTheYear) {
     Report r(fy2016);
     r.platform.closeFormsCancelled = true;
     r.platform.Expect_Box(kYearTitle, kToLimits, Answer::Yes);
-    for (const CellOutcome& outcome : Enter_Year("10/1/1998", "9/30/1999")) {
-        EXPECT_EQ(outcome.text, "The fiscal year was not changed, since forms are open.");
+    for (const auto& outcome : Enter_Year("10/1/1998", "9/30/1999")) {
+        EXPECT_EQ(Text_Of(outcome), "The fiscal year was not changed, since forms are open.");
     }
     Expect_Identity(r, kNumber, kName, fy2016);
 }
@@ -151,11 +152,10 @@ TEST(EnterIdentity, APasteAsksNothingAndKeepsTheYear) {
     OpenForm form(kEditS2, "S2");
     const std::vector<Currency> lines{7_cur};
     const std::vector<const GridColumn*> columns{form.Find_Column("1"), form.Find_Column("2")};
-    BlockOutcome outcome =
-        Enter_Block(form, Block_At(Parse_Clipboard("10/1/1998\t9/30/1999"), lines, columns), "paste");
+    BlockOutcome outcome = Enter_Block(form, Block_At(Parse_Clipboard("10/1/1998\t9/30/1999"), lines, columns));
     EXPECT_EQ(outcome.notes.size(), 2U);
     Expect_Identity(r, kNumber, kName, fy2016);
-    outcome = Enter_Block(form, Block_At(Parse_Clipboard("10/1/2016\t9/30/2017"), lines, columns), "paste");
+    outcome = Enter_Block(form, Block_At(Parse_Clipboard("10/1/2016\t9/30/2017"), lines, columns));
     EXPECT_TRUE(outcome.notes.empty());
     Expect_Identity(r, kNumber, kName, {Date_Of(2016, 10, 1), Date_Of(2017, 9, 30)});
 }
@@ -183,7 +183,7 @@ TEST(EnterIdentity, ClearingManyCellsLeavesTheYear) {
     OpenForm form(kEditS2, "S2");
     const std::vector<Currency> lines{7_cur};
     const std::vector<const GridColumn*> columns{form.Find_Column("1"), form.Find_Column("2")};
-    const BlockOutcome outcome = Enter_Block(form, Block_At(Parse_Clipboard("\t"), lines, columns), "cells cleared");
+    const BlockOutcome outcome = Enter_Block(form, Block_At(Parse_Clipboard("\t"), lines, columns));
     EXPECT_EQ(outcome.notes.size(), 2U);
     EXPECT_EQ(FYEnd, Date_Of(2016, 6, 30));
 }
@@ -192,15 +192,16 @@ TEST(EnterIdentity, UndoTakesTheIdentityBackAndAYearsWorksheetsWithTheirEntries)
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S21", "1", "1", "Y"), kStored);
     OpenForm form(kEditS2, "S2");
-    ASSERT_TRUE(form.Go_To(2_cur));
-    EXPECT_TRUE(form.Enter(*form.Find_Column("2"), "157200").stored);
-    EXPECT_TRUE(form.Leave_Row().stored);
+    EditHistory history(form);
+    ASSERT_TRUE(form.Place_Cursor(2_cur));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("2"), "157200"));
+    EXPECT_FALSE(form.Store_Row());
     form.Follow_Changes();
     r.platform.Expect_Box(kYearTitle, kToLimits, Answer::Yes);
-    ASSERT_TRUE(form.Go_To(7_cur));
-    EXPECT_TRUE(form.Enter(*form.Find_Column("1"), "10/1/1998").stored);
-    EXPECT_TRUE(form.Enter(*form.Find_Column("2"), "9/30/1999").stored);
-    EXPECT_TRUE(form.Leave_Row().stored);
+    ASSERT_TRUE(form.Place_Cursor(7_cur));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("1"), "10/1/1998"));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("2"), "9/30/1999"));
+    EXPECT_FALSE(form.Store_Row());
     form.Follow_Changes();
     Expect_Identity(r, "15-7200", kName, fy1999);
 
@@ -208,11 +209,11 @@ TEST(EnterIdentity, UndoTakesTheIdentityBackAndAYearsWorksheetsWithTheirEntries)
                           "The new fiscal year uses other worksheets: S-2-1; no longer used: A-1, A-2, A-3, A-8-3.  Do "
                           "you wish to continue?",
                           Answer::Yes);
-    form.Undo();
+    history.Undo();
     Expect_Identity(r, "15-7200", kName, fy2016);
     EXPECT_CELL("S21", 1, 1, "Y");
     EXPECT_FALSE(TableExists("A1", false));
-    form.Undo();
+    history.Undo();
     Expect_Identity(r, kNumber, kName, fy2016);
 }
 
@@ -220,10 +221,10 @@ TEST(EnterIdentity, WhatTheEngineRefusesChangesNothing) {
     Report r(fy2016);
     r.Execute("DROP TABLE Master;");
     OpenForm form(kEditS2, "S2");
-    ASSERT_TRUE(form.Go_To(2_cur));
-    EXPECT_TRUE(form.Enter(*form.Find_Column("2"), "157200").stored);
-    EXPECT_TRUE(form.Enter(*form.Find_Column("3"), "7/1/1999").stored);
-    EXPECT_EQ(form.Leave_Row().title, "Entry Not Stored");
+    ASSERT_TRUE(form.Place_Cursor(2_cur));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("2"), "157200"));
+    EXPECT_FALSE(form.Enter(*form.Find_Column("3"), "7/1/1999"));
+    EXPECT_EQ(Title_Of(form.Store_Row()), "Entry Not Stored");
     EXPECT_CELL("S2", 2, 2, kNumber);
     EXPECT_CELL("S2", 2, 3, Null);
     EXPECT_EQ(ProviderNumber, kNumber);

@@ -13,13 +13,13 @@ struct Locked {
 
 void Expect_Locked(std::span<const Locked> cells) {
     for (const auto& [item, line, column, text] : cells) {
-        const CellOutcome outcome = Enter(item, line, column, "1");
-        EXPECT_EQ(outcome.title, kShut) << item << " " << line << " " << column;
+        const std::optional<Refusal> outcome = Enter(item, line, column, "1");
+        EXPECT_EQ(Title_Of(outcome), kShut) << item << " " << line << " " << column;
         constexpr std::string_view kTakesNone = " takes no entry: ";
-        const std::size_t at = outcome.text.find(kTakesNone);
-        ASSERT_NE(at, std::string::npos) << outcome.text;
-        EXPECT_EQ(outcome.text.substr(at + kTakesNone.size()), std::string(text) + ".") << outcome.text;
-        EXPECT_EQ(outcome.brief, text);
+        const std::size_t at = Text_Of(outcome).find(kTakesNone);
+        ASSERT_NE(at, std::string::npos) << Text_Of(outcome);
+        EXPECT_EQ(Text_Of(outcome).substr(at + kTakesNone.size()), std::string(text) + ".") << Text_Of(outcome);
+        EXPECT_EQ(outcome->brief, text);
     }
 }
 

@@ -18,7 +18,7 @@ TEST(NewLines, OfA4StandBehindTheLast) {
     r.Execute("INSERT INTO A4 (LineNum, Col_3, Col_4, Col_7) VALUES (1, 6, 10, 0);");
     EXPECT_EQ(Answer_To("A4", "3", "3", "6"), Next("2"));
     EXPECT_EQ(Answer_To("A4", "2", "3", "6"), kStored);
-    for (int line = 3; line <= 29; ++line) EXPECT_EQ(kEditA4.add("A4", {}), Currency(line));
+    for (int line = 3; line <= 29; ++line) EXPECT_EQ(kEditA4.lines.add("A4", {}), Currency(line));
     r.Execute("UPDATE A4 SET Col_3 = 6 WHERE LineNum < 30;");
     EXPECT_EQ(Answer_To("A4", "29.5", "3", "6"), Next("29.01"));
     EXPECT_EQ(Answer_To("A4", "29.01", "3", "6"), kStored);
@@ -53,7 +53,7 @@ TEST(NewLines, OfD1BelongToOneOfTwoGroups) {
     EXPECT_EQ(Answer_To("D1", "3.6", "2", "300"), Next("3.51"));
     for (const char* line : {"3.02", "3.03", "3.51"}) EXPECT_EQ(Answer_To("D1", line, "2", "300"), kStored);
     EXPECT_EQ(Answer_To("D1", "3.6", "2", "300"), Next("3.52"));
-    kEditD1.remove("D1", 3.02_cur);
+    kEditD1.lines.remove("D1", 3.02_cur);
     EXPECT_EQ(Answer_To("D1", "3.05", "2", "300"), Next("3.04"));
     EXPECT_EQ(Answer_To("D1", "3.02", "2", "300"), kStored) << "a number that is free again";
 }
@@ -82,9 +82,9 @@ TEST(NewLines, OfOneListStandOneBehindTheOther) {
     Report r(fy2016);
     const std::vector<CellText> cells{{"A5", "13.02", "2", "3"}, {"A5", "13", "2", "1"},   {"A5", "13.01", "2", "2"},
                                       {"D1", "3.03", "2", "6"},  {"D1", "3.02", "2", "5"}, {"D1", "3.05", "2", "7"}};
-    const std::vector<CellOutcome> outcomes = Enter_Cells(cells);
-    for (std::size_t i = 0; i < 5; ++i) EXPECT_TRUE(outcomes[i].stored) << outcomes[i].text;
-    EXPECT_EQ(outcomes[5].text, "The next new line is 3.04.");
+    const std::vector<std::optional<Refusal>> outcomes = Enter_Cells(cells);
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_FALSE(outcomes[i]) << Text_Of(outcomes[i]);
+    EXPECT_EQ(Text_Of(outcomes[5]), "The next new line is 3.04.");
     EXPECT_CELL("A5", 13.02, 2, 3_cur);
 }
 

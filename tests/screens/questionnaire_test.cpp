@@ -70,13 +70,14 @@ constexpr Line kS21AfterTen[] = {
 
 std::string Heads(const FormDescription& form, Currency line) {
     std::string heads;
-    for (const std::string_view head : form.headsAt(line)) heads += (heads.empty() ? "" : "|") + std::string(head);
+    for (const std::string_view head : form.columns.headsAt(line))
+        heads += (heads.empty() ? "" : "|") + std::string(head);
     return heads;
 }
 
 std::string Cell(const OpenForm& form, const GridColumn& column) {
     if (form.Is_Locked(column)) return "-";
-    const PopupList* list = form.Description().popup({form.Worksheet(), column, form.Under_Edit()});
+    const PopupList* list = form.Description().cells.popup({form.Worksheet(), column, form.Under_Edit()});
     constexpr std::string_view kList = "ButtonList";
     return list == nullptr ? "o" : std::string(list->name.substr(kList.size()));
 }
@@ -84,13 +85,13 @@ std::string Cell(const OpenForm& form, const GridColumn& column) {
 void Expect_Lines(const char* item, std::span<const Line> lines) {
     OpenForm form(*Form_Of(FormMode::Edit, item), item);
     for (const Line& line : lines) {
-        ASSERT_TRUE(form.Go_To(line.line)) << item << " " << line.line.To_Text();
+        ASSERT_TRUE(form.Place_Cursor(line.line)) << item << " " << line.line.To_Text();
         EXPECT_EQ(Heads(form.Description(), line.line), line.heads) << item << " " << line.line.To_Text();
         const std::string cells = Cell(form, *form.Find_Column("1")) + " " + Cell(form, *form.Find_Column("2")) + " " +
                                   Cell(form, *form.Find_Column("3"));
         EXPECT_EQ(cells, line.cells) << item << " " << line.line.To_Text();
         EXPECT_TRUE(form.Is_Locked(*form.Find_Column("LineNum")));
-        form.Leave_Row();
+        form.Store_Row();
     }
 }
 

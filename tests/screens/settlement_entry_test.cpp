@@ -10,7 +10,7 @@ namespace {
 std::string Open_Columns(const FormDescription& form, std::string_view item, Currency line) {
     OpenForm open(form, std::string(item));
     std::string columns;
-    if (!open.Go_To(line)) return "not shown";
+    if (!open.Place_Cursor(line)) return "not shown";
     for (const GridColumn& column : open.Columns()) {
         if (!open.Is_Locked(column)) columns += column.field == "Description" ? "D" : column.field.substr(4);
     }
@@ -105,23 +105,23 @@ TEST(EnterD1, LumpSumsAreMadeWhenMissingAndCount) {
 
 TEST(EnterD1, AddAndDeleteKeepTheFormsLines) {
     Report r(fy2016);
-    EXPECT_EQ(kEditD1.add("D1", {}), 3.02_cur);
+    EXPECT_EQ(kEditD1.lines.add("D1", {}), 3.02_cur);
     EXPECT_CELL("D1", 3.02, "Description", "Program to Provider lump sum adjustment");
-    EXPECT_EQ(kEditD1.add("D1", 3.01_cur), 3.03_cur);
-    EXPECT_EQ(kEditD1.add("D1", 3.5_cur), 3.51_cur);
+    EXPECT_EQ(kEditD1.lines.add("D1", 3.01_cur), 3.03_cur);
+    EXPECT_EQ(kEditD1.lines.add("D1", 3.5_cur), 3.51_cur);
     EXPECT_CELL("D1", 3.51, 2, 0_cur);
-    kEditD1.remove("D1", 3.02_cur);
-    for (const Currency line : {1_cur, 3.01_cur, 3.5_cur, 3.99_cur, 4_cur}) kEditD1.remove("D1", line);
+    kEditD1.lines.remove("D1", 3.02_cur);
+    for (const Currency line : {1_cur, 3.01_cur, 3.5_cur, 3.99_cur, 4_cur}) kEditD1.lines.remove("D1", line);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM D1;"), Value(8));
-    EXPECT_EQ(kEditD1.add("D1", 3.03_cur), 3.04_cur);
-    EXPECT_EQ(kEditD1.add("D1", 3.01_cur), 3.02_cur) << "the number is free again";
+    EXPECT_EQ(kEditD1.lines.add("D1", 3.03_cur), 3.04_cur);
+    EXPECT_EQ(kEditD1.lines.add("D1", 3.01_cur), 3.02_cur) << "the number is free again";
 }
 
 TEST(EnterD1, AFullGroupTakesNoFurtherLine) {
     Report r(fy2016);
-    for (int line = 2; line <= 49; ++line) kEditD1.add("D1", 3.01_cur);
-    EXPECT_THROW(kEditD1.add("D1", 3.01_cur), DbError);
-    EXPECT_EQ(kEditD1.add("D1", 3.98_cur), 3.51_cur) << "the other group has room";
+    for (int line = 2; line <= 49; ++line) kEditD1.lines.add("D1", 3.01_cur);
+    EXPECT_THROW(kEditD1.lines.add("D1", 3.01_cur), DbError);
+    EXPECT_EQ(kEditD1.lines.add("D1", 3.98_cur), 3.51_cur) << "the other group has room";
 }
 
 }  // namespace tallmar

@@ -28,7 +28,7 @@ TEST(EnterF, AFundBalanceStandsInTheColumnOfItsFund) {
     const std::array<std::size_t, 7> funds{0, 1, 2, 2, 2, 3, 3};
     for (std::size_t i = 0; i < lines.size(); ++i) {
         for (std::size_t fund = 0; fund < kFunds.size(); ++fund) {
-            EXPECT_EQ(Enter("F", lines[i], kFunds[fund], "7").stored, fund == funds[i]) << lines[i] << " " << fund;
+            EXPECT_EQ(!Enter("F", lines[i], kFunds[fund], "7"), fund == funds[i]) << lines[i] << " " << fund;
         }
     }
 }
@@ -76,13 +76,13 @@ TEST(EnterF1, ASublineIsMadeAndCounts) {
 
 TEST(EnterF1, AddAndDeleteKeepTheFormsLines) {
     Report r(fy2016);
-    EXPECT_EQ(kEditF1.add("F1", 6_cur), 6.01_cur);
-    EXPECT_EQ(kEditF1.add("F1", 6_cur), 6.02_cur);
-    EXPECT_EQ(kEditF1.add("F1", 1_cur), 31.01_cur);
+    EXPECT_EQ(kEditF1.lines.add("F1", 6_cur), 6.01_cur);
+    EXPECT_EQ(kEditF1.lines.add("F1", 6_cur), 6.02_cur);
+    EXPECT_EQ(kEditF1.lines.add("F1", 1_cur), 31.01_cur);
     EXPECT_CELL("F1", 6.01, 1, 0_cur);
-    kEditF1.remove("F1", 6_cur);
-    kEditF1.remove("F1", 33_cur);
-    kEditF1.remove("F1", 6.01_cur);
+    kEditF1.lines.remove("F1", 6_cur);
+    kEditF1.lines.remove("F1", 33_cur);
+    kEditF1.lines.remove("F1", 6.01_cur);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM F1;"), Value(35));
 }
 
@@ -92,9 +92,9 @@ TEST(EnterF2, DetailIsOddAndTheBeginningEven) {
     for (int column = 1; column <= 8; ++column) {
         const std::string field = std::to_string(column);
         const bool odd = column % 2 == 1;
-        EXPECT_EQ(Enter("F2", "1", field, "9").stored, !odd) << field;
+        EXPECT_EQ(!Enter("F2", "1", field, "9"), !odd) << field;
         for (const char* line : {"4", "5", "6", "11", "12", "13"}) {
-            EXPECT_EQ(Enter("F2", line, field, "9").stored, odd) << line << " " << field;
+            EXPECT_EQ(!Enter("F2", line, field, "9"), odd) << line << " " << field;
         }
         for (const char* line : {"2", "3", "9", "10", "16", "17"}) EXPECT_EQ(Title_Of("F2", line, field, "9"), kShut);
     }
@@ -104,18 +104,18 @@ TEST(EnterF2, DetailIsOddAndTheBeginningEven) {
 
 TEST(EnterF2, AddedLinesAreNumberedAndCount) {
     Report r(fy2016);
-    EXPECT_EQ(kEditF2.add("F2", 4_cur), 5_cur);
-    EXPECT_EQ(kEditF2.add("F2", 5_cur), 6_cur);
-    EXPECT_EQ(kEditF2.add("F2", 11_cur), 12_cur);
+    EXPECT_EQ(kEditF2.lines.add("F2", 4_cur), 5_cur);
+    EXPECT_EQ(kEditF2.lines.add("F2", 5_cur), 6_cur);
+    EXPECT_EQ(kEditF2.lines.add("F2", 11_cur), 12_cur);
     EXPECT_EQ(Answer_To("F2", "7", "3", "40"), kStored);
-    EXPECT_EQ(kEditF2.add("F2", 4_cur), 8_cur);
-    EXPECT_EQ(kEditF2.add("F2", 8_cur), 8.01_cur) << "behind the whole lines";
+    EXPECT_EQ(kEditF2.lines.add("F2", 4_cur), 8_cur);
+    EXPECT_EQ(kEditF2.lines.add("F2", 8_cur), 8.01_cur) << "behind the whole lines";
     EXPECT_CELL("F2", 7, 1, 0_cur);
     EXPECT_CELL("F2", 7, 2, Null);
     r.Calc("F2");
     EXPECT_CELL("F2", 9, 4, 40_cur);
-    kEditF2.remove("F2", 7_cur);
-    for (const Currency line : {1_cur, 4_cur, 9_cur, 11_cur}) kEditF2.remove("F2", line);
+    kEditF2.lines.remove("F2", 7_cur);
+    for (const Currency line : {1_cur, 4_cur, 9_cur, 11_cur}) kEditF2.lines.remove("F2", line);
     EXPECT_EQ(r.Read("SELECT Count(*) FROM F2;"), Value(14));
     EXPECT_EQ(Title_Of("F2", "18", "1", "1"), "Unknown Line");
 }
@@ -132,7 +132,7 @@ TEST(EnterA83, PartOneTakesWhatIsNotComputed) {
         EXPECT_EQ(Title_Of("A83p1P", "2", column, "1"), kShut);
         EXPECT_EQ(Title_Of("A83p1P", "9", column, "1"), kShut);
         for (const char* line : {"10", "11"}) {
-            EXPECT_EQ(Enter("A83p1P", line, column, "6").stored, std::string_view(column) != "4") << line << column;
+            EXPECT_EQ(!Enter("A83p1P", line, column, "6"), std::string_view(column) != "4") << line << column;
         }
     }
     EXPECT_CELL("A83p1P", 8, 4, 40.25);
@@ -175,9 +175,9 @@ TEST(EnterA83, PartFiveTakesCostsAlone) {
 
 TEST(EnterA83, NothingIsEnteredFromOctober2000) {
     Report r(fy2016);
-    EXPECT_FALSE(Enter("A83p1P", "1", "1", "52").stored);
-    EXPECT_FALSE(Enter("A83p4P", "36", "4", "52").stored);
-    EXPECT_FALSE(Enter("A83p5P", "45", "1", "52").stored);
+    EXPECT_TRUE(Enter("A83p1P", "1", "1", "52"));
+    EXPECT_TRUE(Enter("A83p4P", "36", "4", "52"));
+    EXPECT_TRUE(Enter("A83p5P", "45", "1", "52"));
 }
 
 }  // namespace tallmar

@@ -73,10 +73,10 @@ TEST(EnterB1, WhatStandsIsNoModification) {
 TEST(EnterB1, ACancelledExclusionIsARefusalThatWasShown) {
     Report r(fy2016);
     r.platform.Expect_Box_Starting(kAccumulated, "The statistic you just modified", Answer::Cancel);
-    const CellOutcome outcome = Enter("B1", "6", "CC_500", "1");
-    EXPECT_FALSE(outcome.stored);
-    EXPECT_EQ(outcome.title, kAccumulated);
-    Show_Refusal(outcome);
+    const std::optional<Refusal> outcome = Enter("B1", "6", "CC_500", "1");
+    ASSERT_TRUE(outcome);
+    EXPECT_EQ(outcome->title, kAccumulated);
+    Show_Refusal(*outcome);
     EXPECT_EQ(Override(r, "CC_500"), Null);
     EXPECT_CELL("B1", 6, "CC_500", 0.0);
 }
@@ -89,10 +89,10 @@ TEST(EnterB1, AnExclusionIsRemovedByASecondChange) {
         "The statistic you just modified belongs to a cost center that is an 'Accumulated Costs' type Cost Center and "
         "has previously been excluded from the 'Accumulated Costs' process.",
         Answer::Cancel, kAsk);
-    EXPECT_FALSE(Enter("B1", "6", "CC_500", "1").stored);
+    EXPECT_TRUE(Enter("B1", "6", "CC_500", "1"));
     EXPECT_EQ(Override(r, "CC_500"), Value(-1.0));
     r.platform.Expect_Box_Starting(kExcluded, "The statistic you just modified");
-    EXPECT_TRUE(Enter("B1", "6", "CC_500", "1").stored);
+    EXPECT_FALSE(Enter("B1", "6", "CC_500", "1"));
     EXPECT_EQ(Override(r, "CC_500"), Null);
 }
 
@@ -119,13 +119,13 @@ TEST(EnterB1, AnOverrideIsReplacedRemovedOrKept) {
                           "replace the current override value.  Select No to remove this override altogether.  Select "
                           "Cancel to abort this change request.",
                           Answer::Cancel, kYesNoCancel + kExclamation);
-    EXPECT_FALSE(Enter("B1", "6", "CC_300", "50").stored);
+    EXPECT_TRUE(Enter("B1", "6", "CC_300", "50"));
     EXPECT_EQ(Override(r, "CC_300"), Value(40.0));
     r.platform.Expect_Box_Starting(kOverridden, "The statistic you just modified", Answer::Yes);
-    EXPECT_TRUE(Enter("B1", "6", "CC_300", "50").stored);
+    EXPECT_FALSE(Enter("B1", "6", "CC_300", "50"));
     EXPECT_EQ(Override(r, "CC_300"), Value(50.0));
     r.platform.Expect_Box_Starting(kOverridden, "The statistic you just modified", Answer::No);
-    EXPECT_TRUE(Enter("B1", "6", "CC_300", "60").stored);
+    EXPECT_FALSE(Enter("B1", "6", "CC_300", "60"));
     EXPECT_EQ(Override(r, "CC_300"), Null);
 }
 

@@ -235,7 +235,7 @@ TEST_F(FormWindowsTest, FormOfAWorksheetThatIsGoneGoesToo) {
     View("A");
     View("F");
     db.Execute("DROP TABLE F;");
-    main->Forms().Requery_All();
+    main->Forms().Reload_All();
     EXPECT_EQ(main->Forms().Find_Form("F", FormMode::View), nullptr);
     EXPECT_NE(main->Forms().Find_Form("A", FormMode::View), nullptr);
 }

@@ -96,7 +96,7 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
     auto* key = static_cast<QKeyEvent*>(event);
     if (keys_ != nullptr && keys_(*key)) return true;
     if (key->key() == Qt::Key_Escape) {
-        emit Given_Up();
+        emit Discarded();
         return true;
     }
     if (key->key() == Qt::Key_F2) {

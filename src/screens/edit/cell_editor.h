@@ -39,8 +39,8 @@ class CellEditor : public GridDelegate {
   signals:
     // A key that leaves the cell: the entry is to be taken, and the cursor to be moved as the key says.
     void Left_By(int key, Qt::KeyboardModifiers modifiers);
-    // Esc: the entry is to be given up.
-    void Given_Up();
+    // Esc: the entry is to be discarded.
+    void Discarded();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

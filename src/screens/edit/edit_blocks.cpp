@@ -25,37 +25,41 @@ constexpr std::string_view kUndoTitle = "The following messages were generated d
 
 class EditGrid::Busy {
   public:
-    explicit Busy(EditGrid& grd) : asking_(grd.asking_, true) { grd.Entries().Leave_Row(); }
+    explicit Busy(EditGrid& grd) : asking_(grd.asking_, true) { grd.Entries().Clear_Cursor(); }
 
   private:
     QScopedValueRollback<bool> asking_;
 };
 
-void EditGrid::Read_Again() {
+void EditGrid::Reload() {
     try {
-        Entries().Refresh();
+        Entries().Reload_In_Place();
     } catch (const DbError& error) {
         return emit Told(Qt_Text(error.Description()));
     }
-    if (currentIndex().isValid()) Row_Entered(currentIndex().row());
+    if (currentIndex().isValid()) Follow_Cursor(currentIndex().row());
 }
 
 bool EditGrid::Enter_In_Line(Currency line, std::string_view field, const QString& text) {
     if (!Commit()) return false;
     OpenForm& form = Entries().Form();
-    CellOutcome outcome{.stored = false, .title = {}, .text = {}};
+    bool stored = false;
+    std::optional<Refusal> refusal;
     try {
         const Busy busy(*this);
         const GridColumn* column = form.Find_Column(field);
-        if (column != nullptr && form.Go_To(line)) outcome = form.Enter(*column, Plain_Text(text));
-        if (outcome.stored) outcome = form.Leave_Row();
-        form.Cancel_Row();
+        if (column != nullptr && form.Place_Cursor(line)) {
+            refusal = form.Enter(*column, Plain_Text(text));
+            if (!refusal) refusal = form.Store_Row();
+            stored = !refusal;
+        }
+        form.Discard_Row();
     } catch (const DbError& error) {
         Show_Error(error);
     }
-    Read_Again();
-    if (!outcome.title.empty()) Show_Refusal(outcome);
-    if (!outcome.stored) return false;
+    Reload();
+    if (refusal) Show_Refusal(*refusal);
+    if (!stored) return false;
     emit Entered();
     emit Row_Stored();
     emit Told(Stored_Text(1));
@@ -64,23 +68,23 @@ bool EditGrid::Enter_In_Line(Currency line, std::string_view field, const QStrin
 
 bool EditGrid::Can_Undo() const {
     if (model() == nullptr) return false;
-    return givenUp_.has_value() || Entries().Form().Can_Undo() || Entries().Form().Has_Entries();
+    return discarded_.has_value() || Entries().History().Can_Undo() || Entries().Form().Has_Entries();
 }
 
-void EditGrid::Give_Up_Row() {
+void EditGrid::Discard_Row() {
     Close_Choices();
-    givenUp_ = Entries().Cancel_Row();
-    if (Entries().Row_Under_Edit() < 0) Read_Again();
-    emit Row_Given_Up();
+    discarded_ = Entries().Discard_Row();
+    if (Entries().Row_Under_Edit() < 0) Reload();
+    emit Row_Discarded();
     emit Told(tr("The entries of the row were taken back. Ctrl+Z brings them back."));
 }
 
-void EditGrid::Bring_Row_Back() {
-    const GivenUpRow given = *std::exchange(givenUp_, {});
-    const int row = Entries().Form().Description().order.empty() ? 0 : Model().Row_Of(given.line);
+void EditGrid::Restore_Row() {
+    const DiscardedRow discarded = *std::exchange(discarded_, {});
+    const int row = Entries().Form().Description().order.empty() ? 0 : Model().Row_Of(discarded.line);
     if (row >= 0) setCurrentIndex(Model().index(row, currentIndex().column()));
-    if (row < 0 || currentIndex().row() != row || !Entries().Enter_Again(given)) {
-        Read_Again();
+    if (row < 0 || currentIndex().row() != row || !Entries().Restore_Row(discarded)) {
+        Reload();
         return emit Told(tr("The line is no longer there."));
     }
     emit Entered();
@@ -92,41 +96,39 @@ void EditGrid::Undo() {
     Close_Choices();
     // What is not stored yet is the last that was done.
     if (Is_Editing()) return Close_Editor();
-    OpenForm& form = Entries().Form();
-    if (form.Has_Entries()) {
-        Give_Up_Row();
-        givenUp_.reset();
+    if (Entries().Form().Has_Entries()) {
+        Discard_Row();
+        discarded_.reset();
         return emit Told(tr("The entries of the row were taken back."));
     }
-    if (givenUp_) return Bring_Row_Back();
-    if (!form.Can_Undo()) return emit Told(tr("There is nothing to take back."));
-    Take_Step(&OpenForm::Undo);
+    if (discarded_) return Restore_Row();
+    if (!Entries().History().Can_Undo()) return emit Told(tr("There is nothing to take back."));
+    Take_Step(&EditHistory::Undo);
 }
 
 void EditGrid::Redo() {
     if (!Commit()) return;
-    if (!Entries().Form().Can_Redo()) return emit Told(tr("There is nothing to do again."));
-    Take_Step(&OpenForm::Redo);
+    if (!Entries().History().Can_Redo()) return emit Told(tr("There is nothing to do again."));
+    Take_Step(&EditHistory::Redo);
 }
 
-void EditGrid::Take_Step(UndoOutcome (OpenForm::*take)()) {
-    OpenForm& form = Entries().Form();
+void EditGrid::Take_Step(UndoOutcome (EditHistory::*take)()) {
     UndoOutcome undone;
     try {
         const Busy busy(*this);
         const WaitPointer wait;
-        undone = (form.*take)();
+        undone = (Entries().History().*take)();
     } catch (const DbError& error) {
         Show_Error(error);
     }
-    Read_Again();
+    Reload();
     if (undone.text.empty()) return;
-    Go_To(undone.line);
+    Place_Cursor(undone.line);
     emit Entered();
     emit Row_Stored();
     emit Told(Qt_Text(undone.text));
     std::vector<Platform::BatchMessage> kept;
-    for (const std::string& text : undone.kept) kept.push_back({"W", form.Worksheet().Name(), text});
+    for (const std::string& text : undone.kept) kept.push_back({"W", Entries().Form().Worksheet().Name(), text});
     if (!kept.empty()) The_Platform().Show_Batch_Messages(kUndoTitle, kept);
 }
 
@@ -136,11 +138,12 @@ void EditGrid::Enter_Rows(const std::vector<BlockRow>& rows, const char* what) {
     try {
         const Busy busy(*this);
         const WaitPointer wait;
-        outcome = Enter_Block(form, rows, what);
+        const EditHistory::OneStep step(Entries().History(), what);
+        outcome = Enter_Block(form, rows);
     } catch (const DbError& error) {
         Show_Error(error);
     }
-    Read_Again();
+    Reload();
     if (outcome.rows > 0) {
         emit Entered();
         emit Row_Stored();
@@ -251,10 +254,10 @@ void EditGrid::Add_Row() {
     } catch (const DbError& error) {
         Show_Error(error);
     }
-    Read_Again();
+    Reload();
     setFocus();
     if (!line) return;
-    Go_To(*line);
+    Place_Cursor(*line);
     // The first that is to be filled, whatever column the row before was left in.
     const QModelIndex first = Last_Stop(currentIndex().row(), Model().columnCount(), 0, -1);
     if (first.isValid()) setCurrentIndex(first);
@@ -263,14 +266,14 @@ void EditGrid::Add_Row() {
     emit Told(tr("Line %1 added.").arg(Qt_Text(Line_Text(*line))));
 }
 
-void EditGrid::Delete_Row() {
+void EditGrid::Remove_Row() {
     if (!currentIndex().isValid() || asking_) return;
     // What was entered goes with the row, and comes back with it unless its own checks refuse it.
     Close_Choices();
     Close_Editor();
     OpenForm& form = Entries().Form();
     try {
-        if (!Entries().Store_Row().stored) Entries().Cancel_Row();
+        if (Entries().Store_Row()) Entries().Discard_Row();
     } catch (const DbError& error) {
         Show_Error(error);
     }
@@ -284,7 +287,7 @@ void EditGrid::Delete_Row() {
     } catch (const DbError& error) {
         Show_Error(error);
     }
-    Read_Again();
+    Reload();
     setFocus();
     if (!removed) return;
     const QString number = Qt_Text(Line_Text(line));

@@ -13,21 +13,20 @@ namespace tallmar {
 namespace {
 
 constexpr std::string_view kCloseTitle = "Error: Worksheet Not Finished";
-constexpr std::string_view kWithStatLinks = "frmEditB1";
 
 }  // namespace
 
 EditForm::EditForm(const FormDescription& description, Item item, QWidget* parent)
     : WorksheetForm(FormMode::Edit, new EditModel(description, std::move(item)), parent), grd_(new EditGrid(this)) {
     Set_Up(grd_);
-    if (!description.foot.empty()) Add_Below_Grid(new GridFoot(*grd_, this));
+    if (!description.window.foot.empty()) Add_Below_Grid(new GridFoot(*grd_, this));
     connect(grd_, &EditGrid::Told, this, &WorksheetForm::Stored);
     connect(grd_, &EditGrid::Entered, this, [this] {
         if (!std::exchange(changed_, true)) emit Cell_Changed();
     });
     connect(grd_, &EditGrid::Row_Stored, this, [this] { changed_ = false; });
     // A view may be opened before the next entry.
-    connect(grd_, &EditGrid::Row_Given_Up, this, [this] { changed_ = false; });
+    connect(grd_, &EditGrid::Row_Discarded, this, [this] { changed_ = false; });
 
     Add_Row_Buttons();
     QPushButton* open = Add_Button("cmdOpenView", tr("&Open View"), tr("Show the whole worksheet, totals included"));
@@ -41,13 +40,13 @@ EditForm::EditForm(const FormDescription& description, Item item, QWidget* paren
     connect(recalculate, &QPushButton::clicked, this, [this] {
         if (Commit_Grid()) emit Recalculate_Requested();
     });
-    if (description.name == kWithStatLinks) {
+    if (description.window.statLinks) {
         Add_Button("cmdStatLinks", tr("&Stat Links"), tr("Links of statistics are not available yet"))
             ->setEnabled(false);
     }
     Add_Walk_Buttons();
     Edit_Above();
-    grd_->Go_To_First();
+    grd_->Place_Cursor_First();
     Layout_Buttons();
 }
 
@@ -58,13 +57,13 @@ EditForm::~EditForm() {
 
 void EditForm::Add_Row_Buttons() {
     const FormDescription& form = Form().Description();
-    if (form.add != nullptr) {
+    if (form.lines.add != nullptr) {
         QPushButton* add = Add_Button("cmdAdd", tr("&Add"), tr("Add a line"));
         connect(add, &QPushButton::clicked, grd_, &EditGrid::Add_Row);
     }
-    if (form.remove != nullptr) {
+    if (form.lines.remove != nullptr) {
         QPushButton* remove = Add_Button("cmdDelete", tr("&Delete"), tr("Remove the line that the cursor is in"));
-        connect(remove, &QPushButton::clicked, grd_, &EditGrid::Delete_Row);
+        connect(remove, &QPushButton::clicked, grd_, &EditGrid::Remove_Row);
     }
 }
 
@@ -72,10 +71,10 @@ bool EditForm::Commit_Grid() {
     return Store_Above() && grd_->Commit();
 }
 
-void EditForm::Requery() {
+void EditForm::Reload() {
     if (!Commit_Grid()) return;
-    grd_->Entries().Leave_Row();
-    WorksheetForm::Requery();
+    grd_->Entries().Clear_Cursor();
+    WorksheetForm::Reload();
 }
 
 void EditForm::closeEvent(QCloseEvent* event) {
@@ -101,7 +100,7 @@ void EditForm::Show_Above() {
 
 bool EditForm::Store_Above() {
     if (Above() == nullptr || !Above()->isModified()) return true;
-    const TextAbove& above = *Form().Description().above;
+    const TextAbove& above = *Form().Description().window.above;
     const QString text = Above()->text();
     // A box takes the focus, which finishes the editing once more.
     Above()->setModified(false);

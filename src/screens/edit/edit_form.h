@@ -17,7 +17,7 @@ class EditForm : public WorksheetForm {
     EditGrid& Entry_Grid() const { return *grd_; }
     bool Commit_Grid() override;
     // Stores the row first; where that is refused the rows are not read.
-    void Requery() override;
+    void Reload() override;
 
     // What the main window's Edit menu calls on the active form.
     bool Can_Undo() const { return grd_->Can_Undo(); }
@@ -38,7 +38,7 @@ class EditForm : public WorksheetForm {
     bool Store_Above();
 
     EditGrid* grd_;
-    bool changed_ = false;  // since the row was stored or given up: the host was told
+    bool changed_ = false;  // since the row was stored or discarded: the host was told
 };
 
 }  // namespace tallmar

@@ -12,7 +12,7 @@
 #include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
-#include "screens/cell_place.h"
+#include "screens/cell_text.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/entry_guard.h"
 #include "screens/view/qt_text.h"
@@ -41,7 +41,7 @@ std::size_t Entered_Cells(const OpenForm& form) {
 
 QString EditGrid::Stored_Text(std::size_t cells, std::optional<Currency> line) const {
     const OpenForm& form = Entries().Form();
-    const QString place = Qt_Text(line ? Line_Place(form, *line) : "Worksheet " + form.Worksheet().Name());
+    const QString place = Qt_Text(line ? form.Line_Place(*line) : "Worksheet " + form.Worksheet().Name());
     return cells == 1 ? tr("%1: 1 cell stored.").arg(place) : tr("%1: %2 cells stored.").arg(place).arg(cells);
 }
 
@@ -53,13 +53,13 @@ QString EditGrid::Pending_Text() const {
 EditGrid::EditGrid(QWidget* parent) : GridView(parent), editor_(new CellEditor(this)) {
     setItemDelegate(editor_);
     connect(editor_, &CellEditor::Left_By, this, &EditGrid::Leave_By);
-    connect(editor_, &CellEditor::Given_Up, this, &EditGrid::Close_Editor);
+    connect(editor_, &CellEditor::Discarded, this, &EditGrid::Close_Editor);
     editor_->Ask_First([this](QKeyEvent& event) { return Editor_Key(event); });
     idle_.setSingleShot(true);
     idle_.setInterval(kIdle);
     connect(&idle_, &QTimer::timeout, this, &EditGrid::Store_Idle_Row);
     connect(this, &EditGrid::Entered, this, [this] {
-        givenUp_.reset();
+        discarded_.reset();
         idle_.start();
     });
 }
@@ -118,9 +118,9 @@ bool EditGrid::Enter_Text(const QModelIndex& at, const QString& text) {
 
 bool EditGrid::Enter_In_Row(const QModelIndex& at, const QString& text) {
     const QScopedValueRollback asking(asking_, true);
-    CellOutcome outcome;
+    std::optional<Refusal> refusal;
     try {
-        outcome = Entries().Enter(at, text);
+        refusal = Entries().Enter(at, text);
     } catch (const DbError& error) {
         Close_Editor();
         Show_Error(error);
@@ -128,9 +128,12 @@ bool EditGrid::Enter_In_Row(const QModelIndex& at, const QString& text) {
     }
     // The cell shows what it holds before a box says why it holds that.
     Close_Editor();
-    Show_Refusal(outcome);
-    if (outcome.stored) emit Entered();
-    return outcome.stored;
+    if (refusal) {
+        Show_Refusal(*refusal);
+        return false;
+    }
+    emit Entered();
+    return true;
 }
 
 bool EditGrid::Take_Entry() {
@@ -154,12 +157,12 @@ bool EditGrid::Take_Entry() {
 
 bool EditGrid::May_Overwrite() {
     OpenForm& form = Entries().Form();
-    const std::vector<const GridColumn*> changed = form.Reread_Row();
+    const std::vector<const GridColumn*> changed = form.Reload_Row();
     if (changed.empty()) return true;
-    std::string text = Line_Place(form, form.Under_Edit().Line()) + " was changed by another program meanwhile.  ";
+    std::string text = form.Line_Place(form.Under_Edit().Line()) + " was changed by another program meanwhile.  ";
     for (const GridColumn* column : changed) {
         const RowUnderEdit& row = form.Under_Edit();
-        text += Sql("Column ", Head_Text(form, *column, form.Under_Edit().Line()), " holds '",
+        text += Sql("Column ", form.Head_Text(*column, form.Under_Edit().Line()), " holds '",
                     Edit_Text(row.Stored(column->field)), "', you entered '", Edit_Text(row[column->field]), "'.  ");
     }
     text += "Select OK to store your entry, or Cancel to keep it in the row without storing it.";
@@ -176,24 +179,23 @@ bool EditGrid::Store_Row() {
     try {
         const bool changedElsewhere = Entry_Age().Look_Elsewhere();
         if (!May_Overwrite()) return false;
-        const CellOutcome outcome = Entries().Store_Row();
-        if (outcome.stored && changedElsewhere) Entries().Refresh();
-        if (!outcome.stored) {
-            Show_Refusal(outcome);
+        if (const std::optional<Refusal> refusal = Entries().Store_Row()) {
+            Show_Refusal(*refusal);
             return false;
         }
+        if (changedElsewhere) Entries().Reload_In_Place();
     } catch (const DbError& error) {
         Show_Error(error);
         // The row may be in the table, and only what follows it has failed.
         if (form.Has_Entries()) return false;
     }
     emit Row_Stored();
-    Told_Stored(stored, row);
+    Tell_Stored(stored, row);
     return true;
 }
 
-void EditGrid::Told_Stored(const QString& stored, const RowUnderEdit& row) {
-    const auto note = Entries().Form().Description().storedNote;
+void EditGrid::Tell_Stored(const QString& stored, const RowUnderEdit& row) {
+    const auto note = Entries().Form().Description().rows.storedNote;
     const std::string text = note == nullptr ? std::string() : note(row);
     emit Told(text.empty() ? stored : stored + ' ' + Qt_Text(text));
 }
@@ -207,14 +209,14 @@ void EditGrid::Store_Idle_Row() {
     const QString stored = Pending_Text();
     try {
         const QScopedValueRollback asking(asking_, true);
-        const QuietBoxes quiet;
-        if (form.Is_Changed_Elsewhere() || !Entries().Store_Row().stored) return;
+        std::vector<Refusal> warnings;
+        if (form.Is_Changed_Elsewhere() || Entries().Store_Row(EntryTalk(warnings))) return;
     } catch (const DbError& error) {
         emit Told(Qt_Text(error.Description()));
         if (form.Has_Entries()) return;
     }
     emit Row_Stored();
-    Told_Stored(stored, row);
+    Tell_Stored(stored, row);
 }
 
 bool EditGrid::Commit() {
@@ -229,12 +231,12 @@ bool EditGrid::May_Leave(const QModelIndex& to) {
     return to.row() == currentIndex().row() || Store_Row();
 }
 
-void EditGrid::Row_Entered(int row) {
-    if (Entries().Row_Under_Edit() == row || Entries().Enter_Row(row)) return;
+void EditGrid::Follow_Cursor(int row) {
+    if (Entries().Row_Under_Edit() == row || Entries().Place_Cursor(row)) return;
     // Another program took the line away: the rows are read again, once and not in the middle of a move.
     if (std::exchange(stale_, true)) return;
     QTimer::singleShot(0, this, [this] {
-        if (Entries().Row_Under_Edit() < 0 && !asking_) Read_Again();
+        if (Entries().Row_Under_Edit() < 0 && !asking_) Reload();
         stale_ = false;
     });
 }
@@ -243,12 +245,12 @@ void EditGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     GridView::currentChanged(current, previous);
     run_.reset();
     addOffered_ = false;
-    if (current.isValid()) Row_Entered(current.row());
+    if (current.isValid()) Follow_Cursor(current.row());
     Close_Choices();
     if (hasFocus() && isVisible()) Show_Choices();
 }
 
-void EditGrid::Go_To_First() {
+void EditGrid::Place_Cursor_First() {
     for (int row = 0; row < Model().rowCount(); ++row) {
         for (int column = 0; column < Model().columnCount(); ++column) {
             const QModelIndex at = Model().index(row, column);
@@ -266,11 +268,11 @@ void EditGrid::paintEvent(QPaintEvent* event) {
     painter.drawRect(editor_->Open()->geometry());
 }
 
-void EditGrid::Go_To(Currency line) {
+void EditGrid::Place_Cursor(Currency line) {
     const int row = Model().Row_Of(line);
     if (row < 0) return;
     int column = std::max(currentIndex().column(), 0);
-    Row_Entered(row);
+    Follow_Cursor(row);
     for (int i = 0; i < Model().columnCount() && !Is_Stop(Model().index(row, column)); ++i) column = i;
     setCurrentIndex(Model().index(row, column));
 }

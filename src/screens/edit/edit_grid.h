@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "screens/cell_block.h"
 #include "screens/edit/choice_list.h"
 #include "screens/edit/edit_model.h"
-#include "screens/paste.h"
 #include "screens/view/grid_view.h"
 
 class QLineEdit;
@@ -55,12 +55,12 @@ class EditGrid : public GridView {
     void Fill_Down();
     // cmdAdd and cmdDelete on the row of the cursor.
     void Add_Row();
-    void Delete_Row();
+    void Remove_Row();
     // The cursor goes to the line, in the column where it is or, where that is no entry, in the first. The row must
     // have been stored.
-    void Go_To(Currency line);
+    void Place_Cursor(Currency line);
     // The first entry of the form.
-    void Go_To_First();
+    void Place_Cursor_First();
     // A row under edit whose checks let it go without a box is stored when no key came for so long.
     void Set_Idle_Time(std::chrono::milliseconds time) { idle_.setInterval(time); }
 
@@ -72,8 +72,7 @@ class EditGrid : public GridView {
     void Entered();
     // Rows went into the table.
     void Row_Stored();
-    // What was entered in a row was taken back.
-    void Row_Given_Up();
+    void Row_Discarded();
     // For the status line.
     void Told(const QString& text);
 
@@ -99,13 +98,14 @@ class EditGrid : public GridView {
     bool Store_Row();
     // Shows nothing: a row that is refused, or was changed elsewhere, waits under edit.
     void Store_Idle_Row();
-    void Told_Stored(const QString& stored, const RowUnderEdit& row);
+    void Tell_Stored(const QString& stored, const RowUnderEdit& row);
     // Esc without an editor, and what Undo does after it.
-    void Give_Up_Row();
-    void Bring_Row_Back();
+    void Discard_Row();
+    void Restore_Row();
     // Someone else stored a cell of the row meanwhile: the person's word decides.
     bool May_Overwrite();
-    void Row_Entered(int row);
+    // The form's cursor follows that of the grid.
+    void Follow_Cursor(int row);
     void Show_Error(const DbError& error);
     // What storing the row under edit will say; empty where nothing was entered.
     QString Pending_Text() const;
@@ -128,10 +128,11 @@ class EditGrid : public GridView {
 
     // Many cells, rows that come and go, undo: the form is at work on its own.
     class Busy;
-    void Take_Step(UndoOutcome (OpenForm::*take)());
+    void Take_Step(UndoOutcome (EditHistory::*take)());
     void Enter_Rows(const std::vector<BlockRow>& rows, const char* what);
     void Fill_Selection(const std::string& text, const char* what);
-    void Read_Again();
+    // The rows are read again, and the form's cursor follows that of the grid.
+    void Reload();
 
     void Show_Choices();
     // Alt+Down and F4: the list of the cell, or the one that narrows to what is typed.
@@ -148,9 +149,9 @@ class EditGrid : public GridView {
     bool stale_ = false;   // the rows are about to be read again
     bool asking_ = false;  // a check, a box or a store is under way: nothing else may begin
     QTimer idle_;
-    std::optional<GivenUpRow> givenUp_;  // by Esc, as long as nothing else was done
-    std::optional<int> run_;             // the column in which a run of Tabs began
-    bool addOffered_ = false;            // the next Enter adds a line
+    std::optional<DiscardedRow> discarded_;  // by Esc, as long as nothing else was done
+    std::optional<int> run_;                 // the column in which a run of Tabs began
+    bool addOffered_ = false;                // the next Enter adds a line
 };
 
 }  // namespace tallmar

@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "report/open_report.h"
-#include "screens/cell_place.h"
 #include "screens/edit/cell_editor.h"
 #include "screens/edit/edit_grid.h"
 #include "screens/edit/entry_guard.h"
@@ -34,11 +33,12 @@ void EditGrid::Tell_Why_Locked(const QModelIndex& index) {
     if (db.Is_Read_Only())
         return emit Told(tr("The report is read only and takes no entry. Save As makes a copy that does."));
     if (!index.isValid() || index.row() != Entries().Row_Under_Edit()) return;
-    emit Told(Qt_Text(Entries().Enter(index, {}).text));
+    const std::optional<Refusal> refusal = Entries().Enter(index, {});
+    emit Told(refusal ? Qt_Text(refusal->text) : QString());
 }
 
 void EditGrid::Tell_How_Renamed(const QModelIndex& index) {
-    const std::string place = Cell_Place(Entries().Form(), Model().Column(index.column()), Model().Line(index.row()));
+    const std::string place = Entries().Form().Cell_Place(Model().Column(index.column()), Model().Line(index.row()));
     emit Told(tr("%1 is a name: press F2 to change it.").arg(Qt_Text(place)));
 }
 
@@ -87,7 +87,7 @@ bool EditGrid::Type_Key(QKeyEvent* event) {
 
 // Without a row there is no cell to type into: what is typed begins the first, where a row can be added.
 void EditGrid::Type_First(const QString& typed) {
-    if (Entries().Form().Description().add == nullptr || db.Is_Read_Only()) {
+    if (Entries().Form().Description().lines.add == nullptr || db.Is_Read_Only()) {
         return emit Told(tr("The worksheet has no line."));
     }
     Add_Row();
@@ -145,7 +145,7 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
                 return Open_Choices();
             case Qt::Key_Escape:
                 if (!Entries().Form().Has_Entries()) break;
-                return Give_Up_Row();
+                return Discard_Row();
             default:
                 break;
         }

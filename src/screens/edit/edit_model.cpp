@@ -20,18 +20,18 @@ RowUnderEdit EditModel::Row_At(int row) const {
     return {Line(row), Rows().At(static_cast<std::size_t>(row))};
 }
 
-bool EditModel::Enter_Row(int row) {
+bool EditModel::Place_Cursor(int row) {
     row_ = -1;
     try {
-        if (row >= 0 && row < rowCount() && Form().Go_To(Line(row)) && Form().Under_Edit().Exists()) row_ = row;
+        if (row >= 0 && row < rowCount() && Form().Place_Cursor(Line(row)) && Form().Under_Edit().Exists()) row_ = row;
     } catch (const DbError&) {
-        // The whole table went: no row can be entered.
+        // The whole table went: the cursor can be in no row.
     }
     return row_ == row;
 }
 
-void EditModel::Leave_Row() {
-    Form().Cancel_Row();
+void EditModel::Clear_Cursor() {
+    Form().Discard_Row();
     row_ = -1;
 }
 
@@ -45,9 +45,8 @@ bool EditModel::Is_Name(const QModelIndex& index) const {
 }
 
 bool EditModel::Stored_At_Once(const QModelIndex& index) const {
-    const FormDescription& form = Form().Description();
-    return form.storedAtOnce != nullptr &&
-           form.storedAtOnce({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
+    const auto atOnce = Form().Description().cells.storedAtOnce;
+    return atOnce != nullptr && atOnce({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
 }
 
 bool EditModel::Is_Open(const GridColumn& column, const RowUnderEdit& row) const {
@@ -59,80 +58,83 @@ bool EditModel::Is_Open(const GridColumn& column, const RowUnderEdit& row) const
 }
 
 const PopupList* EditModel::Popup(const QModelIndex& index) const {
-    const FormDescription& form = Form().Description();
-    if (form.popup == nullptr || index.row() != row_ || !Takes_Entry(index)) return nullptr;
-    return form.popup({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
+    const auto popup = Form().Description().cells.popup;
+    if (popup == nullptr || index.row() != row_ || !Takes_Entry(index)) return nullptr;
+    return popup({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
 }
 
 std::vector<CellChoice> EditModel::Choices(const QModelIndex& index) const {
-    const FormDescription& form = Form().Description();
-    if (form.choices == nullptr || index.row() != row_ || !Takes_Entry(index)) return {};
-    return form.choices({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
+    const auto choices = Form().Description().cells.choices;
+    if (choices == nullptr || index.row() != row_ || !Takes_Entry(index)) return {};
+    return choices({Form().Worksheet(), Column(index.column()), Form().Under_Edit()});
 }
 
-CellOutcome EditModel::Enter(const QModelIndex& index, const QString& text) {
-    CellOutcome outcome = Form().Enter(Column(index.column()), Plain_Text(text));
+std::optional<Refusal> EditModel::Enter(const QModelIndex& index, const QString& text) {
+    std::optional<Refusal> refusal = Form().Enter(Column(index.column()), Plain_Text(text));
     // A check may fill other cells of the row, and open or lock them.
-    if (outcome.stored) Show_Row(index.row());
-    return outcome;
+    if (!refusal) Show_Row(index.row());
+    return refusal;
 }
 
-CellOutcome EditModel::Store_Row() {
-    if (row_ < 0 || !Form().Has_Entries()) return {};
+std::optional<Refusal> EditModel::Store_Row(const EntryTalk& talk) {
+    if (row_ < 0 || !Form().Has_Entries()) return std::nullopt;
     const Currency line = Line(row_);
-    const FormDescription& form = Form().Description();
-    // By line: what follows may bring rows and take some.
-    const auto enter_again = [&] { Enter_Row(form.order.empty() ? 0 : Row_Of(line)); };
-    CellOutcome outcome;
     try {
-        outcome = Form().Leave_Row();
-        if (!outcome.stored) return outcome;
+        if (std::optional<Refusal> refusal = Form().Store_Row(talk)) return refusal;
         Form().Follow_Changes();
     } catch (const DbError&) {
         if (!Form().Has_Entries()) {
-            Refresh();
-            enter_again();
+            Reload_In_Place();
+            Place_Cursor(Form().Description().order.empty() ? 0 : Row_Of(line));
         }
         throw;
     }
-    if (form.rowStored != nullptr || form.follow != nullptr || form.popup != nullptr) {
-        Refresh();
-    } else {
-        Reread(row_);
-    }
-    enter_again();
-    return outcome;
+    Follow_Stored_Row(line);
+    return std::nullopt;
 }
 
-GivenUpRow EditModel::Cancel_Row() {
+void EditModel::Follow_Stored_Row(Currency line) {
+    const FormDescription& form = Form().Description();
+    const RowUnderEdit& stored = Form().Under_Edit();
+    if (form.rows.stored == nullptr && form.rows.follow == nullptr && stored.Exists()) {
+        Reload_Row(row_, stored.Stored());
+        if (form.cells.popup != nullptr) Show_All();
+        return;
+    }
+    Reload_In_Place();
+    // By line: what follows may bring rows and take some.
+    row_ = form.order.empty() ? 0 : Row_Of(line);
+    if (row_ >= 0) Form().Place_Cursor(line, Rows().At(static_cast<std::size_t>(row_)), Rows().Mark());
+}
+
+DiscardedRow EditModel::Discard_Row() {
     if (row_ < 0) return {};
     const int row = row_;
-    GivenUpRow given = Form().Cancel_Row();
-    Enter_Row(row);
+    DiscardedRow discarded = Form().Discard_Row();
+    Place_Cursor(row);
     Show_Row(row);
-    return given;
+    return discarded;
 }
 
-bool EditModel::Enter_Again(const GivenUpRow& given) {
-    if (row_ < 0 || !Form().Enter_Again(given)) return false;
+bool EditModel::Restore_Row(const DiscardedRow& discarded) {
+    if (row_ < 0 || !Form().Restore_Row(discarded)) return false;
     Show_Row(row_);
     return true;
 }
 
-void EditModel::Refresh() {
+void EditModel::Reload_In_Place() {
     FormRows now(Form().Description(), Form().Worksheet());
-    bool same = now.Count() == Rows().Count();
-    for (std::size_t i = 0; same && i < now.Count(); ++i) same = now.Line(i) == Rows().Line(i);
-    if (!same) return Requery();
-    if (now.Count() == 0) return;
-    Rows().Requery();
-    Reread(0);
-    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    if (!now.Has_Lines_Of(Rows())) {
+        row_ = -1;
+        return Reload_From(std::move(now));
+    }
+    Rows().Reload_From(std::move(now));
+    Show_All();
 }
 
-void EditModel::Requery() {
+void EditModel::Reload() {
     row_ = -1;
-    GridModel::Requery();
+    GridModel::Reload();
 }
 
 bool EditModel::Is_Entry(const QModelIndex& index) const {
@@ -162,14 +164,14 @@ Qt::ItemFlags EditModel::flags(const QModelIndex& index) const {
 
 bool EditModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+    std::optional<Refusal> refusal;
     if (index.row() != row_) {
-        const CellOutcome left = Store_Row();
-        Show_Refusal(left);
-        if (!left.stored || !Enter_Row(index.row())) return false;
+        refusal = Store_Row();
+        if (!refusal && !Place_Cursor(index.row())) return false;
     }
-    const CellOutcome outcome = Enter(index, value.toString());
-    Show_Refusal(outcome);
-    return outcome.stored;
+    if (!refusal) refusal = Enter(index, value.toString());
+    if (refusal) Show_Refusal(*refusal);
+    return !refusal;
 }
 
 Value EditModel::Cell(int row, const GridColumn& column) const {

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "screens/cell_entry.h"
+#include "screens/edit_history.h"
 #include "screens/view/grid_model.h"
 
 namespace tallmar {
@@ -14,11 +14,14 @@ class EditModel : public GridModel {
   public:
     EditModel(const FormDescription& description, Item item, QObject* parent = nullptr);
 
-    // The cursor came into the row; the one before must have been stored or given up. False where the table no longer
-    // has the line: the rows must be read again.
-    bool Enter_Row(int row);
+    EditHistory& History() { return history_; }
+    const EditHistory& History() const { return history_; }
+
+    // Puts the form's cursor in the row; the one before must have been stored or discarded. False where the table no
+    // longer has the line: the rows must be reloaded.
+    bool Place_Cursor(int row);
     // The form works on rows of its own choice: the cursor is in none. Requires that nothing is entered.
-    void Leave_Row();
+    void Clear_Cursor();
     // -1 while the cursor is in none.
     int Row_Under_Edit() const { return row_; }
     // The row is to be stored with this cell.
@@ -36,18 +39,18 @@ class EditModel : public GridModel {
     std::vector<CellChoice> Choices(const QModelIndex& index) const;
 
     // One cell of the row under edit through its check. A refusal is not shown.
-    CellOutcome Enter(const QModelIndex& index, const QString& text);
+    std::optional<Refusal> Enter(const QModelIndex& index, const QString& text);
     // The row goes into the table and stays the one under edit. A refusal keeps its entries, and is not shown. DbError
     // of what follows the row reaches the caller; the row is stored then.
-    CellOutcome Store_Row();
-    // Gives up what was entered in the row.
-    GivenUpRow Cancel_Row();
+    std::optional<Refusal> Store_Row(const EntryTalk& talk = {});
+    // Discards what was entered in the row, which stays the one under edit.
+    DiscardedRow Discard_Row();
     // Enters that once more in the row under edit, which is its own. False where the table no longer has the line.
-    bool Enter_Again(const GivenUpRow& given);
+    bool Restore_Row(const DiscardedRow& discarded);
     // Reads all rows again. The cursor keeps its cell where the table has the same lines as before.
-    void Refresh();
+    void Reload_In_Place();
 
-    void Requery() override;
+    void Reload() override;
     // Numbered cells that take no entry are shaded, whatever they hold, the others are labels. In a report that is read
     // only every cell is shaded.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -64,6 +67,10 @@ class EditModel : public GridModel {
     bool Is_Open(const GridColumn& column, const RowUnderEdit& row) const;
     void Show_Row(int row) { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
 
+    // What was stored may have changed other rows, or which of their cells are open.
+    void Follow_Stored_Row(Currency line);
+
+    EditHistory history_{Form()};
     int row_ = -1;
     // Which cells take an entry, by row; a row is worked out when it is first painted.
     mutable std::vector<std::vector<bool>> open_;

@@ -35,7 +35,7 @@ void EditGrid::Enter(bool up) {
     const QModelIndex at = currentIndex();
     const QModelIndex next = Next_Entry(at.row(), column, up ? -1 : 1);
     if (next.isValid()) return setCurrentIndex(next);
-    const bool adds = !up && Entries().Form().Description().add != nullptr && at.row() + 1 == Model().rowCount();
+    const bool adds = !up && Entries().Form().Description().lines.add != nullptr && at.row() + 1 == Model().rowCount();
     if (!adds) return;
     if (offered && stored.isEmpty()) return Add_Row();
     addOffered_ = true;

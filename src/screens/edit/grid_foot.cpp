@@ -54,7 +54,7 @@ GridFoot::GridFoot(EditGrid& grd, QWidget* parent) : QWidget(parent), grd_(grd) 
 
 void GridFoot::Add_Up() {
     const EditModel& model = grd_.Entries();
-    const std::span<const FootSum> foot = model.Form().Description().foot;
+    const std::span<const FootSum> foot = model.Form().Description().window.foot;
     sums_.assign(foot.size(), std::vector<QString>(static_cast<std::size_t>(model.columnCount())));
     QString all;
     for (std::size_t i = 0; i < foot.size(); ++i) {
@@ -87,7 +87,7 @@ QSize GridFoot::sizeHint() const {
 }
 
 void GridFoot::paintEvent(QPaintEvent*) {
-    const std::span<const FootSum> foot = grd_.Entries().Form().Description().foot;
+    const std::span<const FootSum> foot = grd_.Entries().Form().Description().window.foot;
     QPainter painter(this);
     QFont bold = grd_.font();
     bold.setBold(true);

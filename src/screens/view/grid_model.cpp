@@ -55,31 +55,50 @@ int GridModel::Row_Of(Currency line) const {
     return row ? static_cast<int>(*row) : -1;
 }
 
-void GridModel::Requery() {
-    // The reset ends as well where the table cannot be read: the rows are then as they were.
-    struct Reset {
-        explicit Reset(GridModel& model) : model_(model) { model_.beginResetModel(); }
-        ~Reset() { model_.endResetModel(); }
-        Reset(const Reset&) = delete;
-        Reset& operator=(const Reset&) = delete;
-        GridModel& model_;
-    };
-    const Reset reset(*this);
-    rows_.Requery();
-    form_.Read_Columns();
-    Choose_Columns();
-    Note_Totals();
+// It ends as well where the table cannot be read: the rows are then as they were.
+class GridModel::Reset {
+  public:
+    explicit Reset(GridModel& model) : model_(model) { model_.beginResetModel(); }
+    ~Reset() { model_.endResetModel(); }
+    Reset(const Reset&) = delete;
+    Reset& operator=(const Reset&) = delete;
+    void Rows_Are_Read() {
+        model_.form_.Reload_Columns();
+        model_.Choose_Columns();
+        model_.Note_Totals();
+    }
+
+  private:
+    GridModel& model_;
+};
+
+void GridModel::Reload() {
+    Reset reset(*this);
+    rows_.Reload();
+    reset.Rows_Are_Read();
 }
 
-void GridModel::Reread(int row) {
-    rows_.Reread(static_cast<std::size_t>(row));
+void GridModel::Reload_From(FormRows&& rows) {
+    Reset reset(*this);
+    rows_.Reload_From(std::move(rows));
+    reset.Rows_Are_Read();
+}
+
+void GridModel::Reload_Row(int row, const Row& stored) {
+    rows_.Reload_Row(static_cast<std::size_t>(row), stored);
     Note_Totals();
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
+void GridModel::Show_All() {
+    if (rowCount() == 0) return;
+    Note_Totals();
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
 void GridModel::Show_Heads_Of(int row) {
-    if (form_.Description().headsAt == nullptr || row < 0 || row >= rowCount()) return;
-    const std::span<const std::string_view> labels = form_.Description().headsAt(Line(row));
+    if (form_.Description().columns.headsAt == nullptr || row < 0 || row >= rowCount()) return;
+    const std::span<const std::string_view> labels = form_.Description().columns.headsAt(Line(row));
     QStringList heads;
     for (int i = 0; i < columnCount(); ++i) {
         const std::size_t at = static_cast<std::size_t>(i) - 1;

@@ -6,12 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "screens/cell_entry.h"
 #include "screens/form_rows.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
 
-// What a cell tells besides the roles that views know.
+// Roles of a cell beside those that views know.
 enum GridRole : int {
     kShadedRole = Qt::UserRole + 1,  // bool: the cell takes no entry and is grey
     kTotalRole,                      // bool: of a row of totals
@@ -40,7 +40,7 @@ class GridModel : public QAbstractTableModel {
     int Frozen() const { return frozen_; }
 
     // Reads everything again; the view's place is kept by line.
-    virtual void Requery();
+    virtual void Reload();
     // Labels of the columns behind the line number while the cursor is in `row`: questionnaires change them by row.
     void Show_Heads_Of(int row);
     // A head as it stands in one piece: "4 Contracted Purchased Services".
@@ -58,14 +58,19 @@ class GridModel : public QAbstractTableModel {
   protected:
     // The value that the cell shows: of the table, or what was entered and not yet stored.
     virtual Value Cell(int row, const GridColumn& column) const;
-    // After one row was stored: reads it again and has it shown.
-    void Reread(int row);
+    // Takes rows that were read of the same form in place of reading them.
+    void Reload_From(FormRows&& rows);
+    // Shows a row that was read again after it was stored.
+    void Reload_Row(int row, const Row& stored);
+    // The rows or what is entered in them have changed, and no line came or went: as dataChanged for all of them.
+    void Show_All();
     FormRows& Rows() { return rows_; }
     const FormRows& Rows() const { return rows_; }
 
   private:
     bool Is_Right(int row, const GridColumn& column) const;
     QString Display_Text(int row, const GridColumn& column) const;
+    class Reset;
     void Choose_Columns();
     void Note_Totals();
 

@@ -1,7 +1,6 @@
 // The forms that only show: every row of the worksheet, totals included.
 #include <QLabel>
 #include <QMenu>
-#include <array>
 
 #include "report/entry_age.h"
 #include "screens/view/qt_text.h"
@@ -10,21 +9,6 @@
 namespace tallmar {
 
 namespace {
-
-// The sets of lines of A-8-3 Part 3: each total with the lines that it is the sum of. Part 5 takes the first total that
-// is not 0.
-struct LineSet {
-    const char* button;
-    Currency total;
-    std::array<Currency, 2> parts;
-};
-constexpr std::array kLineSets{
-    LineSet{"Button29", 29_cur, {23_cur, 24_cur}},
-    LineSet{"Button30", 30_cur, {24_cur, 27_cur}},
-    LineSet{"Button31", 31_cur, {27_cur, 28_cur}},
-};
-constexpr std::string_view kWithLineSets = "frmViewA83p3x";
-constexpr std::string_view kWithLongBuilding = "frmViewB1";
 
 void Show_Line_Set(const WorksheetForm& form, const LineSet& set) {
     const GridModel& model = form.Model();
@@ -67,14 +51,8 @@ ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* paren
         open->setToolTip(tr("There is no form to edit this worksheet"));
     }
     Add_Walk_Buttons();
-    if (description.name == kWithLineSets) Add_Line_Sets();
-    if (description.name == kWithLongBuilding) {
-        txtCalcMsg_ = new QLabel(tr(" Building the columns of Worksheet B-1"), this);
-        txtCalcMsg_->setObjectName("txtCalcMsg");
-        txtCalcMsg_->setAccessibleName(txtCalcMsg_->text().trimmed());
-        Add_Above_Grid(txtCalcMsg_);
-        txtCalcMsg_->hide();
-    }
+    if (!description.window.lineSets.empty()) Add_Line_Sets(description.window.lineSets);
+    if (!description.window.building.empty()) Add_Building_Text(description.window.building);
     Layout_Buttons();
 }
 
@@ -88,25 +66,33 @@ void ViewForm::Show_Age() {
     lblAge_->setVisible(age.Is_Older());
 }
 
-void ViewForm::Requery() {
-    if (txtCalcMsg_ == nullptr) return WorksheetForm::Requery();
-    txtCalcMsg_->show();
-    txtCalcMsg_->repaint();
-    WorksheetForm::Requery();
+void ViewForm::Add_Building_Text(std::string_view text) {
+    txtCalcMsg_ = new QLabel(Qt_Text(text), this);
+    txtCalcMsg_->setObjectName("txtCalcMsg");
+    txtCalcMsg_->setAccessibleName(txtCalcMsg_->text().trimmed());
+    Add_Above_Grid(txtCalcMsg_);
     txtCalcMsg_->hide();
 }
 
-void ViewForm::Add_Line_Sets() {
+void ViewForm::Reload() {
+    if (txtCalcMsg_ == nullptr) return WorksheetForm::Reload();
+    txtCalcMsg_->show();
+    txtCalcMsg_->repaint();
+    WorksheetForm::Reload();
+    txtCalcMsg_->hide();
+}
+
+void ViewForm::Add_Line_Sets(std::span<const LineSet> sets) {
     auto* list = new QMenu(this);
     list->setObjectName("ButtonList");
     list->setAccessibleName(tr("Line set"));
-    for (const LineSet& set : kLineSets) {
+    for (const LineSet& set : sets) {
         const int row = Model().Row_Of(set.total);
         const int label = Model().Column_Of("LineLabel");
         QString caption = tr("Line &%1").arg(Qt_Text(set.total.To_Text()));
         if (row >= 0 && label >= 0) caption += ": " + Model().index(row, label).data().toString().remove('*');
         QAction* entry = list->addAction(caption, this, [this, &set] { Show_Line_Set(*this, set); });
-        entry->setObjectName(set.button);
+        entry->setObjectName(Qt_Text(set.button));
     }
     QPushButton* open = Add_Button("cmdButtonList", tr("&Line Set"), tr("Choose a total and the lines that it sums"));
     open->setMenu(list);

@@ -45,7 +45,7 @@ WorksheetForm::WorksheetForm(FormMode mode, GridModel* model, QWidget* parent)
     lines_->setContentsMargins(0, 0, 0, 0);
     lines_->setSpacing(0);
     // Controls are made in the order in which the Tab key walks them.
-    if (description.above != nullptr) Add_Text_Above(*description.above);
+    if (description.window.above != nullptr) Add_Text_Above(*description.window.above);
 }
 
 WorksheetForm::~WorksheetForm() {
@@ -70,11 +70,11 @@ void WorksheetForm::Set_Up(GridView* grd) {
     connect(grd, &GridView::Find_Requested, this, &WorksheetForm::Open_Find);
     Load_Widths();
     connect(grd->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& current) { Row_Entered(current.row()); });
-    connect(model_, &QAbstractItemModel::modelReset, this, [this] { Row_Entered(grd_->currentIndex().row()); });
+            [this](const QModelIndex& current) { Show_Row(current.row()); });
+    connect(model_, &QAbstractItemModel::modelReset, this, [this] { Show_Row(grd_->currentIndex().row()); });
     connect(model_, &QAbstractItemModel::rowsInserted, this, &WorksheetForm::Show_Record_Status);
     connect(model_, &QAbstractItemModel::rowsRemoved, this, &WorksheetForm::Show_Record_Status);
-    Row_Entered(grd->currentIndex().row());
+    Show_Row(grd->currentIndex().row());
 }
 
 void WorksheetForm::Add_Above_Grid(QWidget* line) {
@@ -104,7 +104,7 @@ void WorksheetForm::Add_Text_Above(const TextAbove& text) {
 
 void WorksheetForm::Read_Text_Above() {
     if (above_ == nullptr) return;
-    const TextAbove& text = *Form().Description().above;
+    const TextAbove& text = *Form().Description().window.above;
     const Row row = db.Read_Row(Row_Query(Form().Description(), Worksheet(), text.line));
     above_->setText(Qt_Text(row ? Nz_Str(row[text.field]) : std::string()));
 }
@@ -147,13 +147,13 @@ void WorksheetForm::Refresh_Neighbours() {
     refresh(cmdNext_, Direction::Next);
 }
 
-void WorksheetForm::Requery() {
-    model_->Requery();
+void WorksheetForm::Reload() {
+    model_->Reload();
     Read_Text_Above();
     Refresh_Neighbours();
 }
 
-void WorksheetForm::Row_Entered(int row) {
+void WorksheetForm::Show_Row(int row) {
     model_->Show_Heads_Of(row);
     Show_Record_Status();
 }

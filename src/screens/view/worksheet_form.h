@@ -37,7 +37,7 @@ class WorksheetForm : public QWidget {
     // has nothing to store.
     virtual bool Commit_Grid() { return true; }
     // Reads the rows again and keeps the place.
-    virtual void Requery();
+    virtual void Reload();
     // Tool tips of next and previous, enabled or not: the registry may have changed.
     void Refresh_Neighbours();
     // Ctrl+F, F3 and Shift+F3 of the form; the main window's menu may ask for it too.
@@ -72,7 +72,7 @@ class WorksheetForm : public QWidget {
     QPushButton* Add_Button(const char* name, const QString& caption, const QString& tip = {});
     // cmdClose, cmdPrevious and cmdNext, which every form has, behind the others.
     void Add_Walk_Buttons();
-    // The entry of the description's text above the grid ("tbCounty"): shut on a view form, and read again by Requery.
+    // The entry of the description's text above the grid ("tbCounty"): locked on a view form, and read again by Reload.
     // Storing what is typed is the edit form's. Null where the form has none.
     QLineEdit* Above() const { return above_; }
     // Shows it as the table holds it.
@@ -90,7 +90,7 @@ class WorksheetForm : public QWidget {
 
   private:
     void Show_Record_Status();
-    void Row_Entered(int row);
+    void Show_Row(int row);
     void Add_Text_Above(const TextAbove& text);
     void Load_Widths();
     void Save_Widths();
@@ -114,16 +114,17 @@ class ViewForm : public WorksheetForm {
 
   public:
     ViewForm(const FormDescription& description, Item item, QWidget* parent = nullptr);
-    void Requery() override;
+    void Reload() override;
     // Shows or hides the line above the grid that says that the figures may be older than the entries.
     void Show_Age();
 
   private:
-    void Add_Line_Sets();
+    // The menu of totals; the sets are the description's and outlive the form.
+    void Add_Line_Sets(std::span<const LineSet> sets);
+    void Add_Building_Text(std::string_view text);
 
     QLabel* lblAge_;
-
-    QLabel* txtCalcMsg_ = nullptr;  // B-1 only
+    QLabel* txtCalcMsg_ = nullptr;  // of a form that says that its rows are read
 };
 
 }  // namespace tallmar

@@ -15,7 +15,7 @@ constexpr const char* kWhy =
 // Types "abc" into an amount, with one box to come.
 void Type_Nonsense(Report& r, Screen& a) {
     r.Cell("A", 6, 1, 77_cur);
-    a.grd.Entries().Refresh();
+    a.grd.Entries().Reload_In_Place();
     a.At(6, 1);
     a.Type("abc");
     r.platform.Expect_Box(kNonNumeric, kWhy);

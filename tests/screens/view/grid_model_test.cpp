@@ -114,12 +114,12 @@ TEST(GridModelTest, HeadsOfAQuestionnaireFollowTheCursor) {
     EXPECT_EQ(head(answer), "Part A");
 }
 
-TEST(GridModelTest, RequeryShowsWhatWasStoredSince) {
+TEST(GridModelTest, ReloadShowsWhatWasStoredSince) {
     Report r(fy2016);
     const auto form = Open_View("A");
     r.Cell("A", 6, 1, 77);
     EXPECT_EQ(Text_At(*form, 6_cur, "Col_1").toStdString(), "0");
-    form->Requery();
+    form->Reload();
     EXPECT_EQ(Text_At(*form, 6_cur, "Col_1").toStdString(), "77");
 }
 

@@ -382,7 +382,7 @@ TEST(GridViewTest, AFigureThatGrewIsNotCut) {
     Report r(fy2016);
     const auto form = Open_View("A");
     r.Cell("A", 5, 1, -123456789012_cur);
-    form->Requery();
+    form->Reload();
     const QString text = Text_At(*form, 5_cur, "Col_1");
     EXPECT_EQ(text.toStdString(), "(123,456,789,012)");
     EXPECT_GT(form->Grid().columnWidth(form->Model().Column_Of("Col_1")),

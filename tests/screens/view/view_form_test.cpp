@@ -34,7 +34,7 @@ TEST(ViewFormTest, AWorksheetWithoutRowsOpensAnEmptyGrid) {
     const auto form = Open_View("A6pA");
     EXPECT_EQ(form->Model().rowCount(), 0);
     EXPECT_EQ(form->findChild<QLabel*>("dat")->text().toStdString(), "Record: 0");
-    form->Requery();
+    form->Reload();
     EXPECT_TRUE(form->Grid().Find_All(CellSearch("x")).empty());
     EXPECT_TRUE(form->Grid().Selected_Text().isEmpty());
 }
@@ -105,7 +105,7 @@ TEST(ViewFormTest, RecalculateAsksAndPrintWaits) {
     EXPECT_FALSE(Button(*form, "cmdPrint")->toolTip().isEmpty());
 }
 
-TEST(ViewFormTest, RequeryKeepsThePlace) {
+TEST(ViewFormTest, ReloadKeepsThePlace) {
     Report r(fy2016);
     const auto form = Open_View("A", {500, 300});
     GridView& grd = form->Grid();
@@ -115,21 +115,21 @@ TEST(ViewFormTest, RequeryKeepsThePlace) {
     ASSERT_GT(across, 0);
     ASSERT_GT(down, 0);
     r.Execute("DELETE FROM A WHERE LineNum = 2;");
-    form->Requery();
+    form->Reload();
     EXPECT_EQ(form->Model().Line(grd.currentIndex().row()), 23_cur);
     EXPECT_EQ(form->Model().Column(grd.currentIndex().column()).field, "Col_9");
     EXPECT_EQ(grd.horizontalScrollBar()->value(), across);
     EXPECT_EQ(grd.verticalScrollBar()->value(), down);
 }
 
-TEST(ViewFormTest, RequeryTakesColumnsThatCameAndWent) {
+TEST(ViewFormTest, ReloadTakesColumnsThatCameAndWent) {
     Report r(fy2016);
     const auto form = Open_View("B1");
     ASSERT_GE(form->Model().Column_Of("CC_500"), 0);
     Put_Cursor(*form, 6_cur, "CC_500");
     // Option 1 splits Administrative and General: elsewhere, while the form is open.
-    EXPECT_TRUE(Enter_Cell({"S2", "26", "Col_1", "1"}).stored);
-    form->Requery();
+    EXPECT_FALSE(Enter_Cell({"S2", "26", "Col_1", "1"}));
+    form->Reload();
     EXPECT_EQ(form->Model().Column_Of("CC_500"), -1);
     EXPECT_GE(form->Model().Column_Of("CC_501"), 0);
     EXPECT_EQ(form->Model().Line(form->Grid().currentIndex().row()), 6_cur);
@@ -141,7 +141,7 @@ TEST(ViewFormTest, ATableThatIsGoneLeavesWhatWasRead) {
     const auto form = Open_View("A4");
     const int rows = form->Model().rowCount();
     db.TableDefs().Delete("A4");
-    EXPECT_THROW(form->Requery(), DbError);
+    EXPECT_THROW(form->Reload(), DbError);
     EXPECT_EQ(form->Model().rowCount(), rows);
     EXPECT_FALSE(form->grab().isNull());
 }
@@ -193,7 +193,7 @@ TEST(ViewFormTest, TheCountyStandsAboveTheGrid) {
     EXPECT_NE(form->findChild<QLabel*>("Label1"), nullptr);
     EXPECT_EQ(form->Model().Row_Of(0_cur), -1);
     r.Cell("S3p1", 0, "Description", "Lake");
-    form->Requery();
+    form->Reload();
     EXPECT_EQ(county->text().toStdString(), "Lake");
 }
 
@@ -206,7 +206,7 @@ TEST(ViewFormTest, BuildingTheColumnsOfB1HasItsOwnLine) {
     bool shown = false;
     QObject::connect(&form->Model(), &QAbstractItemModel::modelReset, [&] { shown = message->isVisible(); });
     EXPECT_TRUE(message->isHidden());
-    form->Requery();
+    form->Reload();
     EXPECT_TRUE(shown);
     EXPECT_TRUE(message->isHidden());
 }

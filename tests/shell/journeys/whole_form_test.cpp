@@ -8,7 +8,7 @@
 #include "common/worksheets.h"
 #include "report/open_report.h"
 #include "report/registry.h"
-#include "screens/edit_history.h"
+#include "screens/table_change.h"
 #include "screens/view/qt_text.h"
 #include "shell/journeys/desk.h"
 #include "shell/journeys/sample.h"

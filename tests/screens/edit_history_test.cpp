@@ -1,8 +1,9 @@
 // What a form stored is taken back step by step.
+#include "screens/edit_history.h"
+
 #include <optional>
 
 #include "report/open_report.h"
-#include "screens/cell_entry.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
 
@@ -12,12 +13,12 @@ namespace {
 
 // Enters one cell and leaves the row, as the grid does.
 std::string Key(OpenForm& form, Currency line, std::string_view column, std::string_view text) {
-    if (!form.Go_To(line)) return "no such line";
-    CellOutcome outcome = form.Enter(*form.Find_Column(column), text);
-    if (outcome.stored) outcome = form.Leave_Row();
-    if (!outcome.stored) form.Cancel_Row();
+    if (!form.Place_Cursor(line)) return "no such line";
+    std::optional<Refusal> refusal = form.Enter(*form.Find_Column(column), text);
+    if (!refusal) refusal = form.Store_Row();
+    if (refusal) form.Discard_Row();
     form.Follow_Changes();
-    return outcome.stored ? "stored" : outcome.title;
+    return refusal ? refusal->title : "stored";
 }
 
 std::int64_t Rows_Of(std::string_view table) {
@@ -29,53 +30,57 @@ std::int64_t Rows_Of(std::string_view table) {
 TEST(Undo, PutsBackARowAsItWas) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
-    EXPECT_FALSE(form.Can_Undo());
-    ASSERT_TRUE(form.Go_To(6_cur));
-    ASSERT_TRUE(form.Enter(*form.Find_Column("1"), "1200").stored);
-    ASSERT_TRUE(form.Enter(*form.Find_Column("5"), "(70)").stored);
-    EXPECT_FALSE(form.Can_Undo()) << "nothing is stored yet";
+    EditHistory history(form);
+    EXPECT_FALSE(history.Can_Undo());
+    ASSERT_TRUE(form.Place_Cursor(6_cur));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("1"), "1200"));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("5"), "(70)"));
+    EXPECT_FALSE(history.Can_Undo()) << "nothing is stored yet";
     EXPECT_TRUE(form.Has_Entries());
-    ASSERT_TRUE(form.Leave_Row().stored);
+    ASSERT_FALSE(form.Store_Row());
     EXPECT_FALSE(form.Has_Entries());
     ASSERT_EQ(Key(form, 7_cur, "1", "5"), kStored);
 
-    UndoOutcome undone = form.Undo();
+    UndoOutcome undone = history.Undo();
     EXPECT_EQ(undone.line, 7_cur);
     EXPECT_EQ(undone.text, "Worksheet A, line 7: 1 cell taken back.");
     EXPECT_CELL("A", 7, 1, 0_cur);
     EXPECT_CELL("A", 6, 1, 1200_cur);
-    undone = form.Undo();
+    undone = history.Undo();
     EXPECT_EQ(undone.text, "Worksheet A, line 6: 2 cells taken back.");
     EXPECT_TRUE(undone.kept.empty());
     EXPECT_CELL("A", 6, 1, 0_cur);
     EXPECT_CELL("A", 6, 5, 0_cur);
-    EXPECT_FALSE(form.Can_Undo());
+    EXPECT_FALSE(history.Can_Undo());
 }
 
 TEST(Undo, PutsBackNull) {
     Report r(fy2016);
     OpenForm form(kEditS2, "S2");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 1_cur, "1", "418 Old Mill Road"), kStored);
-    form.Undo();
+    history.Undo();
     EXPECT_CELL("S2", 1, 1, Null);
 }
 
 TEST(Undo, WhatWasTypedAgainIsNoStep) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 6_cur, "1", "0"), kStored);
-    EXPECT_FALSE(form.Can_Undo());
+    EXPECT_FALSE(history.Can_Undo());
 }
 
 TEST(Undo, KeepsWhatChangedSince) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
-    ASSERT_TRUE(form.Go_To(6_cur));
-    ASSERT_TRUE(form.Enter(*form.Find_Column("1"), "1200").stored);
-    ASSERT_TRUE(form.Enter(*form.Find_Column("5"), "70").stored);
-    ASSERT_TRUE(form.Leave_Row().stored);
+    EditHistory history(form);
+    ASSERT_TRUE(form.Place_Cursor(6_cur));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("1"), "1200"));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("5"), "70"));
+    ASSERT_FALSE(form.Store_Row());
     r.Cell("A", 6, 5, 99_cur);
-    const UndoOutcome undone = form.Undo();
+    const UndoOutcome undone = history.Undo();
     EXPECT_EQ(undone.text, "Worksheet A, line 6: 1 cell taken back.");
     ASSERT_EQ(undone.kept.size(), 1U);
     EXPECT_EQ(undone.kept.front(), "Worksheet A, line 6, column 5 Other Costs: changed since then and kept.");
@@ -86,20 +91,22 @@ TEST(Undo, KeepsWhatChangedSince) {
 TEST(Undo, TellsOfALineThatIsGone) {
     Report r(fy2016);
     OpenForm form(kEditF, "F");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 5_cur, "1", "7"), kStored);
     r.Execute("DELETE FROM F WHERE LineNum = 5;");
-    const UndoOutcome undone = form.Undo();
+    const UndoOutcome undone = history.Undo();
     EXPECT_EQ(undone.text, "Worksheet F, line 5: nothing taken back.");
     EXPECT_EQ(undone.kept, std::vector<std::string>{"Worksheet F, line 5 is no longer there."});
-    EXPECT_FALSE(form.Can_Undo());
+    EXPECT_FALSE(history.Can_Undo());
 }
 
 TEST(Undo, ACalculationLeavesTheHistory) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
     r.Calc();
-    EXPECT_TRUE(form.Undo().kept.empty());
+    EXPECT_TRUE(history.Undo().kept.empty());
     EXPECT_CELL("A", 6, 1, 0_cur);
     EXPECT_CELL("A", 6, 6, 1200_cur) << "computed cells wait for the next calculation";
 }
@@ -107,29 +114,31 @@ TEST(Undo, ACalculationLeavesTheHistory) {
 TEST(Undo, TakesARowBackThatAddMade) {
     Report r(fy2016);
     OpenForm form(kEditA4, "A4");
+    EditHistory history(form);
     EXPECT_EQ(form.Add_Row({}), 1_cur);
     EXPECT_EQ(form.Add_Row(1_cur), 2_cur);
     ASSERT_EQ(Key(form, 1_cur, "Explanation", "Insurance"), kStored);
     ASSERT_EQ(Key(form, 1_cur, "3", "5"), kStored);
     EXPECT_CELL("A4", 1, 2, "Administrative & General");
-    EXPECT_EQ(form.Undo().text, "Worksheet A4, line 1: 1 cell taken back.") << "the name beside it is not counted";
+    EXPECT_EQ(history.Undo().text, "Worksheet A4, line 1: 1 cell taken back.") << "the name beside it is not counted";
     EXPECT_CELL("A4", 1, 2, Null);
-    form.Undo();
-    EXPECT_EQ(form.Undo().text, "Worksheet A4: taken back: line 2 added.");
-    EXPECT_EQ(form.Undo().line, 1_cur);
+    history.Undo();
+    EXPECT_EQ(history.Undo().text, "Worksheet A4: taken back: line 2 added.");
+    EXPECT_EQ(history.Undo().line, 1_cur);
     EXPECT_EQ(Rows_Of("A4"), 1);
 }
 
 TEST(Undo, BringsARemovedLineBackAndMovesTheOthers) {
     Report r(fy2016);
     OpenForm form(kEditA4, "A4");
+    EditHistory history(form);
     for (int i = 0; i < 3; ++i) form.Add_Row({});
     for (const auto& [line, text] : {std::pair{1_cur, "one"}, {2_cur, "two"}, {3_cur, "three"}}) {
         ASSERT_EQ(Key(form, line, "Explanation", text), kStored);
     }
     form.Remove_Row(2_cur);
     EXPECT_CELL("A4", 2, "Explanation", "three");
-    EXPECT_EQ(form.Undo().text, "Worksheet A4: taken back: line 2 removed.");
+    EXPECT_EQ(history.Undo().text, "Worksheet A4: taken back: line 2 removed.");
     EXPECT_CELL("A4", 1, "Explanation", "one");
     EXPECT_CELL("A4", 2, "Explanation", "two");
     EXPECT_CELL("A4", 3, "Explanation", "three");
@@ -140,11 +149,12 @@ TEST(Undo, BringsARemovedLineBackAndMovesTheOthers) {
 TEST(Undo, LeavesMovedLinesThatChangedSince) {
     Report r(fy2016);
     OpenForm form(kEditA4, "A4");
+    EditHistory history(form);
     for (int i = 0; i < 3; ++i) form.Add_Row({});
     ASSERT_EQ(Key(form, 3_cur, "Explanation", "three"), kStored);
     form.Remove_Row(2_cur);
     r.Cell("A4", 2, "Explanation", "from elsewhere");
-    const UndoOutcome undone = form.Undo();
+    const UndoOutcome undone = history.Undo();
     EXPECT_EQ(undone.text, "Worksheet A4, line 2: nothing taken back.");
     EXPECT_EQ(undone.kept, std::vector<std::string>{"Worksheet A4, line 2: changed since then and kept."});
     EXPECT_EQ(Rows_Of("A4"), 3);
@@ -153,8 +163,9 @@ TEST(Undo, LeavesMovedLinesThatChangedSince) {
 TEST(Undo, TheFormsOwnLineIsNoStepOfDelete) {
     Report r(fy2016);
     OpenForm form(kEditA5, "A5");
+    EditHistory history(form);
     form.Remove_Row(3_cur);
-    EXPECT_FALSE(form.Can_Undo());
+    EXPECT_FALSE(history.Can_Undo());
 }
 
 TEST(Undo, AddAndDeleteOfEveryFormGoBack) {
@@ -169,32 +180,34 @@ TEST(Undo, AddAndDeleteOfEveryFormGoBack) {
           Case{"F1", kEditF1, 6_cur}, Case{"F2", kEditF2, 5_cur}}) {
         Report r(fy2016);
         OpenForm form(description, item);
+        EditHistory history(form);
         const TableState before = Read_State(item, description.where);
         const Currency line = form.Add_Row(current);
         const TableState added = Read_State(item, description.where);
         ASSERT_EQ(added.rows.size(), before.rows.size() + 1) << item;
         form.Remove_Row(line);
         EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
-        form.Undo();
+        history.Undo();
         EXPECT_TRUE(Difference(added, Read_State(item, description.where)).rows.empty()) << item;
-        form.Undo();
+        history.Undo();
         EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
-        form.Redo();
+        history.Redo();
         EXPECT_TRUE(Difference(added, Read_State(item, description.where)).rows.empty()) << item;
-        form.Redo();
+        history.Redo();
         EXPECT_TRUE(Difference(before, Read_State(item, description.where)).rows.empty()) << item;
-        EXPECT_FALSE(form.Can_Redo()) << item;
+        EXPECT_FALSE(history.Can_Redo()) << item;
     }
 }
 
 TEST(Undo, TheSplitOfLineFiveFollowsBack) {
     Report r(fy2016);
     OpenForm form(kEditS2, "S2");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 26_cur, "1", "1"), kStored);
     EXPECT_EQ(r.platform.formClosings, 1);
     EXPECT_CELL("CostCenters", 5.01, "LineType", "U");
     EXPECT_EQ(AGOption, 1);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(r.platform.formClosings, 2);
     EXPECT_CELL("S2", 26, 1, Null);
     EXPECT_CELL("CostCenters", 5, "LineType", "S");
@@ -204,9 +217,10 @@ TEST(Undo, TheSplitOfLineFiveFollowsBack) {
 TEST(Undo, TheSplitStaysWhereFormsAreToStayOpen) {
     Report r(fy2016);
     OpenForm form(kEditS2, "S2");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 26_cur, "1", "1"), kStored);
     r.platform.closeFormsCancelled = true;
-    EXPECT_EQ(form.Undo().text, "Worksheet S2, line 26: nothing taken back.");
+    EXPECT_EQ(history.Undo().text, "Worksheet S2, line 26: nothing taken back.");
     EXPECT_CELL("S2", 26, 1, "1");
 }
 
@@ -221,11 +235,12 @@ constexpr const char* kExclusion =
 TEST(Undo, TakesBackWhatACheckWroteElsewhere) {
     Report r(fy2016);
     OpenForm form(kEditB1, "B1");
+    EditHistory history(form);
     r.platform.Expect_Box_Starting(kExclusion, "The statistic you just modified");
     ASSERT_EQ(Key(form, 6_cur, "CC_500", "40"), kStored);
     EXPECT_EQ(Rows_Of("B1X"), 1);
     EXPECT_CELL("B1", 6, "CC_500", 40.0);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Rows_Of("B1X"), 0);
     EXPECT_CELL("B1", 6, "CC_500", 0.0);
 }
@@ -233,59 +248,62 @@ TEST(Undo, TakesBackWhatACheckWroteElsewhere) {
 TEST(Undo, ARowGivenUpLeavesNothingElsewhere) {
     Report r(fy2016);
     OpenForm form(kEditB1, "B1");
+    EditHistory history(form);
     r.platform.Expect_Box_Starting(kExclusion, "The statistic you just modified");
-    ASSERT_TRUE(form.Go_To(6_cur));
-    ASSERT_TRUE(form.Enter(*form.Find_Column("CC_500"), "40").stored);
+    ASSERT_TRUE(form.Place_Cursor(6_cur));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("CC_500"), "40"));
     EXPECT_EQ(Rows_Of("B1X"), 1);
-    form.Cancel_Row();
+    form.Discard_Row();
     EXPECT_EQ(Rows_Of("B1X"), 0);
-    EXPECT_FALSE(form.Can_Undo());
+    EXPECT_FALSE(history.Can_Undo());
 }
 
 TEST(Undo, ACodeComesBackWithWhatWasKeyedForIt) {
     Report r(fy1999);
     OpenForm form(kEditS3p3, "S3p3");
+    EditHistory history(form);
     const Currency line = form.Add_Row({});
     ASSERT_EQ(Key(form, line, "1", "1600"), kStored);
-    ASSERT_EQ(Enter("Cp2m1600", "1", "5", "44").title, "");
+    ASSERT_EQ(Title_Of("Cp2m1600", "1", "5", "44"), "");
     EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
     r.platform.Expect_Box_Starting("Remove Code", "The visits and limits of code 1600", Answer::Yes);
     form.Remove_Row(line);
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
-    form.Undo();
+    history.Undo();
     ASSERT_TRUE(db.TableDefs().Has("Cp2m1600"));
     EXPECT_CELL("S3p3", line, 1, "1600");
     EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
     EXPECT_EQ(gblMSACodes, std::vector<std::string>{"1600"});
     r.platform.Expect_Box_Starting("Remove Code", "The visits and limits of code 1600", Answer::Yes);
-    form.Undo();
+    history.Undo();
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));
-    form.Redo();
+    history.Redo();
     ASSERT_TRUE(db.TableDefs().Has("Cp2m1600"));
     EXPECT_CELL("S3p3", line, 1, "1600");
-    form.Redo();
+    history.Redo();
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600")) << "the line was removed once more";
-    form.Undo();
+    history.Undo();
     EXPECT_CELL("S3p3", line, 1, "1600");
 }
 
 TEST(Redo, PutsInAgainWhatWasTakenBack) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
-    EXPECT_FALSE(form.Can_Redo());
+    EditHistory history(form);
+    EXPECT_FALSE(history.Can_Redo());
     ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
     ASSERT_EQ(Key(form, 7_cur, "1", "5"), kStored);
-    form.Undo();
-    form.Undo();
-    UndoOutcome again = form.Redo();
+    history.Undo();
+    history.Undo();
+    UndoOutcome again = history.Redo();
     EXPECT_EQ(again.line, 6_cur);
     EXPECT_EQ(again.text, "Worksheet A, line 6: 1 cell done again.");
     EXPECT_CELL("A", 6, 1, 1200_cur);
     EXPECT_CELL("A", 7, 1, 0_cur);
-    form.Redo();
+    history.Redo();
     EXPECT_CELL("A", 7, 1, 5_cur);
-    EXPECT_FALSE(form.Can_Redo());
-    form.Undo();
+    EXPECT_FALSE(history.Can_Redo());
+    history.Undo();
     EXPECT_CELL("A", 7, 1, 0_cur) << "what was done again can be taken back again";
     EXPECT_CELL("A", 6, 1, 1200_cur);
 }
@@ -293,20 +311,22 @@ TEST(Redo, PutsInAgainWhatWasTakenBack) {
 TEST(Redo, EndsWithTheNextEntry) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
-    form.Undo();
-    ASSERT_TRUE(form.Can_Redo());
+    history.Undo();
+    ASSERT_TRUE(history.Can_Redo());
     ASSERT_EQ(Key(form, 6_cur, "2", "7"), kStored);
-    EXPECT_FALSE(form.Can_Redo());
+    EXPECT_FALSE(history.Can_Redo());
 }
 
 TEST(Redo, KeepsWhatChangedSince) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
+    EditHistory history(form);
     ASSERT_EQ(Key(form, 6_cur, "1", "1200"), kStored);
-    form.Undo();
+    history.Undo();
     r.Cell("A", 6, 1, 99_cur);
-    const UndoOutcome again = form.Redo();
+    const UndoOutcome again = history.Redo();
     EXPECT_EQ(again.text, "Worksheet A, line 6: nothing done again.");
     ASSERT_EQ(again.kept.size(), 1U);
     EXPECT_CELL("A", 6, 1, 99_cur);
@@ -315,14 +335,15 @@ TEST(Redo, KeepsWhatChangedSince) {
 TEST(Redo, BringsBackWhatACheckWroteElsewhere) {
     Report r(fy2016);
     OpenForm form(kEditB1, "B1");
+    EditHistory history(form);
     r.platform.Expect_Box_Starting(kExclusion, "The statistic you just modified");
     ASSERT_EQ(Key(form, 6_cur, "CC_500", "40"), kStored);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Rows_Of("B1X"), 0);
-    form.Redo();
+    history.Redo();
     EXPECT_EQ(Rows_Of("B1X"), 1);
     EXPECT_CELL("B1", 6, "CC_500", 40.0);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(Rows_Of("B1X"), 0);
 }
 

@@ -1,7 +1,8 @@
 // Blocks of cells: what the clipboard holds, and what becomes of it in a form.
-#include "screens/paste.h"
+#include "screens/cell_block.h"
 
 #include "report/open_report.h"
+#include "screens/edit_history.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
 
@@ -16,7 +17,7 @@ BlockOutcome Paste(OpenForm& form, std::string_view text, std::vector<Currency> 
     for (const GridColumn& shown : form.Columns()) {
         if (!shown.hidden && &shown >= from) columns.push_back(&shown);
     }
-    return Enter_Block(form, Block_At(Parse_Clipboard(text), lines, columns), "paste");
+    return Enter_Block(form, Block_At(Parse_Clipboard(text), lines, columns));
 }
 
 std::vector<std::string> Told(const OpenForm& form, const BlockOutcome& outcome) {
@@ -72,9 +73,13 @@ TEST(Paste, PassesOverHiddenColumns) {
 TEST(Paste, IsOneStepOfTheUndo) {
     Report r(fy2016);
     OpenForm form(kEditA, "A");
-    Paste(form, "1\t2\n3\t4\n", {6_cur, 7_cur}, "1");
-    EXPECT_EQ(form.Undo().text, "Worksheet A: taken back: paste.");
-    EXPECT_FALSE(form.Can_Undo());
+    EditHistory history(form);
+    {
+        const EditHistory::OneStep step(history, "paste");
+        Paste(form, "1\t2\n3\t4\n", {6_cur, 7_cur}, "1");
+    }
+    EXPECT_EQ(history.Undo().text, "Worksheet A: taken back: paste.");
+    EXPECT_FALSE(history.Can_Undo());
     for (const int line : {6, 7}) {
         for (const int column : {1, 2}) EXPECT_CELL("A", line, column, 0_cur);
     }
@@ -169,12 +174,17 @@ TEST(Paste, RowsBeyondTheLastAreRefusedWhereTheFormHasNoAdd) {
 TEST(Paste, RowsBeyondTheLastAreAddedWhereTheFormAddsThem) {
     Report r(fy2016);
     OpenForm form(kEditA4, "A4");
-    const BlockOutcome outcome = Paste(form, "Insurance\tA\t\t1\t100\nInterest\tB\t\t2\t50\n", {}, "Explanation");
+    EditHistory history(form);
+    BlockOutcome outcome;
+    {
+        const EditHistory::OneStep step(history, "paste");
+        outcome = Paste(form, "Insurance\tA\t\t1\t100\nInterest\tB\t\t2\t50\n", {}, "Explanation");
+    }
     EXPECT_TRUE(outcome.notes.empty()) << Told(form, outcome).front();
     EXPECT_CELL("A4", 1, 3, 1_cur);
     EXPECT_CELL("A4", 2, "Explanation", "Interest");
     EXPECT_CELL("A4", 2, 4, 50_cur);
-    form.Undo();
+    history.Undo();
     EXPECT_EQ(r.Read("SELECT Count(*) FROM A4;"), Value(1));
 }
 

@@ -1,5 +1,6 @@
-// Many cells at once: what the clipboard holds goes into a form from a cell on, one text fills a selection, Delete
-// clears one. Each cell goes through its check; nothing is shown meanwhile, and what was refused comes back as a list.
+// A block of cells at once: what the clipboard holds goes into a form from a cell on, one text fills a selection,
+// Delete clears one. Each cell goes through its check; nothing is shown meanwhile, and what was refused comes back as a
+// list.
 #pragma once
 
 #include <optional>
@@ -9,14 +10,10 @@
 #include <vector>
 
 #include "common/platform.h"
-#include "screens/cell_entry.h"
+#include "screens/clipboard.h"
+#include "screens/open_form.h"
 
 namespace tallmar {
-
-// Rows of cells as spreadsheets put them on the clipboard: tabs between cells, CR LF, LF or CR between rows and at the
-// end; a cell in quotes may hold them all, and its quotes doubled.
-using ClipboardRows = std::vector<std::vector<std::string>>;
-ClipboardRows Parse_Clipboard(std::string_view text);
 
 struct BlockCell {
     const GridColumn* column;  // null: beyond the last
@@ -48,10 +45,9 @@ struct BlockOutcome {
     // There is something that the person must know.
     bool Has_Messages() const { return !notes.empty() || rounded.count > 0; }
 };
-// One Job and one step of the undo, which `what` names: "paste". A cell that would hold what it holds is passed over,
-// locked or not. Requires that nothing is entered in the form's row. DbError of what follows the rows reaches the
-// caller; the rows are stored then.
-BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::string_view what);
+// One Job. A cell that would hold what it holds is passed over, locked or not. Requires that nothing is entered in the
+// form's row. DbError of what follows the rows reaches the caller; the rows are stored then.
+BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows);
 
 // As the list of messages shows it: the refused cells, a line each, then what was taken with a warning, then one line
 // for all that was rounded.

@@ -1,4 +1,4 @@
-#include "screens/paste.h"
+#include "screens/cell_block.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,13 +9,11 @@
 #include "common/variant.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
-#include "screens/cell_place.h"
+#include "screens/cell_text.h"
 
 namespace tallmar {
 
 namespace {
-
-constexpr std::string_view kSeparators = "\t\r\n";
 
 constexpr std::string_view kNoColumn = "There is no column here.";
 constexpr std::string_view kNoRow = "There is no row here, and the worksheet takes no more.";
@@ -25,35 +23,6 @@ constexpr std::string_view kGone = "The line is no longer there.";
 // Of a text in the list of messages.
 constexpr int kMostCharacters = 40;
 constexpr std::string_view kSum = "#,##0.00;(#,##0.00)";
-
-// One cell from `at` on, which then stands on the character behind it.
-std::string Take_Cell(std::string_view text, std::size_t& at) {
-    std::string cell;
-    const bool isQuoted = at < text.size() && text[at] == '"';
-    // A quote that is never closed is a plain one: inches, not a cell of many lines.
-    if (isQuoted && text.find('"', at + 1) != std::string_view::npos) {
-        std::size_t to = at + 1;
-        for (; to < text.size(); ++to) {
-            if (text[to] != '"') {
-                cell += text[to];
-            } else if (to + 1 < text.size() && text[to + 1] == '"') {
-                cell += text[to++];
-            } else {
-                break;
-            }
-        }
-        const bool ends = to + 1 >= text.size() || kSeparators.find(text[to + 1]) != std::string_view::npos;
-        if (to < text.size() && ends) {
-            at = to + 1;
-            return cell;
-        }
-        cell.clear();
-    }
-    const std::size_t end = std::min(text.find_first_of(kSeparators, at), text.size());
-    cell = text.substr(at, end - at);
-    at = end;
-    return cell;
-}
 
 // The text says what the cell holds already. A blank says so of a cell without an amount.
 bool Holds(const Value& value, std::string_view text) {
@@ -68,11 +37,17 @@ bool Holds(const Value& value, std::string_view text) {
     return amount && value.Is_Numeric() && *amount == value.To_Double();
 }
 
-const std::string& Reason(const CellOutcome& refused) {
-    return refused.brief.empty() ? refused.text : refused.brief;
+const std::string& Reason(const Refusal& refusal) {
+    return refusal.brief.empty() ? refusal.text : refusal.brief;
 }
 
-// Enters the rows of one block, and keeps what has to be told.
+void Add(RoundedAmounts& all, const RoundedAmounts& more) {
+    all.count += more.count;
+    all.before += more.before;
+    all.after += more.after;
+}
+
+// Enters the rows of one block, and lists what the person must know of it.
 class BlockEntry {
   public:
     BlockEntry(OpenForm& form, BlockOutcome& outcome) : form_(form), outcome_(outcome) {}
@@ -90,15 +65,18 @@ class BlockEntry {
         }
     }
     bool Find_Line(const BlockRow& row);
+    // True where the cell took an entry.
+    bool Enter_Cell(const BlockCell& cell, RoundedAmounts& rounded);
     // What was warned of as the cell was entered: amounts that were rounded are only counted.
     void Note_Warnings(const BlockCell& cell, RoundedAmounts& rounded);
 
     OpenForm& form_;
     BlockOutcome& outcome_;
-    QuietBoxes quiet_;
+    std::vector<Refusal> warnings_;
+    EntryTalk talk_{warnings_};
     std::optional<Currency> line_;
     Currency last_;
-    bool isFull_ = form_.Description().add == nullptr;  // takes no more rows
+    bool isFull_ = form_.Description().lines.add == nullptr;  // takes no more rows
 };
 
 bool BlockEntry::Find_Line(const BlockRow& row) {
@@ -120,61 +98,60 @@ bool BlockEntry::Find_Line(const BlockRow& row) {
 void BlockEntry::Note_Warnings(const BlockCell& cell, RoundedAmounts& rounded) {
     const std::optional<double> typed = Parse_Amount(cell.text);
     const Value& taken = form_.Under_Edit()[cell.column->field];
-    for (const Refusal& warning : quiet_.Take_Warnings()) {
+    for (const Refusal& warning : std::exchange(warnings_, {})) {
         if (typed && taken.Is_Numeric() && taken.To_Double() != *typed) {
-            ++rounded.count;
-            rounded.before += *typed;
-            rounded.after += taken.To_Double();
+            Add(rounded, {1, *typed, taken.To_Double()});
         } else {
-            Note(cell, warning.brief.empty() ? warning.text : warning.brief, false);
+            Note(cell, Reason(warning), false);
         }
     }
+}
+
+bool BlockEntry::Enter_Cell(const BlockCell& cell, RoundedAmounts& rounded) {
+    const bool isBlank = Is_Blank_Text(cell.text);
+    if (cell.column == nullptr) {
+        if (!isBlank) Note(cell, kNoColumn);
+        return false;
+    }
+    if (Holds(form_.Under_Edit()[cell.column->field], cell.text)) return false;
+    // Amounts pass names by.
+    if (Is_Number_For_Name(*cell.column, cell.text)) {
+        Note(cell, kNumberForName);
+        return false;
+    }
+    if (cell.column->kind == CellKind::Name && isBlank) return false;
+    if (const std::optional<Refusal> refusal = form_.Enter(*cell.column, cell.text, talk_)) {
+        if (!isBlank || !form_.Is_Locked(*cell.column)) Note(cell, Reason(*refusal));
+        return false;
+    }
+    Note_Warnings(cell, rounded);
+    return true;
 }
 
 void BlockEntry::Enter_Row(const BlockRow& row) {
     if (!Find_Line(row)) return;
     last_ = *line_;
-    if (!form_.Go_To(*line_)) return Refuse_All(row, kGone);
+    if (!form_.Place_Cursor(*line_)) return Refuse_All(row, kGone);
     std::vector<const BlockCell*> entered;
     RoundedAmounts rounded;
     for (const BlockCell& cell : row.cells) {
-        if (cell.column == nullptr) {
-            if (!Is_Blank_Text(cell.text)) Note(cell, kNoColumn);
-            continue;
-        }
-        if (Holds(form_.Under_Edit()[cell.column->field], cell.text)) continue;
-        // Amounts pass names by.
-        if (Is_Number_For_Name(*cell.column, cell.text)) {
-            Note(cell, kNumberForName);
-            continue;
-        }
-        if (cell.column->kind == CellKind::Name && Is_Blank_Text(cell.text)) continue;
-        const CellOutcome entry = form_.Enter(*cell.column, cell.text);
-        if (entry.stored) {
-            entered.push_back(&cell);
-            Note_Warnings(cell, rounded);
-        } else if (!Is_Blank_Text(cell.text) || !form_.Is_Locked(*cell.column)) {
-            Note(cell, Reason(entry));
-        }
+        if (Enter_Cell(cell, rounded)) entered.push_back(&cell);
     }
     if (entered.empty()) {
-        form_.Cancel_Row();
+        form_.Discard_Row();
         return;
     }
-    const CellOutcome left = form_.Leave_Row();
-    if (left.stored) {
-        ++outcome_.rows;
-        outcome_.cells += entered.size();
-        outcome_.rounded.count += rounded.count;
-        outcome_.rounded.before += rounded.before;
-        outcome_.rounded.after += rounded.after;
+    if (const std::optional<Refusal> refusal = form_.Store_Row(talk_)) {
+        form_.Discard_Row();
+        for (const BlockCell* cell : entered) Note(*cell, Reason(*refusal));
         return;
     }
-    form_.Cancel_Row();
-    for (const BlockCell* cell : entered) Note(*cell, Reason(left));
+    ++outcome_.rows;
+    outcome_.cells += entered.size();
+    Add(outcome_.rounded, rounded);
 }
 
-// What stood in a cell, short enough for a line of the list.
+// What was to go into a cell, short enough for a line of the list.
 std::string Quoted_Text(std::string_view text) {
     std::string line;
     for (const char c : text) line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
@@ -189,7 +166,7 @@ std::string Note_Text(const OpenForm& form, const BlockNote& note) {
     const GridColumn* column = note.column.empty() ? nullptr : form.Find_Column(note.column);
     if (column != nullptr) {
         place +=
-            Sql(place.empty() ? "Column " : "column ", Head_Text(form, *column, note.line.value_or(Currency())), ", ");
+            Sql(place.empty() ? "Column " : "column ", form.Head_Text(*column, note.line.value_or(Currency())), ", ");
     }
     place += Sql(Quoted_Text(note.text), ": ", note.reason);
     if (!place.ends_with('.')) place += '.';
@@ -197,21 +174,6 @@ std::string Note_Text(const OpenForm& form, const BlockNote& note) {
 }
 
 }  // namespace
-
-ClipboardRows Parse_Clipboard(std::string_view text) {
-    ClipboardRows rows;
-    // Some programs end the text with a zero.
-    text = text.substr(0, text.find('\0'));
-    std::size_t at = 0;
-    while (at < text.size()) {
-        std::vector<std::string>& row = rows.emplace_back();
-        row.push_back(Take_Cell(text, at));
-        while (at < text.size() && text[at] == '\t') row.push_back(Take_Cell(text, ++at));
-        if (at < text.size() && text[at] == '\r') ++at;
-        if (at < text.size() && text[at] == '\n') ++at;
-    }
-    return rows;
-}
 
 std::vector<BlockRow> Block_At(const ClipboardRows& rows, std::span<const Currency> lines,
                                std::span<const GridColumn* const> columns) {
@@ -226,15 +188,12 @@ std::vector<BlockRow> Block_At(const ClipboardRows& rows, std::span<const Curren
     return block;
 }
 
-BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows, std::string_view what) {
+BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows) {
     BlockOutcome outcome;
     Job job(db);
     try {
-        {
-            const OpenForm::OneStep step(form, std::string(what));
-            BlockEntry entry(form, outcome);
-            for (const BlockRow& row : rows) entry.Enter_Row(row);
-        }
+        BlockEntry entry(form, outcome);
+        for (const BlockRow& row : rows) entry.Enter_Row(row);
         form.Follow_Changes();
     } catch (const DbError&) {  // rows that were stored stay, and can be taken back
         job.Commit();
