@@ -99,7 +99,7 @@ std::vector<GridColumn> Total_Post(const Item&) {
 
 // The average costs are empty until the first calculation. The visits of a limit are those of the line of its
 // discipline. From 10/1/2000 there are no limits, and the calculation clears their lines.
-constexpr SourcedCells kCosts2{1_cur, 6.01_cur, "Col_4", why::kComputed};
+constexpr SourcedCells kCosts2{{1_cur, 6.01_cur}, "Col_4", why::kComputed};
 constexpr std::array kSources2{
     kCosts2,
     SourcedCells{{8_cur, 13_cur}, "Col_5 Col_6", "it comes from lines 1 to 6"},
