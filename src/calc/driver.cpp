@@ -12,7 +12,6 @@
 #include "common/worksheets.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
-#include "report/entry_age.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
 #include "report/run_log.h"
@@ -100,7 +99,7 @@ void Clean_Texts(const Item& item) {
 bool Is_Due(const Item& item) {
     const bool costLimits =
         std::ranges::any_of(kCostLimitItems, [&](const ItemPattern& pattern) { return pattern.Matches(item.Name()); });
-    return !costLimits || FYStart < kCostLimitsEnd;
+    return !costLimits || openReport.FYStart < kCostLimitsEnd;
 }
 
 void Dispatch(const Item& item) {
@@ -134,7 +133,7 @@ void Calc_Worksheets() {
 // Whatever ends the run, messages are boxes again and the progress text goes.
 struct RunEnd {
     ~RunEnd() {
-        MsgLogPrefix.clear();
+        openReport.MsgLogPrefix.clear();
         The_Platform().Progress("");
     }
 };
@@ -146,7 +145,7 @@ void Calc_All() {
     Keep_Backup();
     Job job(db);
     try {
-        Clear_Log("C");
+        Clear_Log('C');
         Load_AGOption();
         Start_Msg_Log(kLogPrefix);
         Calc_Worksheets();
@@ -155,7 +154,7 @@ void Calc_All() {
         job.Roll_Back();
         throw;
     }
-    Entry_Age().Calculated(Msg_Log_Count(kLogPrefix));
+    openReport.entryAge.Calculated(db, Msg_Log_Count(kLogPrefix));
     The_Platform().Progress(" Calculations completed.");
     End_Msg_Log(kLogPrefix);
 }

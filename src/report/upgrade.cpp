@@ -43,7 +43,7 @@ Pieces Chart_Pieces() {
 
 // Without its dates a report has every worksheet that it has.
 bool Has_Year() {
-    return FYStart != Date{};
+    return openReport.FYStart != Date{};
 }
 
 // Worksheets that the fiscal year no longer has go, and so do tables of such a name without a row in the registry.
@@ -55,7 +55,7 @@ Pieces Removal_Pieces() {
     Pieces pieces;
     for (const std::string& item : items) {
         const auto same = [&](const Piece& piece) { return Same_Text(piece.item.Name(), item); };
-        if (Year_Has(item, FYStart) || std::ranges::any_of(pieces, same)) continue;
+        if (Year_Has(item, openReport.FYStart) || std::ranges::any_of(pieces, same)) continue;
         pieces.push_back({item, [item] { Drop_Worksheet(item); }});
     }
     return pieces;
@@ -78,7 +78,7 @@ Pieces Missing_Pieces() {
     Pieces pieces;
     for (const std::string_view item : Yearly_Worksheets()) {
         const Item missing{std::string(item)};
-        if (!Year_Has(item, FYStart) || Find_Family(missing) == nullptr) continue;
+        if (!Year_Has(item, openReport.FYStart) || Find_Family(missing) == nullptr) continue;
         if (Any_Row(Sql("SELECT Item FROM Worksheets WHERE Item Like(\"", item, "*\");"))) continue;
         pieces.push_back({missing, [missing] { Build_Worksheet(missing); }});
     }
@@ -153,7 +153,7 @@ Pieces Due(Pieces (*step)()) {
 
 // The older file stays beside the report as it was.
 void Keep_Old_File() {
-    const std::filesystem::path report = Native_Path(CRFPath);
+    const std::filesystem::path report = Native_Path(openReport.CRFPath);
     std::filesystem::path kept = report;
     kept.replace_extension(".before-upgrade.CRF");
     for (int next = 2; !DBEngine::CopyToNewFile(report.string(), kept.string()); ++next) {

@@ -75,9 +75,9 @@ constexpr std::array kHospiceSeries{
 bool Holds(Passed when, std::string_view from) {
     switch (when) {
         case Passed::AfterLimits:
-            return FYStart >= kCostLimitsEnd;
+            return openReport.FYStart >= kCostLimitsEnd;
         case Passed::BeforeLimits:
-            return FYEnd < kCostLimitsEnd;
+            return openReport.FYEnd < kCostLimitsEnd;
         case Passed::NoEditForm:
             return true;
         case Passed::FromOutside:

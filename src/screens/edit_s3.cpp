@@ -179,12 +179,6 @@ bool May_Remove_Codes(const Item& item, Currency line) {
 
 constexpr std::array kFollowers{SideTable{"Cp2*"}, SideTable{"Cp4"}};
 
-// Each code has a worksheet of C Part II and a line of Part IV.
-void Follow_Codes() {
-    Load_MSA();
-    Sync_Cp2();
-}
-
 // The codes are line 29 and its sublines.
 Currency Next_Code() {
     const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM S3p3 WHERE LineNum >= 29;");
@@ -202,7 +196,7 @@ Currency Add_Code(const Item&, Currency) {
 void Remove_Code(const Item&, Currency line) {
     if (line < kFirstCode) return;
     db.Execute(Sql("DELETE FROM S3p3 WHERE LineNum = ", line, ";"));
-    Follow_Codes();
+    Sync_Cp2();
 }
 
 }  // namespace
@@ -219,7 +213,7 @@ constinit const FormDescription kEditS3p3{.name = "frmEditS3p3",
                                           .where = "LineNum >= 29",
                                           .columns = kCodes,
                                           .check = Check_Code,
-                                          .follow = Follow_Codes,
+                                          .follow = Sync_Cp2,
                                           .sides = kFollowers,
                                           .undoAllowed = May_Undo_Codes,
                                           .nextLine = Next_Code_Line,

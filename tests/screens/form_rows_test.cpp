@@ -91,13 +91,13 @@ TEST(HeaderLinesFormTest, StoresALineAndTheHeadOfThePageFollows) {
     ASSERT_TRUE(form.Go_To(2_cur));
     EXPECT_TRUE(form.Enter(*text, "  Draft of \"May\"").stored);
     EXPECT_TRUE(form.Leave_Row().stored);
-    EXPECT_EQ(HeaderLine2, "  Draft of \"May\"");
-    EXPECT_EQ(HeaderLine1, "");
+    EXPECT_EQ(openReport.HeaderLine2, "  Draft of \"May\"");
+    EXPECT_EQ(openReport.HeaderLine1, "");
     EXPECT_FALSE(form.Go_To(4_cur));
     ASSERT_TRUE(form.Go_To(2_cur));
     EXPECT_TRUE(form.Enter(*text, "   ").stored);
     EXPECT_TRUE(form.Leave_Row().stored);
-    EXPECT_EQ(HeaderLine2, "");
+    EXPECT_EQ(openReport.HeaderLine2, "");
 }
 
 TEST(HeaderLinesFormTest, SixtyCharactersAreTheMost) {
@@ -110,7 +110,7 @@ TEST(HeaderLinesFormTest, SixtyCharactersAreTheMost) {
     EXPECT_FALSE(outcome.stored);
     EXPECT_EQ(outcome.text, "The maximum length of a custom header line is 60 characters");
     EXPECT_TRUE(form.Leave_Row().stored);
-    EXPECT_EQ(HeaderLine1, std::string(60, 'x')) << "the refused text left the cell as it was";
+    EXPECT_EQ(openReport.HeaderLine1, std::string(60, 'x')) << "the refused text left the cell as it was";
 }
 
 }  // namespace tallmar

@@ -9,7 +9,6 @@
 
 #include "common/platform.h"
 #include "common/sql_text.h"
-#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/cell_place.h"
@@ -174,7 +173,7 @@ bool EditGrid::Store_Row() {
     const RowUnderEdit row = form.Under_Edit();
     const QString stored = Pending_Text();
     try {
-        const bool changedElsewhere = Entry_Age().Look_Elsewhere();
+        const bool changedElsewhere = openReport.entryAge.Look_Elsewhere(db);
         if (!May_Overwrite()) return false;
         const CellOutcome outcome = Entries().Store_Row();
         if (outcome.stored && changedElsewhere) Entries().Refresh();
