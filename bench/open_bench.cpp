@@ -13,7 +13,7 @@ void Open_Sample(benchmark::State& state) {
     Report report(fy2016);
     Fill_Sample(report, "fy2016");
     if (!Finish_CRF()) throw std::runtime_error("no report file was made");
-    const std::string path = CRFPath;
+    const std::string path = openReport.CRFPath;
     Report_Release();
     for (auto _ : state) {
         if (!Report_Open(path)) throw std::runtime_error("the report does not open");
@@ -29,7 +29,7 @@ void Open_Database(benchmark::State& state) {
     Report report(fy2016);
     Fill_Sample(report, "fy2016");
     if (!Finish_CRF()) throw std::runtime_error("no report file was made");
-    const std::string path = CRFPath;
+    const std::string path = openReport.CRFPath;
     Report_Release();
     for (auto _ : state) {
         Database opened = DBEngine::OpenDatabase(path);

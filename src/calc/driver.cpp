@@ -11,7 +11,6 @@
 #include "common/worksheets.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
-#include "report/entry_age.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
 #include "report/run_log.h"
@@ -95,7 +94,7 @@ void Clean_Texts(const Item& item) {
 
 void Dispatch(const Item& item) {
     const WorksheetFamily* family = Find_Family(item);
-    if (family == nullptr || family->calc == nullptr || Have_Ended(family->years, FYStart)) return;
+    if (family == nullptr || family->calc == nullptr || Have_Ended(family->years, openReport.FYStart)) return;
     family->calc(item);
 }
 
@@ -125,7 +124,7 @@ void Calc_Worksheets() {
 // Whatever ends the run, messages are boxes again and the progress text goes.
 struct RunEnd {
     ~RunEnd() {
-        MsgLogPrefix.clear();
+        openReport.MsgLogPrefix.clear();
         The_Platform().Progress("");
     }
 };
@@ -137,7 +136,7 @@ void Calc_All() {
     Keep_Backup();
     Job job(db);
     try {
-        Clear_Log("C");
+        Clear_Log('C');
         Load_AGOption();
         Start_Msg_Log(kLogPrefix);
         Calc_Worksheets();
@@ -146,7 +145,7 @@ void Calc_All() {
         job.Roll_Back();
         throw;
     }
-    Entry_Age().Calculated(Msg_Log_Count(kLogPrefix));
+    openReport.entryAge.Calculated(db, Msg_Log_Count(kLogPrefix));
     The_Platform().Progress(" Calculations completed.");
     End_Msg_Log(kLogPrefix);
 }

@@ -66,7 +66,6 @@ void Sync_Cp2() {
     Drop_Instances(listed, "SELECT Item FROM Worksheets WHERE Item Like(\"Cp2c*\");");
     Sync_Cp4_Codes(codes);
     Store_Code_Counts();
-    Load_MSA();
 }
 
 }  // namespace tallmar

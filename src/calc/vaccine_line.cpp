@@ -57,7 +57,8 @@ bool Has_Line(std::string_view table, Currency line) {
 }  // namespace
 
 bool Has_Vaccine_Line(const Item& item) {
-    return FYEnd < kVaccineLineFrom || !Has_Line("CostCenters", 13.2_cur) || Has_Line(item.Name(), Row_Of(item).line);
+    return openReport.FYEnd < kVaccineLineFrom || !Has_Line("CostCenters", 13.2_cur) ||
+           Has_Line(item.Name(), Row_Of(item).line);
 }
 
 void Add_Vaccine_Line(const Item& item) {

@@ -46,7 +46,7 @@ void Build_B() {
     chart.FindFirst(kCapital);
     if (chart.NoMatch()) {
         The_Platform().Beep();
-        Report_Msg(kNoCapital, kExclamation, "Error: Worksheet B");
+        Report_Error("B", kNoCapital, kExclamation);
     }
     Append_Columns(table, chart, kCapital);
     Append_Amount(table, "SubTotal");

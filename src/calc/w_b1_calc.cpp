@@ -63,7 +63,7 @@ struct Statistics {
 };
 
 void Report_Missing(std::string_view prompt) {
-    Report_Msg(prompt, kStop, "Error: Worksheet B1");
+    Report_Error("B1", prompt);
 }
 
 // The first record of the line; -1 where there is none.
@@ -208,11 +208,11 @@ void Accumulate_Option_2(const Statistics& b1, const Allocation& b, std::string_
 }
 
 void Accumulate(const Statistics& b1, const Allocation& b, std::string_view column, Currency cc) {
-    if (AGOption == 1 && cc == 5.02_cur) {
+    if (openReport.AGOption == 1 && cc == 5.02_cur) {
         Execute_All(kOption1Line502);
-    } else if (AGOption == 1 && cc == 5.03_cur) {
+    } else if (openReport.AGOption == 1 && cc == 5.03_cur) {
         Execute_All(kOption1Line503);
-    } else if (AGOption == 2) {
+    } else if (openReport.AGOption == 2) {
         Accumulate_Option_2(b1, b, column);
     } else {
         db.Execute(Sql("UPDATE B1 INNER JOIN B ON B1.LineNum = B.LineNum SET B1.", column,

@@ -69,7 +69,7 @@ void Store_Drug_Charges(const Flags& flags) {
     const Row sums = db.Read_Row("SELECT Sum(Col_6) AS Sum6, Sum(Col_7) AS Sum7 From Cp3 WHERE LineNum In (16,16.2);");
     db.Execute(Sql("UPDATE Dp1 SET Col_2 = ", Nz_Currency(sums["Sum6"]), ", Col_3 = ", Nz_Currency(sums["Sum7"]),
                    " WHERE LineNum=4.01;"));
-    if (FYEnd < kLine1FromCp3) {
+    if (openReport.FYEnd < kLine1FromCp3) {
         const Row drugs = db.Read_Row("SELECT Col_6, Col_601 From Cp3 WHERE LineNum=16;");
         if (drugs) {
             db.Execute(Sql("UPDATE Dp1 SET Col_2 = ", Nz_Currency(drugs["Col_6"]) + Nz_Currency(drugs["Col_601"]),
@@ -106,7 +106,7 @@ Three Reasonable_Cost() {
         drugCost = drug9;
     }
     Three result{Round_Half(least.partA.To_Double(), 0), Round_Half(least.partB.To_Double() + drugCost, 0), 0};
-    if (FYEnd >= kDrug901From) result[1] = Round_Half(drug901, 0);
+    if (openReport.FYEnd >= kDrug901From) result[1] = Round_Half(drug901, 0);
 
     const double drug10 = Read_Number("SELECT Sum(Col_10) AS Sum10 From Cp3 Where Int(LineNum) = 16;");
     if (Is_Cost_Limit_Period()) {
@@ -166,7 +166,7 @@ struct Walk {
 };
 
 void Store_Cost(Walk& walk, Recordset& row) {
-    if (FYEnd >= kLine1FromCp3) walk.reasonable[1] = Nz_Double(row["Col_2"]);
+    if (openReport.FYEnd >= kLine1FromCp3) walk.reasonable[1] = Nz_Double(row["Col_2"]);
     walk.cost = walk.reasonable;
     Store_Cells(row, walk.cost);
 }

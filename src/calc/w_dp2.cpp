@@ -174,7 +174,7 @@ void Apply_Rule(Rule rule, Recordset& row, Amounts& running) {
             break;
         }
         case Rule::Sequestration:
-            if (FYEnd < kSequestrationFrom) Store_Line(row, {});
+            if (openReport.FYEnd < kSequestrationFrom) Store_Line(row, {});
             running -= Read_Line(row);
             break;
         case Rule::InterimPayments:

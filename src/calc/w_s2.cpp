@@ -94,10 +94,10 @@ void Build_S2() {
     Create_Table("S2", kColumns);
     Insert_Rows("S2", kFields, std::span(kLinesS2).first(kAddressLines));
     db.Execute(Sql("INSERT INTO S2 (LineNum,LineLabel,Col_1,Col_2) VALUES (2,'Home Health Agency',",
-                   Quoted(ProviderName), ",", Quoted(ProviderNumber), ");"));
+                   Quoted(openReport.ProviderName), ",", Quoted(openReport.ProviderNumber), ");"));
     Execute_All(kFromChart);
     db.Execute(Sql("INSERT INTO S2 (LineNum,LineLabel,Col_1,Col_2) VALUES (7,'Cost Reporting Period (mm/dd/yyyy)',",
-                   Date_Literal(FYStart), ",", Date_Literal(FYEnd), ");"));
+                   Date_Literal(openReport.FYStart), ",", Date_Literal(openReport.FYEnd), ");"));
     Insert_Rows("S2", kFields, std::span(kLinesS2).subspan(kAddressLines));
     Finish_Table("S2", "ndx");
 }

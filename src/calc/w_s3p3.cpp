@@ -36,8 +36,9 @@ constexpr Date kVaccineLineUntil{38899};  // 7/1/2006
 
 std::string Drug_Lines() {
     std::string lines;
-    if (FYEnd >= kDrugLineFrom) lines = "16";
-    if (FYEnd >= kDrugLineFrom && FYStart <= kVaccineLineUntil) lines += lines.empty() ? "16.2" : ", 16.2";
+    if (openReport.FYEnd >= kDrugLineFrom) lines = "16";
+    if (openReport.FYEnd >= kDrugLineFrom && openReport.FYStart <= kVaccineLineUntil)
+        lines += lines.empty() ? "16.2" : ", 16.2";
     return lines;
 }
 

@@ -118,11 +118,11 @@ std::string Guarded_Sum(std::span<const std::string_view> fields) {
 }
 
 bool Is_Cost_Limit_Period() {
-    return FYStart < kCostLimitsEnd;
+    return openReport.FYStart < kCostLimitsEnd;
 }
 
 bool Is_Split_Period() {
-    return FYStart < kCostLimitsEnd && FYEnd >= kCostLimitsEnd;
+    return openReport.FYStart < kCostLimitsEnd && openReport.FYEnd >= kCostLimitsEnd;
 }
 
 }  // namespace tallmar

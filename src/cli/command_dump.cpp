@@ -18,7 +18,7 @@ std::string Master_Json() {
     JsonObject object;
     const Row master = db.Read_Row("SELECT * FROM Master;");
     object.Add("FormNum", master["FormNum"]).Add("ProviderNumber", master["ProviderNumber"]);
-    object.Add("FYStart", Iso_Date(FYStart)).Add("FYEnd", Iso_Date(FYEnd));
+    object.Add("FYStart", Iso_Date(openReport.FYStart)).Add("FYEnd", Iso_Date(openReport.FYEnd));
     for (const char* field : {"ProviderName", "BuildDate", "AllCCs", "GenSvcCCs", "CapitalCCs", "EmpBenCCs", "BSubTot1",
                               "BSubTot2", "BSubTot3", "B1SubTot"}) {
         object.Add(field, master[field]);

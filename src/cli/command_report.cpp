@@ -24,8 +24,12 @@ constexpr const char* kRegistry = "SELECT Item, Calc_Lvl, ItemName FROM Workshee
 void Print_Info_Json(std::ostream& out) {
     const Row master = db.Read_Row("SELECT * FROM Master;");
     JsonObject info;
-    info.Add("File", CRFPath).Add("FormNum", FormNum).Add("ProviderNumber", ProviderNumber);
-    info.Add("ProviderName", ProviderName).Add("FYStart", Iso_Date(FYStart)).Add("FYEnd", Iso_Date(FYEnd));
+    info.Add("File", openReport.CRFPath)
+        .Add("FormNum", openReport.FormNum)
+        .Add("ProviderNumber", openReport.ProviderNumber);
+    info.Add("ProviderName", openReport.ProviderName)
+        .Add("FYStart", Iso_Date(openReport.FYStart))
+        .Add("FYEnd", Iso_Date(openReport.FYEnd));
     info.Add("BuildDate", master["BuildDate"]);
     for (const char* count : kCounts) info.Add(count, master[count]);
     std::string rows;
@@ -40,9 +44,9 @@ void Print_Info_Json(std::ostream& out) {
 
 void Print_Info_Text(std::ostream& out) {
     const Row master = db.Read_Row("SELECT * FROM Master;");
-    out << One_Line(ProviderName) << "\nProvider     " << One_Line(ProviderNumber) << "\nForm         CMS " << FormNum
-        << "\nFiscal year  " << General_Date(FYStart) << " to " << General_Date(FYEnd) << "\nBuilt        "
-        << master["BuildDate"].To_Text() << '\n';
+    out << One_Line(openReport.ProviderName) << "\nProvider     " << One_Line(openReport.ProviderNumber)
+        << "\nForm         CMS " << openReport.FormNum << "\nFiscal year  " << General_Date(openReport.FYStart)
+        << " to " << General_Date(openReport.FYEnd) << "\nBuilt        " << master["BuildDate"].To_Text() << '\n';
     for (const char* count : kCounts) {
         out << std::left << std::setw(13) << count << (master[count].Is_Null() ? "-" : master[count].To_Text()) << '\n';
     }

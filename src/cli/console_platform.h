@@ -45,11 +45,10 @@ class ConsolePlatform final : public Platform {
     void Save_Setting(std::string_view, std::string_view, std::string_view, std::string_view) override {}
     std::string Program_Folder() override { return options_.programFolder; }
     std::string Data_Folder() override { return options_.dataFolder; }
-    void Set_Enabled(std::string_view, bool) override {}
-    void Set_Visible(std::string_view, bool) override {}
-    void Set_Text(std::string_view, std::string_view) override {}
+    void Notify(ReportEvent) override {}
+    void Busy(bool) override {}
+    void Menus_Stale() override {}
     bool Close_All_Forms(std::string_view) override { return false; }
-    void Refresh_Menus() override {}
     void Open_Document(std::string_view path) override;
     [[noreturn]] void End_Program() override;
 

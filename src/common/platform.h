@@ -2,6 +2,7 @@
 // shows a box, asks the time or reads a setting. Implementations: the desktop's, the console's, the tests' fake.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,16 @@ struct FileDialog {
     std::string title;
     std::string defaultExtension;
     std::string filter;
+};
+
+// What happened to the open report, for whoever shows it.
+enum class ReportEvent : std::uint8_t {
+    Opening,    // one is being chosen, or opened
+    NotChosen,  // the choice was cancelled: the report that was open still is, or none
+    Making,     // one is being made
+    Named,      // its path was given to it, or another one
+    Opened,     // it is open, or was made
+    Closed,     // no report is open
 };
 
 class Platform {
@@ -66,15 +77,14 @@ class Platform {
     virtual std::string Data_Folder() { return {}; }
     // Where this user keeps documents, without a separator at its end. Empty: there is no such place.
     virtual std::string Documents_Folder() { return {}; }
-    // State of the main window that jobs change: "mnuReportSubmit" disabled, caption set, welcome frame shown ...
-    virtual void Set_Enabled(std::string_view control, bool enabled) = 0;
-    virtual void Set_Visible(std::string_view control, bool visible) = 0;
-    virtual void Set_Text(std::string_view control, std::string_view text) = 0;
+    virtual void Notify(ReportEvent event) = 0;
+    // While a job on the whole report runs the main window takes nothing.
+    virtual void Busy(bool on) = 0;
+    // What the menus are on or off by may have changed.
+    virtual void Menus_Stale() = 0;
     // Closes every worksheet form except the one named `but`, which asks for it: "frmEditS2". True when the user
     // cancelled.
     virtual bool Close_All_Forms(std::string_view but = {}) = 0;
-    // The main window's activate step.
-    virtual void Refresh_Menus() = 0;
     // Opens a document with the verb "Open". Where that fails a box says so.
     virtual void Open_Document(std::string_view path) = 0;
     // A report stays open between what the user does; others want to know of it.

@@ -157,7 +157,7 @@ bool Stands_Alone(Currency line) {
 }  // namespace
 
 void Load_AGOption() {
-    AGOption = Read_Option();
+    openReport.AGOption = Read_Option();
 }
 
 int CCGroupFor(Currency ccNum) {

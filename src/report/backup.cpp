@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iomanip>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include "common/atomic_file.h"
@@ -28,8 +29,6 @@ constexpr std::size_t kMostFolders = 200;
 constexpr std::uintmax_t kMostBytes = 500'000'000;
 constexpr int kNumberWidth = 6;
 constexpr mode_t kOwnersFolder = 0700, kOwnersFile = 0600;
-
-bool isExpected = false;
 
 struct Backup {
     long number = 0;  // 0: from before they were numbered
@@ -171,9 +170,8 @@ long Backup_Number(const std::string& name) {
 }
 
 void Keep_Backup() {
-    if (!isExpected) return;
-    isExpected = false;
-    Keep_Backup_Of(Native_Path(CRFPath));
+    if (!std::exchange(openReport.backupIsDue, false)) return;
+    Keep_Backup_Of(Native_Path(openReport.CRFPath));
 }
 
 void Keep_Backup_Of(const std::string& path, const std::string& spared) {
@@ -188,14 +186,6 @@ void Keep_Backup_Of(const std::string& path, const std::string& spared) {
         Drop_Surplus(folder, spared);
     } catch (const std::exception&) {  // no room for a backup is no reason to stop the work
     }
-}
-
-void Expect_Backup() {
-    isExpected = true;
-}
-
-void Forget_Backup() {
-    isExpected = false;
 }
 
 }  // namespace tallmar

@@ -16,14 +16,10 @@ inline constexpr const char* kBackupReportFile = "report.txt";
 long Backup_Number(const std::string& name);
 
 // Called by every job before it changes the report, outside a Job: the first call since opening keeps a copy of the
-// file. Troubles are passed over: a report is never held up for its backup.
+// file, where openReport.backupIsDue. Troubles are passed over: a report is never held up for its backup.
 void Keep_Backup();
 // The same for the file at `path`, which is about to be replaced: whatever it is. The backup `spared`, which is to take
 // its place, stays however old it is.
 void Keep_Backup_Of(const std::string& path, const std::string& spared = {});
-// A report was opened, and is unchanged.
-void Expect_Backup();
-// The report needs no backup: none is open, or it is new.
-void Forget_Backup();
 
 }  // namespace tallmar

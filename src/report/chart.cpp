@@ -99,7 +99,8 @@ bool Telemedicine_Is_Missing() {
 }
 
 bool Vaccine_Line_Is_Missing() {
-    return FYEnd >= kVaccineLineFrom && Count("SELECT Count(LineNum) AS Cnt From CostCenters WHERE LineNum=13.2;") == 0;
+    return openReport.FYEnd >= kVaccineLineFrom &&
+           Count("SELECT Count(LineNum) AS Cnt From CostCenters WHERE LineNum=13.2;") == 0;
 }
 
 }  // namespace
@@ -108,7 +109,7 @@ void Build_CC() {
     Create_Table("CostCenters", kChartFields);
     for (const std::string_view row : kLabelledRows) db.Execute(Sql(kLabelledHead, row));
     for (const std::string_view row : kRows) db.Execute(Sql(kHead, row));
-    if (FYEnd >= kVaccineLineFrom) db.Execute(Sql(kHead, kVaccineRow));
+    if (openReport.FYEnd >= kVaccineLineFrom) db.Execute(Sql(kHead, kVaccineRow));
     db.Execute("SELECT CostCenters.* INTO DeletedCCs FROM CostCenters Where LineNum = 0;");
     db.Execute(Sql(kDeletedHead, kHospiceRow));
     Edit_Worksheets("CostCenters", "Make", kInternalLevel);
@@ -133,7 +134,7 @@ std::string CheckAGCostCenters() {
     }
     chart.Close();
     for (const AGChart& required : kAGCharts) {
-        if (required.option != AGOption) continue;
+        if (required.option != openReport.AGOption) continue;
         const bool fits = lines == required.lines && groups == required.groups;
         return std::string(fits ? std::string_view{} : required.message);
     }
@@ -161,7 +162,8 @@ void Upgrade_Chart() {
 }
 
 void Tell_Forbidden_Sublines() {
-    const bool spans = FYStart != Date{} && FYStart < kCostLimitsEnd && FYEnd >= kCostLimitsEnd;
+    const bool spans =
+        openReport.FYStart != Date{} && openReport.FYStart < kCostLimitsEnd && openReport.FYEnd >= kCostLimitsEnd;
     if (!spans) return;
     if (Count("Select Count(*) as Cnt From CostCenters Where LineNum >= 12 and LineNum < 15 and LineNum <> "
               "Int(LineNum);") > 0) {

@@ -26,7 +26,7 @@ constexpr std::string_view kScratchTables[] = {"CalcAllErrLog", "Log",     "NewC
                                                "NewMSAErrLog",  "tblTemp", "ImportASCII"};
 
 std::string Temporary_File() {
-    return Real_Folder(CRFPath, CRFDir) + "/" + std::string(kTemporaryName);
+    return Real_Folder(openReport.CRFPath, openReport.CRFDir) + "/" + std::string(kTemporaryName);
 }
 
 // In a folder where each one removes his own files only, a link to another's file would stay for ever.
@@ -64,9 +64,9 @@ class SecondName {
 };
 
 void End_In_Distress() {
-    The_Platform().Message_Box(
-        Sql("PLEASE CALL QVR NOW, UNABLE TO COMPACT CRF AND UNABLE TO RENAME QVRTemp BACK TO ", CRFPath, "."), kStop,
-        "CRITICAL ERROR");
+    The_Platform().Message_Box(Sql("PLEASE CALL QVR NOW, UNABLE TO COMPACT CRF AND UNABLE TO RENAME QVRTemp BACK TO ",
+                                   openReport.CRFPath, "."),
+                               kStop, "CRITICAL ERROR");
     The_Platform().End_Program();
 }
 
@@ -106,7 +106,7 @@ bool Same_Content(const std::string& one, const std::string& other) {
 
 void Drop_Temporary_File(Leftover what) {
     const std::string temporary = Temporary_File();
-    const std::string report = Native_Path(CRFPath);
+    const std::string report = Native_Path(openReport.CRFPath);
     const auto id = Id_Of_Entry(temporary);
     std::error_code ignored;
     // The report itself may bear the temporary file's name.
@@ -117,7 +117,7 @@ void Drop_Temporary_File(Leftover what) {
 
 std::string Close_File() {
     Platform& window = The_Platform();
-    const std::string report = Native_Path(CRFPath);
+    const std::string report = Native_Path(openReport.CRFPath);
     std::string trouble;
     const auto attempt = [&](auto step) {
         try {
@@ -126,13 +126,13 @@ std::string Close_File() {
             if (trouble.empty()) trouble = error.Description();
         }
     };
-    window.Progress(Sql(" Repairing ", CRFPath));
+    window.Progress(Sql(" Repairing ", openReport.CRFPath));
     const bool readOnly = db.Is_Open() && db.Is_Read_Only();
     if (db.Is_Open()) db.Close();
     Drop_Temporary_File(Leftover::LinkOrCopy);
     attempt([&] { DBEngine::RepairDatabase(report); });
     window.Do_Events();
-    window.Progress(Sql(" Compacting ", CRFPath));
+    window.Progress(Sql(" Compacting ", openReport.CRFPath));
     for (const std::string_view table : kScratchTables) {
         try {
             db.TableDefs().Delete(table);

@@ -3,7 +3,6 @@
 #include "common/format.h"
 #include "common/text.h"
 #include "common/variant.h"
-#include "report/open_report.h"
 
 namespace tallmar {
 
@@ -23,21 +22,6 @@ std::string MSA_Code(const Value& typed) {
 }
 std::string CBSA_Code(const Value& typed) {
     return Code(typed, "00000");
-}
-
-void Load_MSA() {
-    gblMSACodes.clear();
-    gblCBSACodes.clear();
-    try {
-        Recordset codes = db.OpenRecordset("SELECT Col_1, Col_2 From S3p3 WHERE int([LineNum])>=29 Order By LineNum;",
-                                           RecordsetType::Snapshot);
-        for (; !codes.Eof(); codes.MoveNext()) {
-            if (!Is_Blank(codes["Col_1"])) gblMSACodes.push_back(MSA_Code(codes["Col_1"]));
-            if (!Is_Blank(codes["Col_2"])) gblCBSACodes.push_back(CBSA_Code(codes["Col_2"]));
-        }
-    } catch (const DbError& error) {  // a report without the worksheet has no codes
-        if (error.Ends_Work()) throw;
-    }
 }
 
 }  // namespace tallmar

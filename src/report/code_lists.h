@@ -1,4 +1,4 @@
-// The MSA and CBSA codes of S-3 Part III, held while the report is open.
+// The MSA and CBSA codes of S-3 Part III as they name worksheets.
 #pragma once
 
 #include <string>
@@ -11,9 +11,5 @@ namespace tallmar {
 // with letters in upper case. "" of a blank.
 std::string MSA_Code(const Value& typed);
 std::string CBSA_Code(const Value& typed);
-
-// gblMSACodes ("0000") and gblCBSACodes ("00000") from S-3 Part III line 29 on, in line order; empty where there are
-// none or the worksheet is missing.
-void Load_MSA();
 
 }  // namespace tallmar

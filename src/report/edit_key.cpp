@@ -4,7 +4,6 @@
 #include "common/platform.h"
 #include "common/sql_text.h"
 #include "report/backup.h"
-#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/store.h"
 #include "report/upgrade.h"
@@ -32,10 +31,10 @@ void Write_Identity(const Identity& identity) {
 }
 
 void Take_Identity(const Identity& identity) {
-    FYStart = identity.year.start;
-    FYEnd = identity.year.end;
-    ProviderNumber = identity.providerNumber;
-    ProviderName = identity.facilityName;
+    openReport.FYStart = identity.year.start;
+    openReport.FYEnd = identity.year.end;
+    openReport.ProviderNumber = identity.providerNumber;
+    openReport.ProviderName = identity.facilityName;
 }
 
 EntryField Check_Edit_Key(NewReportEntries& entries, Identity& identity) {
@@ -53,11 +52,13 @@ EntryField Check_Edit_Key(NewReportEntries& entries, Identity& identity) {
 }  // namespace
 
 Identity Present_Identity() {
-    return {.providerNumber = ProviderNumber, .facilityName = ProviderName, .year = {FYStart, FYEnd}};
+    return {.providerNumber = openReport.ProviderNumber,
+            .facilityName = openReport.ProviderName,
+            .year = {openReport.FYStart, openReport.FYEnd}};
 }
 
 std::string Change_Of_Year_Question(Date start) {
-    const YearMove move = Move_Year(FYStart, start);
+    const YearMove move = Move_Year(openReport.FYStart, start);
     if (!move) return {};
     return Sql("The new fiscal year uses other worksheets: ", move.added.empty() ? kNone : move.added,
                "; no longer used: ", move.removed.empty() ? kNone : move.removed, ".  Do you wish to continue?");
@@ -77,7 +78,7 @@ void Store_Identity(const Identity& identity) {
         job.Roll_Back();
         throw;
     }
-    FormNum = "1728";
+    openReport.FormNum = "1728";
 }
 
 namespace {
@@ -86,17 +87,17 @@ namespace {
 void Save_Identity(const Identity& identity) {
     const bool isOther = identity != Present_Identity();
     Store_Identity(identity);
-    if (isOther) Entry_Age().Other_Entry();
+    if (isOther) openReport.entryAge.Other_Entry();
 }
 
 }  // namespace
 
 NewReportEntries Load_Edit_Key() {
-    return {.formNum = FormNum,
-            .providerNumber = ProviderNumber,
-            .fyStart = Format(Value(FYStart), kEditKeyDates),
-            .fyEnd = Format(Value(FYEnd), kEditKeyDates),
-            .facilityName = ProviderName};
+    return {.formNum = openReport.FormNum,
+            .providerNumber = openReport.ProviderNumber,
+            .fyStart = Format(Value(openReport.FYStart), kEditKeyDates),
+            .fyEnd = Format(Value(openReport.FYEnd), kEditKeyDates),
+            .facilityName = openReport.ProviderName};
 }
 
 EntryField Save_Edit_Key(NewReportEntries& entries) {

@@ -7,11 +7,11 @@
 
 #include "common/format.h"
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/sql_text.h"
 #include "common/text.h"
-#include "report/open_report.h"
+#include "db/database.h"
 #include "report/paths.h"
-#include "report/window.h"
 
 namespace tallmar {
 
@@ -54,15 +54,10 @@ void Store(const LeftReports& reports) {
 
 }  // namespace
 
-EntryAge& Entry_Age() {
-    static EntryAge age;
-    return age;
-}
-
-void EntryAge::Report_Opened() {
+void EntryAge::Report_Opened(const std::string& reportPath) {
     *this = {};
     if (!The_Platform().Keeps_Reports_Open()) return;
-    const std::string path = Absolute_Path(CRFPath);
+    const std::string path = Absolute_Path(reportPath);
     const LeftReports reports = Left_Reports();
     const auto found = std::ranges::find(reports, path, &LeftReports::value_type::first);
     if (found != reports.end()) remembered_ = found->second;
@@ -82,15 +77,15 @@ void EntryAge::Row_Added_Or_Removed(std::string_view table, Currency line) {
     if (!rows_.insert(row).second) rows_.erase(row);
 }
 
-bool EntryAge::Look_Elsewhere() {
-    if (!db.Changed_Elsewhere()) return false;
+bool EntryAge::Look_Elsewhere(Database& database) {
+    if (!database.Changed_Elsewhere()) return false;
     elsewhere_ = true;
     return true;
 }
 
-void EntryAge::Calculated(std::size_t messages) {
+void EntryAge::Calculated(Database& database, std::size_t messages) {
     // What others had stored was calculated as well.
-    db.Changed_Elsewhere();
+    database.Changed_Elsewhere();
     auto kept = std::move(kept_);
     *this = {};
     kept_ = std::move(kept);
@@ -116,9 +111,9 @@ std::string EntryAge::Calculation_Text() const {
                messages == 0 ? "no messages" : Counted(messages, "message", "messages"), ".");
 }
 
-void EntryAge::Remember() {
-    if (CRFPath.empty() || !The_Platform().Keeps_Reports_Open()) return;
-    const std::pair now(Absolute_Path(CRFPath), Entries());
+void EntryAge::Remember(const std::string& reportPath) {
+    if (reportPath.empty() || !The_Platform().Keeps_Reports_Open()) return;
+    const std::pair now(Absolute_Path(reportPath), Entries());
     if (kept_ == now) return;
     LeftReports reports = Left_Reports();
     std::erase_if(reports, [&](const auto& report) { return report.first == now.first; });

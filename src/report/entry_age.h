@@ -1,4 +1,4 @@
-// What was entered in the open report since it was last calculated: whether its figures are those of its entries.
+// What was entered in a report since it was last calculated: whether its figures are those of its entries.
 #pragma once
 
 #include <cstddef>
@@ -14,23 +14,25 @@
 
 namespace tallmar {
 
+class Database;
+
 // Cells count by what they hold: an entry that is taken back, or entered again as it was, is none. Rows that were added
 // or removed count as one entry each. The file has no place for the count; for a window it is kept from one opening to
 // the next in the user's settings.
 class EntryAge {
   public:
-    // A report was opened or made; what was entered in the one before is forgotten.
-    void Report_Opened();
+    // The report at `reportPath` was opened or made.
+    void Report_Opened(const std::string& reportPath);
     // One cell of a worksheet's table went from `before` to `after`.
     void Cell_Stored(std::string_view table, Currency line, std::string_view field, const Value& before,
                      const Value& after);
     void Row_Added_Or_Removed(std::string_view table, Currency line);
     // Something that is no cell and goes into the calculation: the identity.
     void Other_Entry() { ++others_; }
-    // As Database::Changed_Elsewhere of the open report, and remembered until the next calculation.
-    bool Look_Elsewhere();
+    // As Database::Changed_Elsewhere of the report, and remembered until the next calculation.
+    bool Look_Elsewhere(Database& database);
     // The whole report was calculated, with so many messages.
-    void Calculated(std::size_t messages);
+    void Calculated(Database& database, std::size_t messages);
 
     std::size_t Entries() const { return cells_.size() + rows_.size() + others_ + remembered_; }
     // The figures may be other than a calculation would give.
@@ -40,7 +42,7 @@ class EntryAge {
     // "Calculated 6:12 PM, no messages."; empty before the first calculation since opening.
     std::string Calculation_Text() const;
     // Keeps the count in the settings, under the path of the report. For after every change.
-    void Remember();
+    void Remember(const std::string& reportPath);
 
   private:
     struct Calculation {
@@ -57,8 +59,5 @@ class EntryAge {
     std::optional<Calculation> calculation_;                   // since opening
     std::optional<std::pair<std::string, std::size_t>> kept_;  // path and count as the settings have them
 };
-
-// Of the open report.
-EntryAge& Entry_Age();
 
 }  // namespace tallmar

@@ -7,8 +7,8 @@
 #include "common/dates.h"
 #include "common/format.h"
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/text.h"
-#include "report/window.h"
 
 namespace tallmar {
 

@@ -32,11 +32,11 @@ void Build_Master() {
     Recordset master = db.OpenRecordset("Master", RecordsetType::Table);
     master.AddNew();
     master.Fields("BuildDate").Set(The_Platform().Now());
-    master.Fields("FormNum").Set(FormNum);
-    master.Fields("ProviderNumber").Set(ProviderNumber);
-    master.Fields("FYStart").Set(FYStart);
-    master.Fields("FYEnd").Set(FYEnd);
-    master.Fields("ProviderName").Set(ProviderName);
+    master.Fields("FormNum").Set(openReport.FormNum);
+    master.Fields("ProviderNumber").Set(openReport.ProviderNumber);
+    master.Fields("FYStart").Set(openReport.FYStart);
+    master.Fields("FYEnd").Set(openReport.FYEnd);
+    master.Fields("ProviderName").Set(openReport.ProviderName);
     master.Update();
     master.Close();
 }
@@ -50,7 +50,7 @@ void Build_HeaderLines() {
 }
 
 void Load_HeaderLines() {
-    std::string* const lines[] = {&HeaderLine1, &HeaderLine2, &HeaderLine3};
+    std::string* const lines[] = {&openReport.HeaderLine1, &openReport.HeaderLine2, &openReport.HeaderLine3};
     for (int line = 1; line <= kHeaderLines; ++line) {
         std::string& text = *lines[line - 1];
         text.clear();
@@ -66,11 +66,11 @@ bool Load_Master() {
     try {
         const Row master = db.Read_Row("SELECT FormNum, FYEnd, FYStart, ProviderName, ProviderNumber FROM Master;");
         if (!master) return false;
-        FormNum = Nz_Str(master["FormNum"]);
-        FYEnd = master["FYEnd"].Is_Null() ? Date{} : master["FYEnd"].To_Date();
-        FYStart = master["FYStart"].Is_Null() ? Date{} : master["FYStart"].To_Date();
-        ProviderName = Nz_Str(master["ProviderName"]);
-        ProviderNumber = Nz_Str(master["ProviderNumber"]);
+        openReport.FormNum = Nz_Str(master["FormNum"]);
+        openReport.FYEnd = master["FYEnd"].Is_Null() ? Date{} : master["FYEnd"].To_Date();
+        openReport.FYStart = master["FYStart"].Is_Null() ? Date{} : master["FYStart"].To_Date();
+        openReport.ProviderName = Nz_Str(master["ProviderName"]);
+        openReport.ProviderNumber = Nz_Str(master["ProviderNumber"]);
         return true;
     } catch (const DbError& error) {
         if (error.Ends_Work()) throw;

@@ -6,7 +6,6 @@
 #include "common/text.h"
 #include "common/variant.h"
 #include "report/open_report.h"
-#include "report/registry.h"
 #include "report/tables.h"
 
 namespace tallmar {
@@ -93,16 +92,16 @@ void Start_Msg_Log(std::string_view prefix) {
     if (Is_Log(table)) {
         db.Execute(Sql("DELETE * FROM ", table, ";"));
     } else {
-        TableExists(table, true);  // never registered, so what stands there goes
+        if (TableDefs tables = db.TableDefs(); tables.Has(table)) tables.Delete(table);
         Create_Table(table, kErrLogFields);
         db.TableDefs().Refresh();
     }
-    MsgLogPrefix = prefix;
+    openReport.MsgLogPrefix = prefix;
 }
 
 void End_Msg_Log(std::string_view prefix, bool quiet) {
     struct Release {
-        ~Release() { MsgLogPrefix.clear(); }
+        ~Release() { openReport.MsgLogPrefix.clear(); }
     } release;
     if (!quiet) Show_Log(prefix);
 }
@@ -116,12 +115,24 @@ std::size_t Msg_Log_Count(std::string_view prefix) {
     return static_cast<std::size_t>(count["Cnt"].To_Long());
 }
 
+namespace {
+
+void Add_Row(std::string_view level, std::string_view form, std::string_view prompt) {
+    db.Execute(Sql("Insert INTO ", Log_Table(openReport.MsgLogPrefix), " (ErrLevel,ErrForm,ErrMessage) VALUES (\"",
+                   level, "\", \"", form, "\", \"", prompt, "\");"));
+}
+
+}  // namespace
+
 Answer Report_Msg(std::string_view prompt, int buttons, std::string_view title) {
-    if (MsgLogPrefix.empty()) return The_Platform().Message_Box(prompt, buttons, title);
-    const std::string_view level = Level_Of(buttons, To_Upper(title));
-    db.Execute(Sql("Insert INTO ", Log_Table(MsgLogPrefix), " (ErrLevel,ErrForm,ErrMessage) VALUES (\"", level,
-                   "\", \"", Form_Of(title), "\", \"", prompt, "\");"));
+    if (openReport.MsgLogPrefix.empty()) return The_Platform().Message_Box(prompt, buttons, title);
+    Add_Row(Level_Of(buttons, To_Upper(title)), Form_Of(title), prompt);
     return Answer::None;
+}
+
+void Report_Error(const Item& item, std::string_view prompt, int icon) {
+    if (!openReport.MsgLogPrefix.empty()) return Add_Row("E", item.Name(), prompt);
+    The_Platform().Message_Box(prompt, icon, "Error: Worksheet " + item.Name());
 }
 
 }  // namespace tallmar

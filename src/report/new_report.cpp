@@ -8,7 +8,6 @@
 #include "report/ag_option.h"
 #include "report/build_worksheet.h"
 #include "report/chart.h"
-#include "report/code_lists.h"
 #include "report/master.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
@@ -18,7 +17,6 @@
 #include "report/report_lock.h"
 #include "report/run_log.h"
 #include "report/store.h"
-#include "report/window.h"
 
 namespace tallmar {
 
@@ -32,16 +30,16 @@ void Assemble_CRF(const NewReportEntries& entries, const FiscalYear& year) {
     Start_Msg_Log(kLogPrefix);
     Build_Worksheets();
     Build_Log();
-    FormNum = Left(entries.formNum, 4);
-    FYStart = year.start;
-    FYEnd = year.end;
-    ProviderNumber = entries.providerNumber;
-    ProviderName = entries.facilityName;
+    openReport.FormNum = Left(entries.formNum, 4);
+    openReport.FYStart = year.start;
+    openReport.FYEnd = year.end;
+    openReport.ProviderNumber = entries.providerNumber;
+    openReport.ProviderName = entries.facilityName;
     Build_Master();
     Build_HeaderLines();
     Build_CC();
     for (const WorksheetFamily& family : Families()) {
-        if (!family.inNewReport || !Year_Has(family.years, FYStart)) continue;
+        if (!family.inNewReport || !Year_Has(family.years, openReport.FYStart)) continue;
         Build_Worksheet_Reported(std::string(Stem_Of(family.items)));
         The_Platform().Do_Events();
     }
@@ -88,22 +86,21 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
     }
     lock.Keep();
     Take_Path(path);
-    window.Set_Visible("frmCreateNewCRF", false);
+    window.Notify(ReportEvent::Making);
     window.Hourglass(true);
-    window.Set_Enabled("frmMain", false);
-    window.Set_Text("frmMain", Window_Caption());
+    window.Busy(true);
+    window.Notify(ReportEvent::Named);
     const bool made = Make_File(entries, year);
     if (made && Report_Is_Open()) {
         Show_New_Report([] {
-            Show_Report();
-            Load_MSA();
+            The_Platform().Notify(ReportEvent::Opened);
             Load_AGOption();
         });
     } else {
         Forget_Report();
     }
     window.Hourglass(false);
-    window.Set_Enabled("frmMain", true);
+    window.Busy(false);
     if (made && Report_Is_Open()) Show_New_Report([] { End_Msg_Log(kLogPrefix); });
     return made;
 }

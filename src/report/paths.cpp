@@ -3,8 +3,8 @@
 #include <unistd.h>
 
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/text.h"
-#include "report/window.h"
 
 namespace tallmar {
 

@@ -143,7 +143,7 @@ void Edit_Worksheets(std::string_view item, std::string_view action, int value) 
         worksheets.Fields("CalcErrs").Set(value);
         worksheets.Fields("ReCalc").Set(value != 0);
         worksheets.Update();
-        The_Platform().Set_Enabled("mnuReportSubmit", false);
+        openReport.ecrMayBeBuilt = false;
     } else if (action == "Save" || action == "Prnt" || action == "Kill") {
         Stamp(worksheets, action == "Save" ? "SaveDate" : action == "Prnt" ? "PrntDate" : "KillDate");
         worksheets.Update();

@@ -46,7 +46,7 @@ bool May_Replace_File(const std::string& path) {
     std::error_code ignored;
     const auto there = Id_Of(Native_Path(path));
     if (!there || std::filesystem::is_directory(Native_Path(path), ignored) ||
-        (!CRFPath.empty() && there == Id_Of(Native_Path(CRFPath))))
+        (!openReport.CRFPath.empty() && there == Id_Of(Native_Path(openReport.CRFPath))))
         return true;
     const std::string prompt = Sql("The file '", path, "' exists already.  Do you want to replace it?");
     return The_Platform().Message_Box(prompt, kYesNo | kQuestion | kDefaultButton2, "Replace File?") == Answer::Yes;

@@ -17,10 +17,11 @@
 
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/sql_text.h"
 #include "common/text.h"
+#include "report/open_report.h"
 #include "report/paths.h"
-#include "report/window.h"
 
 namespace tallmar {
 
@@ -33,13 +34,6 @@ constexpr mode_t kForAll = 0666;
 // Whoever only looks holds the lock for a moment.
 constexpr int kTries = 10;
 constexpr std::chrono::milliseconds kBetweenTries{5};
-
-// The lock of the open report; without a file where none could be had.
-struct HeldLock {
-    int file = -1;
-    std::string name;
-};
-HeldLock held;
 
 // Two spellings of one path have one lock.
 std::string Lock_Name(const std::string& path) {
@@ -113,28 +107,21 @@ bool Refuse(const std::string& path, const std::string& holder) {
     return false;
 }
 
-void Give_Back(int file, const std::string& name) {
-    // Unlinked while it is locked: whoever waits for it finds that the name has gone, and starts anew.
-    if (Still_Bears(file, name)) ::unlink(name.c_str());
-    ::flock(file, LOCK_UN);
-    ::close(file);
-}
-
 }  // namespace
 
 bool ReportLock::Take(const std::string& path) {
-    Release();
+    lock_ = {};
     if (!The_Platform().Keeps_Reports_Open()) return Report_Is_Free(path);
     const std::string name = Lock_Name(path);
-    name_ = name;
-    if (name.empty() || held.name == name) return true;
+    lock_ = FileLock(FileLock::kNone, name);
+    if (name.empty() || openReport.lock.Name() == name) return true;
     for (;;) {
         const int file = Open_Lock(name, true);
         if (file < 0) return true;
         const Try tried = Is_Ours(file) ? Lock(file, LOCK_EX) : Try::Without;
         if (tried == Try::Locked && Still_Bears(file, name)) {
             Write_Holder(file);
-            file_ = file;
+            lock_ = FileLock(file, name);
             return true;
         }
         const std::string holder = Holder(file);
@@ -146,23 +133,13 @@ bool ReportLock::Take(const std::string& path) {
 }
 
 void ReportLock::Keep() {
-    if (file_ < 0 && held.name == name_) return;
-    Release_Report_Lock();
-    held = {std::exchange(file_, -1), name_};
-}
-
-void ReportLock::Release() {
-    if (file_ >= 0) Give_Back(std::exchange(file_, -1), name_);
-}
-
-void Release_Report_Lock() {
-    if (held.file >= 0) Give_Back(std::exchange(held.file, -1), held.name);
-    held.name.clear();
+    if (!lock_.Is_Held() && openReport.lock.Name() == lock_.Name()) return;
+    openReport.lock = std::move(lock_);
 }
 
 bool Report_Is_Free(const std::string& path) {
     const std::string name = Lock_Name(path);
-    if (name.empty() || held.name == name) return true;
+    if (name.empty() || openReport.lock.Name() == name) return true;
     const int file = Open_Lock(name, false);
     if (file < 0) return true;
     const Try tried = Is_Ours(file) ? Lock(file, LOCK_SH) : Try::Without;

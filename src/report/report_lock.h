@@ -6,16 +6,13 @@
 
 #include <string>
 
+#include "report/file_lock.h"
+
 namespace tallmar {
 
 // A report taken for this program. Released at the end of the value, unless it was kept for the open report.
 class ReportLock {
   public:
-    ReportLock() = default;
-    ~ReportLock() { Release(); }
-    ReportLock(const ReportLock&) = delete;
-    ReportLock& operator=(const ReportLock&) = delete;
-
     // False after the box "Report In Use", where another program has the report at `path` open. The report need not
     // exist yet. True also where no lock can be had: in a folder that cannot be written, on a disk without locks. A
     // platform that keeps no reports open takes nothing, and only looks.
@@ -24,14 +21,9 @@ class ReportLock {
     void Keep();
 
   private:
-    void Release();
-
-    int file_ = -1;     // -1: nothing is held
-    std::string name_;  // of the lock's file
+    FileLock lock_;
 };
 
-// The report is closed.
-void Release_Report_Lock();
 // False after the box, where another program has the report at `path` open: whoever changes it asks first.
 bool Report_Is_Free(const std::string& path);
 

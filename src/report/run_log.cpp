@@ -3,7 +3,6 @@
 #include "common/dates.h"
 #include "common/platform.h"
 #include "common/sql_text.h"
-#include "common/text.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "report/tables.h"
@@ -30,10 +29,9 @@ void Build_Log() {
     Edit_Worksheets("Log", "Make", kInternalLevel);
 }
 
-void Clear_Log(std::string_view type) {
-    if (!type.empty()) LogType = To_Upper(Left(type, 1));
+void Clear_Log(char type) {
     if (!TableExists("Log", true)) return;
-    db.Execute(Sql("DELETE * FROM Log WHERE LogType = '", LogType, "';"));
+    db.Execute(Sql("DELETE * FROM Log WHERE LogType = '", std::string_view(&type, 1), "';"));
 }
 
 void Log_Calc(std::string_view module, std::string_view procedure, std::string_view worksheet,

@@ -7,8 +7,8 @@ namespace tallmar {
 
 // The table with its first row; registered at level 999.
 void Build_Log();
-// Deletes the lines of a type (its first letter, which becomes LogType; empty: that of LogType).
-void Clear_Log(std::string_view type);
+// Deletes the lines of a type, an upper-case letter: 'C' has those of the calculation.
+void Clear_Log(char type);
 // A line of the calculation for information. Nothing happens in a report without the table.
 void Log_Calc(std::string_view module, std::string_view procedure, std::string_view worksheet,
               std::string_view message);

@@ -42,7 +42,7 @@ bool Run_Step(const Item& item, const std::function<void()>& step) {
         throw;
     } catch (const std::exception& error) {
         if (Is_File_Trouble(error)) throw;
-        Report_Msg(Text_Of(item, error), kStop, "Error: Worksheet " + item.Name());
+        Report_Error(item, Text_Of(item, error));
         return false;
     }
 }

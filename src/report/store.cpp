@@ -2,20 +2,19 @@
 
 #include "common/file_id.h"
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/sql_text.h"
 #include "report/ag_option.h"
 #include "report/backup.h"
 #include "report/backup_list.h"
 #include "report/chart.h"
 #include "report/close_file.h"
-#include "report/code_lists.h"
-#include "report/entry_age.h"
 #include "report/master.h"
+#include "report/open_report.h"
 #include "report/paths.h"
 #include "report/replace.h"
 #include "report/report_lock.h"
 #include "report/upgrade.h"
-#include "report/window.h"
 
 namespace tallmar {
 
@@ -43,9 +42,9 @@ bool Refuse(const std::string& text) {
 }
 
 std::string Cannot_Open(std::string_view trouble) {
-    const bool hasBackup = The_Platform().Keeps_Reports_Open() && Has_Backup(CRFPath);
+    const bool hasBackup = The_Platform().Keeps_Reports_Open() && Has_Backup(openReport.CRFPath);
     return Sql(
-        "The file ", CRFPath, " cannot be opened as a Cost Report File.  ", trouble,
+        "The file ", openReport.CRFPath, " cannot be opened as a Cost Report File.  ", trouble,
         hasBackup ? "\r\rBackups of it are kept.  Select Report File, Open a Backup to open a copy of one." : "");
 }
 
@@ -53,7 +52,7 @@ std::string Foreign_Form() {
     return Sql("You are presently running ", kProgramTitle,
                ".  This program is for use only in producing CMS 1728 Cost Reports.  You have just attempted to open a "
                "CRF file (",
-               CRFTitle, ") containing data for a CMS ", FormNum,
+               openReport.CRFTitle, ") containing data for a CMS ", openReport.FormNum,
                " Cost Report.  Your request is being aborted.  Select OK to proceed.");
 }
 
@@ -62,12 +61,11 @@ void Tell_Rebuilt_Index() {
     The_Platform().Message_Box("An index of the report was damaged and has been rebuilt.", kExclamation, kProgramTitle);
 }
 
-// What stands in the file is mirrored in the process-wide values.
+// What the file says is kept while it is open.
 void Load_Values() {
     Load_HeaderLines();
-    Load_MSA();
     Load_AGOption();
-    Entry_Age().Report_Opened();
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
 }
 
 bool System_Error(const std::exception& error) {
@@ -77,7 +75,7 @@ bool System_Error(const std::exception& error) {
 
 void Reopen() {
     try {
-        db = DBEngine::OpenDatabase(Native_Path(CRFPath));
+        db = DBEngine::OpenDatabase(Native_Path(openReport.CRFPath));
     } catch (const DbError& error) {
         The_Platform().Message_Box(Cannot_Open(error.what()), kStop, kInvalidTitle);
         Forget_Report();
@@ -95,7 +93,7 @@ void Copy_File(const std::string& from, const std::string& to) {
 bool Copy_Open_Report(const std::string& path, std::string& trouble) {
     db.Close();
     try {
-        Copy_File(Native_Path(CRFPath), Native_Path(path));
+        Copy_File(Native_Path(openReport.CRFPath), Native_Path(path));
         return true;
     } catch (const std::exception& error) {
         trouble = error.what();
@@ -113,17 +111,20 @@ bool Report_Is_Open() {
 
 void Forget_Report() {
     if (Report_Is_Open()) db.Close();
-    Release_Report_Lock();
-    Forget_Backup();
-    MsgLogPrefix.clear();
-    CRFPath.clear();
-    Show_No_Report();
+    openReport = {};
+    The_Platform().Progress("");
+    The_Platform().Notify(ReportEvent::Closed);
+    The_Platform().Menus_Stale();
 }
 
 void Take_Path(const std::string& path) {
-    CRFTitle = File_Title_Of(path);
-    CRFPath = path;
-    CRFDir = Folder_Of(path);
+    if (Report_Is_Open()) db.Close();
+    OpenReport report;
+    report.lock = std::move(openReport.lock);  // until another one is kept in its place
+    report.CRFTitle = File_Title_Of(path);
+    report.CRFPath = path;
+    report.CRFDir = Folder_Of(path);
+    openReport = std::move(report);
 }
 
 bool Report_Open(const std::string& path, OpenFor use) {
@@ -132,28 +133,29 @@ bool Report_Open(const std::string& path, OpenFor use) {
         if (window.Close_All_Forms()) return false;
         db.Close();
     }
-    window.Set_Visible("fraWelcome", false);
+    window.Notify(ReportEvent::Opening);
     window.Hourglass(true);
     window.Do_Events();
     Take_Path(path);
     // The command line may look at a report that is open in a window.
     ReportLock lock;
-    if (window.Keeps_Reports_Open() && !lock.Take(CRFPath)) return Give_Up();
+    if (window.Keeps_Reports_Open() && !lock.Take(openReport.CRFPath)) return Give_Up();
     lock.Keep();
-    if (Is_Remembered_Folder(CRFDir)) window.Save_Setting(kProgramTitle, "Startup", "CRFLoc", CRFDir);
-    Show_Caption();
+    if (Is_Remembered_Folder(openReport.CRFDir))
+        window.Save_Setting(kProgramTitle, "Startup", "CRFLoc", openReport.CRFDir);
+    window.Notify(ReportEvent::Named);
     try {
-        const std::string file = Native_Path(CRFPath);
+        const std::string file = Native_Path(openReport.CRFPath);
         // Whoever only reads leaves the file as it is, whatever is to be mended.
         db = use == OpenFor::Reading ? DBEngine::OpenCopy(file) : DBEngine::OpenDatabase(file);
         Tell_Rebuilt_Index();
         if (!Load_Master()) return Refuse(Cannot_Open("It has no Master record."));
-        if (FormNum != kFormNum) {
+        if (openReport.FormNum != kFormNum) {
             window.Beep();
             return Refuse(Foreign_Form());
         }
         if (use == OpenFor::Changing) {
-            Expect_Backup();
+            openReport.backupIsDue = true;
             Upgrade_CRF();
             Tell_Forbidden_Sublines();
         } else if (CRF_Needs_Upgrade()) {
@@ -162,9 +164,9 @@ bool Report_Open(const std::string& path, OpenFor use) {
     } catch (const std::exception& error) {
         return Refuse(Cannot_Open(error.what()));
     }
-    Show_Report();
+    window.Notify(ReportEvent::Opened);
     Load_Values();
-    window.Refresh_Menus();
+    window.Menus_Stale();
     window.Hourglass(false);
     return true;
 }
@@ -172,11 +174,11 @@ bool Report_Open(const std::string& path, OpenFor use) {
 bool Report_Open_Dialog() {
     if (Report_Is_Open() && The_Platform().Close_All_Forms()) return false;
     Platform& window = The_Platform();
-    window.Set_Visible("fraWelcome", false);
+    window.Notify(ReportEvent::Opening);
     const std::string folder = Dialog_Folder();
     const auto path = window.Open_File({folder, folder + "\\*.CRF", "Open An Existing CRF", kExtension, kFilter});
     if (path) return Report_Open(*path);
-    window.Set_Visible("fraWelcome", !Report_Is_Open());
+    window.Notify(ReportEvent::NotChosen);
     return false;
 }
 
@@ -194,21 +196,22 @@ bool Report_Save_As(const std::string& path) {
     std::string trouble;  // the box that is stated for it does not tell it
     const bool copied = Copy_Open_Report(path, trouble);
     if (copied) {
-        CRFTitle = File_Title_Of(path);
-        CRFPath = path;
+        openReport.CRFTitle = File_Title_Of(path);
+        openReport.CRFPath = path;
+        openReport.ecrMayBeBuilt = false;
         lock.Keep();
-        Show_Caption();
+        The_Platform().Notify(ReportEvent::Named);
     }
     Reopen();
-    if (copied && Report_Is_Open()) Expect_Backup();
-    The_Platform().Refresh_Menus();
+    if (copied && Report_Is_Open()) openReport.backupIsDue = true;
+    The_Platform().Menus_Stale();
     return copied && Report_Is_Open();
 }
 
 std::optional<std::string> Ask_Save_As_Path() {
     const std::string folder = Dialog_Folder();
     return The_Platform().Save_File(
-        {folder, folder + "\\" + CRFTitle, "Save Cost Report File As ...", kExtension, kFilter});
+        {folder, folder + "\\" + openReport.CRFTitle, "Save Cost Report File As ...", kExtension, kFilter});
 }
 
 bool Report_Save_As_Dialog() {
@@ -225,7 +228,7 @@ bool Report_Close() {
 bool Report_Close(std::string& trouble) {
     Platform& window = The_Platform();
     window.Hourglass(true);
-    window.Set_Enabled("frmMain", false);
+    window.Busy(true);
     window.Do_Events();
     const bool cancelled = window.Close_All_Forms();
     if (!cancelled) {
@@ -235,7 +238,7 @@ bool Report_Close(std::string& trouble) {
         Forget_Report();
     }
     window.Hourglass(false);
-    window.Set_Enabled("frmMain", true);
+    window.Busy(false);
     return !cancelled;
 }
 
@@ -247,21 +250,19 @@ void Report_Release() {
 }
 
 bool CreateCRF() {
-    if (Report_Is_Open()) db.Close();
-    Forget_Backup();
     The_Platform().Do_Events();
     try {
-        db = DBEngine::CreateDatabase(Native_Path(CRFPath), kLocale);
+        db = DBEngine::CreateDatabase(Native_Path(openReport.CRFPath), kLocale);
     } catch (const std::exception& error) {
         return System_Error(error);
     }
     Load_HeaderLines();
-    Entry_Age().Report_Opened();
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
     return true;
 }
 
 bool Finish_CRF() {
-    const std::string report = Native_Path(CRFPath);
+    const std::string report = Native_Path(openReport.CRFPath);
     try {
         if (Id_Of(report)) Keep_Backup_Of(report);
         DBEngine::Finish_Creation(db);

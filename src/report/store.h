@@ -38,7 +38,7 @@ bool Report_Close(std::string& trouble);
 // a killed close left behind goes. Nothing happens while no report is open.
 void Report_Release();
 bool Report_Is_Open();
-// Closes whatever `db` holds and leaves the window without a report.
+// Closes the report and leaves the window without one.
 void Forget_Report();
 
 // A new empty database for CRFPath in `db`, in memory until Finish_CRF. False after the box "System Error".
@@ -48,7 +48,7 @@ bool CreateCRF();
 // open, after the same box, where the report was made and could only not be opened again.
 bool Finish_CRF();
 
-// Takes CRFPath, CRFDir and CRFTitle from `path`.
+// The open report is the one at `path`, by CRFPath, CRFDir and CRFTitle, and not opened yet.
 void Take_Path(const std::string& path);
 
 }  // namespace tallmar

@@ -43,7 +43,7 @@ Pieces Chart_Pieces() {
 
 // Without its dates a report has every worksheet that it has.
 bool Has_Year() {
-    return FYStart != Date{};
+    return openReport.FYStart != Date{};
 }
 
 // Worksheets that the fiscal year no longer has go, and so do tables of such a name without a row in the registry.
@@ -55,7 +55,7 @@ Pieces Removal_Pieces() {
     Pieces pieces;
     for (const std::string& item : items) {
         const auto same = [&](const Piece& piece) { return Same_Text(piece.item.Name(), item); };
-        if (Year_Has(item, FYStart) || std::ranges::any_of(pieces, same)) continue;
+        if (Year_Has(item, openReport.FYStart) || std::ranges::any_of(pieces, same)) continue;
         pieces.push_back({item, [item] { Drop_Worksheet(item); }});
     }
     return pieces;
@@ -77,7 +77,8 @@ Pieces Missing_Pieces() {
     if (!Has_Year()) return {};
     Pieces pieces;
     for (const WorksheetFamily& family : Families()) {
-        if (family.years == Years::Always || !family.inNewReport || !Year_Has(family.years, FYStart)) continue;
+        if (family.years == Years::Always || !family.inNewReport || !Year_Has(family.years, openReport.FYStart))
+            continue;
         const Item missing{std::string(Stem_Of(family.items))};
         if (Any_Row(Sql("SELECT Item FROM Worksheets WHERE Item Like(\"", missing.Name(), "*\");"))) continue;
         pieces.push_back({missing, [missing] { Build_Worksheet(missing); }});
@@ -153,7 +154,7 @@ Pieces Due(Pieces (*step)()) {
 
 // The older file stays beside the report as it was.
 void Keep_Old_File() {
-    const std::filesystem::path report = Native_Path(CRFPath);
+    const std::filesystem::path report = Native_Path(openReport.CRFPath);
     std::filesystem::path kept = report;
     kept.replace_extension(".before-upgrade.CRF");
     for (int next = 2; !DBEngine::CopyToNewFile(report.string(), kept.string()); ++next) {

@@ -180,12 +180,6 @@ bool May_Remove_Codes(const Item& item, Currency line, const EntryTalk& talk) {
 
 constexpr std::array kFollowers{SideTable{"Cp2*"}, SideTable{"Cp4"}};
 
-// Each code has a worksheet of C Part II and a line of Part IV.
-void Follow_Codes() {
-    Load_MSA();
-    Sync_Cp2();
-}
-
 // The codes are line 29 and its sublines.
 Currency Next_Code() {
     const Currency last = Read_Currency("SELECT Max(LineNum) AS HighLN FROM S3p3 WHERE LineNum >= 29;");
@@ -203,7 +197,7 @@ Currency Add_Code(const Item&, Currency) {
 void Remove_Code(const Item&, Currency line) {
     if (line < kFirstCode) return;
     db.Execute(Sql("DELETE FROM S3p3 WHERE LineNum = ", line, ";"));
-    Follow_Codes();
+    Sync_Cp2();
 }
 
 }  // namespace
@@ -220,7 +214,7 @@ constinit const FormDescription kEditS3p3{
     .where = "LineNum >= 29",
     .columns = {kCodes},
     .cells = {.check = Check_Code},
-    .rows = {.follow = Follow_Codes, .sides = kFollowers, .mayUndo = May_Undo_Codes},
+    .rows = {.follow = Sync_Cp2, .sides = kFollowers, .mayUndo = May_Undo_Codes},
     .lines = {.next = Next_Code_Line, .add = Add_Code, .remove = Remove_Code, .mayRemove = May_Remove_Codes}};
 constinit const FormDescription kEditS3p4{
     .name = "frmEditS3p4", .where = "LineNum Not In(42, 44)", .columns = {kPayment}, .cells = {.nullIsShaded = true}};

@@ -44,7 +44,7 @@ Date Date_In(const RowUnderEdit& row, std::string_view field, Date present) {
 }
 
 FiscalYear Year_In(const RowUnderEdit& row) {
-    return {Date_In(row, kFirst, FYStart), Date_In(row, kSecond, FYEnd)};
+    return {Date_In(row, kFirst, openReport.FYStart), Date_In(row, kSecond, openReport.FYEnd)};
 }
 
 CellResult Check_Start(std::string text) {
@@ -104,7 +104,7 @@ std::optional<Refusal> Leave_Identity_Row(const RowPlace& place) {
     const RowUnderEdit& row = place.row;
     if (row.Line() != kYearLine) return std::nullopt;
     const FiscalYear year = Year_In(row);
-    if (year == FiscalYear{FYStart, FYEnd}) return std::nullopt;
+    if (year == FiscalYear{openReport.FYStart, openReport.FYEnd}) return std::nullopt;
     if (const EntryBox* box = Check_Sequence(year)) return Refused(box->title, box->text, false);
     return Confirm_Year(place.talk, year);
 }

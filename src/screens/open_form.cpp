@@ -258,18 +258,18 @@ void OpenForm::Tell(StoredChange change) const {
 // Names that a number fills in beside it are no entries, nor is a table that is no worksheet.
 void OpenForm::Note_Entries() const {
     if (Find_Family(item_) == nullptr) return;
-    if (!row_.Exists()) Entry_Age().Row_Added_Or_Removed(table_, row_.Line());
+    if (!row_.Exists()) openReport.entryAge.Row_Added_Or_Removed(table_, row_.Line());
     for (const auto& [field, value] : row_.Entered()) {
         const GridColumn* column = Find_Column(field);
         if (column == nullptr || column->kind == CellKind::Shown) continue;
-        Entry_Age().Cell_Stored(table_, row_.Line(), field, row_.Stored(field), value);
+        openReport.entryAge.Cell_Stored(table_, row_.Line(), field, row_.Stored(field), value);
     }
 }
 
 void OpenForm::Note_Rows(const TableChange& change) const {
     if (Find_Family(item_) == nullptr) return;
     for (const RowChange& row : change.rows) {
-        if (row.before.empty() != row.after.empty()) Entry_Age().Row_Added_Or_Removed(table_, row.line);
+        if (row.before.empty() != row.after.empty()) openReport.entryAge.Row_Added_Or_Removed(table_, row.line);
     }
 }
 

@@ -12,10 +12,10 @@ namespace tallmar {
 namespace {
 
 bool Ends_With_Limits() {
-    return FYEnd < kCostLimitsEnd;
+    return openReport.FYEnd < kCostLimitsEnd;
 }
 bool Starts_After_Limits() {
-    return FYStart >= kCostLimitsEnd;
+    return openReport.FYStart >= kCostLimitsEnd;
 }
 
 // A worksheet that every report has and some years do not use: the lists that leave it out then.
@@ -37,7 +37,7 @@ constexpr std::array kUnused{
 
 bool Year_Leaves_Out(WorksheetList list, FormMode mode, const Item& item) {
     const WorksheetFamily* family = Find_Family(item);
-    if (list == WorksheetList::Walk && family != nullptr && Have_Ended(family->years, FYStart)) return true;
+    if (list == WorksheetList::Walk && family != nullptr && Have_Ended(family->years, openReport.FYStart)) return true;
     return std::ranges::any_of(kUnused, [&](const UnusedWorksheet& rule) {
         return rule.list == list && rule.mode == mode && rule.items.Matches(item.Name()) && rule.unused();
     });

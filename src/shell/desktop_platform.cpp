@@ -11,11 +11,12 @@
 #include <cstdlib>
 
 #include "common/dates.h"
+#include "common/program.h"
 #include "report/paths.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
 #include "shell/desktop_platform_boxes.h"
 #include "shell/frm_batch_msgs.h"
+#include "shell/frm_create_new_crf.h"
 #include "shell/frm_main.h"
 
 namespace tallmar {
@@ -149,27 +150,20 @@ void DesktopPlatform::Save_Setting(std::string_view application, std::string_vie
     settings.setValue(Settings_Key(section, key), Qt_Text(value));
 }
 
-void DesktopPlatform::Set_Enabled(std::string_view control, bool enabled) {
-    if (main_ != nullptr) main_->Set_Enabled(control, enabled);
+void DesktopPlatform::Notify(ReportEvent event) {
+    if (event == ReportEvent::Making) Hide_Create_New_CRF();
+    if (main_ != nullptr) main_->Follow(event);
 }
 
-void DesktopPlatform::Set_Visible(std::string_view control, bool visible) {
-    // Dialogs are windows of their own.
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window != main_ && window->objectName() == Qt_Text(control)) return window->setVisible(visible);
-    }
-    if (main_ != nullptr) main_->Set_Visible(control, visible);
-}
-
-void DesktopPlatform::Set_Text(std::string_view control, std::string_view text) {
-    if (main_ != nullptr) main_->Set_Text(control, Qt_Text(text));
+void DesktopPlatform::Busy(bool on) {
+    if (main_ != nullptr) main_->Set_Busy(on);
 }
 
 bool DesktopPlatform::Close_All_Forms(std::string_view but) {
     return main_ != nullptr && main_->Forms().Close_All_Forms(but);
 }
 
-void DesktopPlatform::Refresh_Menus() {
+void DesktopPlatform::Menus_Stale() {
     if (main_ != nullptr) main_->Refresh_Menus();
 }
 

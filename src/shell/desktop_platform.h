@@ -1,5 +1,5 @@
-// The desktop's door to the outside: boxes, file dialogs, pointer, progress, settings and clock over Qt, and the main
-// window's controls by their names.
+// The platform of the desktop: boxes, file dialogs, pointer, progress, settings and clock over Qt. What happens to the
+// report goes on to the main window.
 #pragma once
 
 #include <QPointer>
@@ -35,7 +35,7 @@ class DesktopPlatform final : public Platform {
     DesktopPlatform(const DesktopPlatform&) = delete;
     DesktopPlatform& operator=(const DesktopPlatform&) = delete;
 
-    // The window that the controls belong to. Until there is one they are passed over.
+    // The window that shows what happens. Until there is one nothing does.
     void Attach(FrmMain* main);
     const JobGuard& Guard() const { return guard_; }
 
@@ -56,11 +56,10 @@ class DesktopPlatform final : public Platform {
     std::string Program_Folder() override { return places_.programFolder; }
     std::string Data_Folder() override { return places_.dataFolder; }
     std::string Documents_Folder() override { return places_.documentsFolder; }
-    void Set_Enabled(std::string_view control, bool enabled) override;
-    void Set_Visible(std::string_view control, bool visible) override;
-    void Set_Text(std::string_view control, std::string_view text) override;
+    void Notify(ReportEvent event) override;
+    void Busy(bool on) override;
+    void Menus_Stale() override;
     bool Close_All_Forms(std::string_view but = {}) override;
-    void Refresh_Menus() override;
     void Open_Document(std::string_view path) override;
     bool Keeps_Reports_Open() const override { return true; }
     [[noreturn]] void End_Program() override;

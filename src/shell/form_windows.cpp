@@ -8,15 +8,14 @@
 #include <QStyle>
 #include <algorithm>
 
-#include "calc/driver.h"
 #include "common/db_error.h"
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/sql_text.h"
 #include "common/text.h"
 #include "common/wait_pointer.h"
-#include "report/entry_age.h"
 #include "report/open_report.h"
-#include "report/window.h"
+#include "screens/report_jobs.h"
 #include "screens/view/qt_text.h"
 #include "shell/form_maker.h"
 #include "shell/given_places.h"
@@ -30,9 +29,6 @@ constexpr const char* kCloseAllText =
     "This process requires all forms to be closed.  Pressing OK will close all open forms.";
 constexpr std::string_view kFormBeginnings[] = {"FRMEDIT", "FRMVIEW"};
 constexpr std::string_view kCostCenterForm = "frmEditCCs";
-constexpr std::string_view kReadOnlyTitle = "Read Only Report";
-constexpr std::string_view kReadOnlyText =
-    "The report is read only and cannot be calculated.  Report File > Save As makes a copy that can.";
 constexpr int kMainHeightPercent = 90;
 constexpr int kMinZoom = 50, kMaxZoom = 300;
 
@@ -197,12 +193,12 @@ void FormWindows::Worksheets_Changed(const WorksheetForm& by) {
     for (WorksheetForm* form : Forms()) {
         if (form != &by && Form_To_Open(form->Mode(), form->Worksheet()) == nullptr) Drop(*form);
     }
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
 }
 
 void FormWindows::Close_Worksheet_Form(const Item& item, FormMode mode) {
     if (WorksheetForm* form = Find_Form(item, mode)) Window_Of(*form)->close();
-    if (mode == FormMode::View) The_Platform().Set_Enabled("mnuReportSubmit", false);
+    if (mode == FormMode::View) openReport.ecrMayBeBuilt = false;
 }
 
 WorksheetForm* FormWindows::Find_Form(const Item& item, FormMode mode) const {
@@ -296,21 +292,6 @@ void FormWindows::Drop_All() {
     for (WorksheetForm* form : Forms()) delete Window_Of(*form);
 }
 
-bool Calculate_Report() {
-    if (db.Is_Read_Only()) {
-        The_Platform().Message_Box(kReadOnlyText, kExclamation, kReadOnlyTitle);
-        return false;
-    }
-    const WaitPointer wait;
-    try {
-        Calc_All();
-        return true;
-    } catch (const DbError& error) {
-        The_Platform().Message_Box(error.Description(), kStop, "Error: Calculation Failed");
-        return false;
-    }
-}
-
 void FormWindows::Recalculate(WorksheetForm& form) {
     if (!Commit_Rows()) return;
     const bool edits = form.Mode() == FormMode::Edit;
@@ -321,7 +302,7 @@ void FormWindows::Recalculate(WorksheetForm& form) {
     form.Grid().setFocus();
     Reload_All();
     if (edits && calculated) Open_From(form, FormMode::View, form.Worksheet());
-    emit Stored(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : tr("Not calculated."));
+    emit Stored(calculated ? Qt_Text(openReport.entryAge.Calculation_Text()) : tr("Not calculated."));
 }
 
 std::vector<WorksheetForm*> FormWindows::Forms() const {

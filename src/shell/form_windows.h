@@ -25,7 +25,7 @@ class FormWindows : public QObject {
     // One that is open is brought up. Where there is no form, or no table, a box says so. A view is opened when the
     // row under edit of its worksheet was stored.
     void Open_Worksheet_Form(FormMode mode, const Item& item);
-    // Closing a view means that a cell is being changed: mnuReportSubmit is disabled, whether the form is open or not.
+    // Closing a view means that a cell is being changed: no ECR may be built any more, whether the form is open or not.
     void Close_Worksheet_Form(const Item& item, FormMode mode);
     // Null where it is not open.
     WorksheetForm* Find_Form(const Item& item, FormMode mode) const;
@@ -107,8 +107,5 @@ class FormWindows : public QObject {
     QSet<const QObject*> whole_;   // forms that showed their whole width before the zoom that is under way
     QSet<const QObject*> walked_;  // forms that cmdPrevious or cmdNext opened, and nobody has touched
 };
-
-// Calc_All under the hourglass. False after the box that tells why nothing was calculated.
-bool Calculate_Report();
 
 }  // namespace tallmar

@@ -11,9 +11,9 @@
 
 #include "common/format.h"
 #include "common/platform.h"
+#include "common/program.h"
 #include "report/open_backup.h"
 #include "report/paths.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {

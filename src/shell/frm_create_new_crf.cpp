@@ -1,5 +1,6 @@
 #include "shell/frm_create_new_crf.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QPushButton>
@@ -12,6 +13,7 @@ namespace tallmar {
 
 namespace {
 
+constexpr const char* kName = "frmCreateNewCRF";
 constexpr LeaveCheck kLeaveChecks[] = {{EntryField::Start, Leave_FYStart}, {EntryField::End, Leave_FYEnd}};
 
 void Create(QDialog& dialog, EntryFields& fields, const QLineEdit& formNum) {
@@ -31,7 +33,7 @@ void Create(QDialog& dialog, EntryFields& fields, const QLineEdit& formNum) {
 }  // namespace
 
 DialogPtr Make_Create_New_CRF(QWidget* parent) {
-    DialogPtr dialog = Make_Dialog("frmCreateNewCRF", QStringLiteral("Create a New Cost Report File"), parent);
+    DialogPtr dialog = Make_Dialog(kName, QStringLiteral("Create a New Cost Report File"), parent);
     auto* layout = new QFormLayout(dialog.get());
     QLineEdit* formNum = Add_Entry(*layout, "txtFormNum", QStringLiteral("&Form number:"));
     formNum->setText(Qt_Text(NewReportEntries{}.formNum));
@@ -52,6 +54,12 @@ DialogPtr Make_Create_New_CRF(QWidget* parent) {
 
 bool Show_Create_New_CRF(QWidget* parent) {
     return Run_Modal(*Make_Create_New_CRF(parent));
+}
+
+void Hide_Create_New_CRF() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == kName) window->hide();
+    }
 }
 
 }  // namespace tallmar

@@ -10,4 +10,7 @@ DialogPtr Make_Create_New_CRF(QWidget* parent);
 // entries on the screen. Requires that no report is open.
 bool Show_Create_New_CRF(QWidget* parent);
 
+// The job that makes the report hides the form that asked for it, where it is open.
+void Hide_Create_New_CRF();
+
 }  // namespace tallmar

@@ -35,7 +35,7 @@ void Save_By(bool (*save)(NewReportEntries&, EntryField&), QDialog& dialog, Entr
     fields.Show(entries);
     if (failed != EntryField::None) return fields.Return_To(failed);
     if (!saved) return;
-    The_Platform().Refresh_Menus();  // they hang on the fiscal year
+    The_Platform().Menus_Stale();  // they hang on the fiscal year
     if (identityChanged) identityChanged();
     dialog.accept();
 }

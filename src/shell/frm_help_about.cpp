@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "common/program.h"
 #include "report/open_report.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
 #include "shell/logo.h"
 
@@ -20,7 +20,7 @@ constexpr const char* kFormVersion = "CMS Version 1728-94 T16";
 
 QString About_Text() {
     return Qt_Text(kProgramTitle) + QStringLiteral("\nVersion ") + QLatin1String(TALLMAR_VERSION) +
-           QStringLiteral("\n") + QLatin1String(kFormVersion) + QStringLiteral("\n\n") + Qt_Text(ProductTitle);
+           QStringLiteral("\n") + QLatin1String(kFormVersion) + QStringLiteral("\n\n") + Qt_Text(Product_Title());
 }
 
 }  // namespace

@@ -18,14 +18,12 @@
 
 #include "common/db_error.h"
 #include "common/platform.h"
-#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/store.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
+#include "shell/caption.h"
 #include "shell/job_guard.h"
 #include "shell/logo.h"
-#include "shell/main_commands.h"
 #include "shell/recent_files.h"
 #include "shell/window_places.h"
 
@@ -70,16 +68,17 @@ FrmMain::FrmMain(const JobGuard& guard)
     setAcceptDrops(true);
     Lay_Out();
     Draw();
-    connect(welcome_, &WelcomePanel::New_Requested, this, [this] { Run_Command(*this, "mnuReportNew"); });
-    connect(welcome_, &WelcomePanel::Open_Requested, this, [this] { Run_Command(*this, "mnuReportOpen"); });
-    connect(welcome_, &WelcomePanel::Exit_Requested, this, [this] { Run_Command(*this, "mnuReportExit"); });
-    connect(menus_, &MenuBar::Chosen, this, [this](const QString& name) { Run_Command(*this, Plain_Text(name)); });
+    connect(welcome_, &WelcomePanel::New_Requested, this, [this] { emit Command_Chosen("mnuReportNew"); });
+    connect(welcome_, &WelcomePanel::Open_Requested, this, [this] { emit Command_Chosen("mnuReportOpen"); });
+    connect(welcome_, &WelcomePanel::Exit_Requested, this, [this] { emit Command_Chosen("mnuReportExit"); });
+    connect(menus_, &MenuBar::Chosen, this, &FrmMain::Command_Chosen);
     connect(menus_, &MenuBar::Worksheet_Chosen, forms_,
             [this](FormMode mode, const QString& item) { forms_->Open_Worksheet_Form(mode, Plain_Text(item)); });
     connect(forms_, &FormWindows::Changed, this, &FrmMain::Forms_Changed);
     connect(forms_, &FormWindows::Stored, this, &FrmMain::Tell);
     connect(forms_, &FormWindows::Selection_Changed, this, &FrmMain::Show_Selection);
     connect(&menus_->Menu("mnuWindowList"), &QMenu::aboutToShow, this, &FrmMain::Fill_Window_List);
+    connect(&menus_->Menu("mnuReport"), &QMenu::aboutToShow, menus_, &MenuBar::Show_Checked_Entries);
     connect(&menus_->Menu("mnuReportRecent"), &QMenu::aboutToShow, this, &FrmMain::Fill_Recent_Files);
     // Two of the menus have no access key in their captions.
     for (const MenuKey& menu : kMenuKeys) {
@@ -89,7 +88,6 @@ FrmMain::FrmMain(const JobGuard& guard)
     }
     forms_->Set_Tabs(Tabs_Remembered());
     menus_->Find("mnuWindowTabbed")->setChecked(Tabs_Remembered());
-    Show_Print_Quality(*this);
     if (!restoreGeometry(Remembered_Geometry())) resize(First_Size());
     Forms_Changed();
 }
@@ -176,7 +174,7 @@ void FrmMain::Place_Help() {
 void FrmMain::Refresh_Menus() {
     if (!Report_Is_Open()) forms_->Drop_All();
     menus_->Show(Menu_State(forms_->Form_Is_Loaded("frmEditCCs")));
-    if (!CRFPath.empty() && Report_Is_Open()) Add_Recent_File(CRFPath);
+    if (!openReport.CRFPath.empty() && Report_Is_Open()) Add_Recent_File(openReport.CRFPath);
     menus_->Set_Enabled("mnuReportRecent", !Recent_Files().empty());
     for (WorksheetForm* form : forms_->Forms()) form->Refresh_Neighbours();
     Tell_Of_Report();
@@ -184,9 +182,9 @@ void FrmMain::Refresh_Menus() {
 }
 
 void FrmMain::Tell_Of_Report() {
-    const std::string path = Report_Is_Open() ? CRFPath : std::string();
+    const std::string path = Report_Is_Open() ? openReport.CRFPath : std::string();
     if (std::exchange(reportPath_, path) == path || path.empty()) return;
-    const QString title = Qt_Text(CRFTitle);
+    const QString title = Qt_Text(openReport.CRFTitle);
     Tell(db.Is_Read_Only() ? tr("%1 is read only and takes no entry. Save As makes a copy that does.").arg(title)
                            : tr("%1 opened.").arg(title));
 }
@@ -194,31 +192,43 @@ void FrmMain::Tell_Of_Report() {
 void FrmMain::Show_Age() {
     QString text;
     if (Report_Is_Open()) {
-        Entry_Age().Remember();
-        text = db.Is_Read_Only() ? tr("Read only") : Qt_Text(Entry_Age().Text());
+        openReport.entryAge.Remember(openReport.CRFPath);
+        text = db.Is_Read_Only() ? tr("Read only") : Qt_Text(openReport.entryAge.Text());
     }
     lblEntries_->setText(text);
     lblEntries_->setAccessibleName(text);
     forms_->Show_Age();
 }
 
-void FrmMain::Set_Enabled(std::string_view control, bool enabled) {
-    if (control == "frmMain") {
-        Set_Open(enabled);
-    } else if (control == "tmrMain") {
-        help_->Set_Enabled(enabled);
-    } else if (menus_->Find(control) != nullptr) {
-        menus_->Set_Enabled(control, enabled);
-    } else if (auto* widget = findChild<QWidget*>(Qt_Text(control))) {
-        widget->setEnabled(enabled);
+void FrmMain::Follow(ReportEvent event) {
+    switch (event) {
+        case ReportEvent::Opening:
+            return Show_Welcome(false);
+        case ReportEvent::NotChosen:
+            return Show_Welcome(!Report_Is_Open());
+        case ReportEvent::Making:
+            return;
+        case ReportEvent::Named:
+            return Show_Name();
+        case ReportEvent::Opened:
+            Show_Head(true);
+            help_->Start();
+            Show_Name();
+            return Show_Welcome(false);
+        case ReportEvent::Closed:
+            help_->Stop();
+            Show_Name();
+            Show_Welcome(true);
+            help_->Label().setVisible(false);
+            return Show_Head(false);
     }
 }
 
-// A window that is shut loses its focus, which goes back where it was.
-void FrmMain::Set_Open(bool open) {
-    if (!open && isEnabled()) focus_ = focusWidget();
-    setEnabled(open);
-    if (!open) return;
+// A window that is disabled loses its focus, which goes back where it was.
+void FrmMain::Set_Busy(bool busy) {
+    if (busy && isEnabled()) focus_ = focusWidget();
+    setEnabled(!busy);
+    if (busy) return;
     if (focus_ != nullptr && focus_->isVisible()) {
         focus_->setFocus();
     } else if (welcome_->isVisible()) {
@@ -226,28 +236,27 @@ void FrmMain::Set_Open(bool open) {
     }
 }
 
-void FrmMain::Set_Visible(std::string_view control, bool visible) {
-    if (control == "fraWelcome") {
-        pages_->setCurrentWidget(visible ? static_cast<QWidget*>(welcome_) : area_);
-        if (visible) welcome_->setFocus();
-    } else if (auto* widget = findChild<QWidget*>(Qt_Text(control))) {
-        widget->setVisible(visible);
-        head_->setVisible(!picLogo_->isHidden() || !lblCRFName_->isHidden());
-    }
+void FrmMain::Show_Welcome(bool on) {
+    pages_->setCurrentWidget(on ? static_cast<QWidget*>(welcome_) : area_);
+    if (on) welcome_->setFocus();
 }
 
-void FrmMain::Set_Text(std::string_view control, const QString& text) {
-    if (control == "frmMain") {
-        caption_ = text;
-        setWindowTitle(text);
-    } else if (control == "tmrMain.Tag") {
-        help_->Set_Tag(text);
-    } else if (control == "tmrMain.Interval") {
-        help_->Set_Interval(text.toInt());
-    } else if (auto* label = findChild<QLabel*>(Qt_Text(control))) {
-        label->setText(text);
-        label->setToolTip(text);
-    }
+void FrmMain::Set_Caption(const QString& caption) {
+    caption_ = caption;
+    setWindowTitle(caption);
+}
+
+void FrmMain::Show_Name() {
+    Set_Caption(Qt_Text(Window_Caption()));
+    const QString path = Qt_Text(Path_Line());
+    lblCRFName_->setText(path);
+    lblCRFName_->setToolTip(path);
+}
+
+void FrmMain::Show_Head(bool on) {
+    picLogo_->setVisible(on);
+    lblCRFName_->setVisible(on);
+    head_->setVisible(on);
 }
 
 void FrmMain::Show_Progress(const QString& text) {
@@ -265,7 +274,7 @@ void FrmMain::Tell(const QString& what) {
 void FrmMain::Look_For_Changes() {
     if (guard_.Is_On() || QApplication::activeModalWidget() != nullptr || !Report_Is_Open()) return;
     Refresh_Menus();
-    if (!Entry_Age().Look_Elsewhere()) return;
+    if (!openReport.entryAge.Look_Elsewhere(db)) return;
     forms_->Reload_All();
     Tell(tr("Another program has changed the report: its worksheets were read again."));
 }
@@ -310,7 +319,7 @@ void FrmMain::Fill_Recent_Files() {
         ++number;
         const QString shown = Qt_Text(path);
         QAction* action = menu.addAction("&" + QString::number(number) + " " + QString(shown).replace("&", "&&"));
-        connect(action, &QAction::triggered, this, [this, path] { Open_Recent(*this, path); });
+        connect(action, &QAction::triggered, this, [this, shown] { emit Recent_File_Chosen(shown); });
     }
 }
 
@@ -356,7 +365,7 @@ void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
 void FrmMain::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     // The other program waits until the drop is over: a box must not hold it up.
-    QTimer::singleShot(0, this, [this, urls = event->mimeData()->urls()] { Open_Dropped(*this, urls); });
+    QTimer::singleShot(0, this, [this, urls = event->mimeData()->urls()] { emit Files_Dropped(urls); });
 }
 
 }  // namespace tallmar

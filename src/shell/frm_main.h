@@ -1,13 +1,15 @@
 // frmMain: the frame of the program. It holds the menus, the welcome panel and the worksheet windows, and shows what
-// the platform is told to show; what the menus do is in main_commands.
+// the platform is told to show; what the menus do is connected to its signals.
 #pragma once
 
 #include <QLabel>
 #include <QMainWindow>
 #include <QPointer>
 #include <QStackedWidget>
-#include <string_view>
+#include <QUrl>
+#include <string>
 
+#include "common/platform.h"
 #include "shell/form_windows.h"
 #include "shell/help_scroller.h"
 #include "shell/menu_bar.h"
@@ -30,10 +32,13 @@ class FrmMain : public QMainWindow {
 
     // The menu refresh.
     void Refresh_Menus();
-    // What the platform asks for by the names of the controls. Names that the window has not are passed over.
-    void Set_Enabled(std::string_view control, bool enabled);
-    void Set_Visible(std::string_view control, bool visible);
-    void Set_Text(std::string_view control, const QString& text);
+    // Shows what happened to the report.
+    void Follow(ReportEvent event);
+    void Set_Busy(bool busy);
+    // The title of the window, which the worksheet windows leave as it is.
+    void Set_Caption(const QString& caption);
+    // The welcome panel in place of the worksheet windows, or these.
+    void Show_Welcome(bool on);
     // The text of txtCalcMsg; empty hides it.
     void Show_Progress(const QString& text);
     // A word on what was done, at the foot of the window until the next one; the count of the entries follows it.
@@ -41,6 +46,12 @@ class FrmMain : public QMainWindow {
 
     // Reports that another program has changed are read again.
     void Look_For_Changes();
+
+  signals:
+    // The name of an entry of the menus or of a button of the welcome panel.
+    void Command_Chosen(const QString& name);
+    void Recent_File_Chosen(const QString& path);
+    void Files_Dropped(const QList<QUrl>& urls);
 
   protected:
     bool event(QEvent* event) override;
@@ -54,7 +65,10 @@ class FrmMain : public QMainWindow {
     QSize First_Size() const;
     void Lay_Out();
     void Draw();
-    void Set_Open(bool open);
+    // By the path of the open report: the caption, and the line below the menus.
+    void Show_Name();
+    // The line below the menus.
+    void Show_Head(bool on);
     void Place_Help();
     void Forms_Changed();
     // How old the figures are, at the foot of the window and in the views.
@@ -83,7 +97,7 @@ class FrmMain : public QMainWindow {
     QString caption_;
     QString told_;
     std::string reportPath_;   // that was told of
-    QPointer<QWidget> focus_;  // where it was as the window was shut
+    QPointer<QWidget> focus_;  // where it was as the window became busy
 };
 
 }  // namespace tallmar

@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "common/program.h"
 #include "report/open_report.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
 #include "shell/dialog.h"
 #include "shell/logo.h"
@@ -48,7 +48,7 @@ std::unique_ptr<QWidget> Make_Splash() {
     font.setPointSizeF(font.pointSizeF() * kNameScale);
     name->setFont(font);
     Line("lblVersion", QStringLiteral("Version ") + Qt_Text(Short_Version()), *splash);
-    Line("lblMaker", Qt_Text(ProductTitle), *splash);
+    Line("lblMaker", Qt_Text(Product_Title()), *splash);
     return splash;
 }
 

@@ -47,12 +47,13 @@ HelpScroller::HelpScroller(QWidget* parent) : QObject(parent), lblHelp_(new QLab
     connect(&tmrMain_, &QTimer::timeout, this, &HelpScroller::Tick);
 }
 
-void HelpScroller::Set_Enabled(bool enabled) {
-    if (enabled) {
-        tmrMain_.start();
-    } else {
-        tmrMain_.stop();
-    }
+void HelpScroller::Start() {
+    tag_.clear();
+    tmrMain_.start(kInterval);
+}
+
+void HelpScroller::Stop() {
+    tag_ = kStopped;
 }
 
 void HelpScroller::Tick() {

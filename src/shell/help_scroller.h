@@ -23,14 +23,13 @@ class HelpScroller : public QObject {
     explicit HelpScroller(QWidget* parent);
 
     QLabel& Label() const { return *lblHelp_; }
-    const QString& Tag() const { return tag_; }
-    void Set_Tag(const QString& tag) { tag_ = tag; }
-    void Set_Interval(int milliseconds) { tmrMain_.setInterval(milliseconds); }
-    void Set_Enabled(bool enabled);
-    bool Is_Enabled() const { return tmrMain_.isActive(); }
-    void Tick();
+    // From its first line break on.
+    void Start();
+    void Stop();
 
   private:
+    void Tick();
+
     QLabel* lblHelp_;
     QTimer tmrMain_{this};
     QString tag_ = "Stopped";

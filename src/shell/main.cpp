@@ -4,6 +4,7 @@
 #include "screens/view/qt_text.h"
 #include "shell/desktop_platform.h"
 #include "shell/frm_main.h"
+#include "shell/main_commands.h"
 #include "shell/one_copy.h"
 #include "shell/startup.h"
 #include "shell/tallmar_application.h"
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
     Install_Catalogue(All_Families());
     const OneCopy copy(Qt_Text(platform.Data_Folder()));
     FrmMain window(platform.Guard());
+    Connect_Commands(window);
     platform.Attach(&window);
     if (!Start_Up(window, options, copy.Is_First())) return 1;
     return TallmarApplication::exec();

@@ -5,10 +5,10 @@
 #include <array>
 
 #include "common/platform.h"
-#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "report/paths.h"
 #include "report/store.h"
+#include "screens/report_jobs.h"
 #include "screens/view/qt_text.h"
 #include "shell/form_maker.h"
 #include "shell/frm_backups.h"
@@ -35,9 +35,9 @@ constexpr int kNormalZoom = 100;
 
 void New_Report(FrmMain& main) {
     if (The_Platform().Close_All_Forms()) return;
-    if (!CRFPath.empty() && !Report_Close()) return;
+    if (!openReport.CRFPath.empty() && !Report_Close()) return;
     Show_Create_New_CRF(&main);
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
 }
 
 void Open_Report(FrmMain&) {
@@ -64,7 +64,7 @@ void Store_Rows(FrmMain& main) {
 void Save_Report_As(FrmMain& main) {
     const auto path = Ask_Save_As_Path();
     if (!path || (!db.Is_Read_Only() && !main.Forms().Commit_Rows()) || !Report_Save_As(*path)) return;
-    main.Tell(main.tr("Saved as %1.").arg(Qt_Text(CRFTitle)));
+    main.Tell(main.tr("Saved as %1.").arg(Qt_Text(openReport.CRFTitle)));
     main.Forms().Reload_All();
 }
 
@@ -75,11 +75,11 @@ void Edit_Identity(FrmMain& main) {
 
 void Calculate(FrmMain& main) {
     if (!main.Forms().Commit_Rows()) return;
-    The_Platform().Set_Enabled("mnuReportCalculate", false);
+    main.Menus().Set_Enabled("mnuReportCalculate", false);
     const bool calculated = Calculate_Report();
-    The_Platform().Set_Enabled("mnuReportCalculate", true);
+    main.Menus().Set_Enabled("mnuReportCalculate", true);
     main.Forms().Reload_All();
-    main.Tell(calculated ? Qt_Text(Entry_Age().Calculation_Text()) : main.tr("Not calculated."));
+    main.Tell(calculated ? Qt_Text(openReport.entryAge.Calculation_Text()) : main.tr("Not calculated."));
 }
 
 constexpr std::string_view kQualityApplication = "Tallmar", kQualitySection = "Printing", kQualityKey = "PrintQuality";
@@ -274,6 +274,17 @@ void Run_Command(FrmMain& main, std::string_view name) {
     if (found != kCommands.end()) found->run(main);
 }
 
+void Connect_Commands(FrmMain& main) {
+    FrmMain* window = &main;
+    QObject::connect(window, &FrmMain::Command_Chosen, window,
+                     [window](const QString& name) { Run_Command(*window, Plain_Text(name)); });
+    QObject::connect(window, &FrmMain::Recent_File_Chosen, window,
+                     [window](const QString& path) { Open_Recent(*window, Plain_Text(path)); });
+    QObject::connect(window, &FrmMain::Files_Dropped, window,
+                     [window](const QList<QUrl>& urls) { Open_Dropped(*window, urls); });
+    Show_Print_Quality(main);
+}
+
 void Open_Recent(FrmMain&, const std::string& path) {
     if (QFileInfo::exists(Qt_Text(path))) {
         Report_Open(path);
@@ -282,7 +293,7 @@ void Open_Recent(FrmMain&, const std::string& path) {
     The_Platform().Message_Box("The file " + path + " is not there any more.  It is taken off the list.", kExclamation,
                                kGoneTitle);
     Remove_Recent_File(path);
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
 }
 
 void Open_Dropped(FrmMain&, const QList<QUrl>& urls) {

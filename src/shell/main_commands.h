@@ -18,6 +18,8 @@ struct MainCommand {
 // Every entry of the tree with a handler of its own has its row here.
 std::span<const MainCommand> Main_Commands();
 void Run_Command(FrmMain& main, std::string_view name);
+// What the person chooses in the window is done from now on.
+void Connect_Commands(FrmMain& main);
 
 // A report by its path: a file that is gone is told, and taken off the list of recent files.
 void Open_Recent(FrmMain& main, const std::string& path);

@@ -49,7 +49,7 @@ void MenuBar::Add(const MenuRow& row, QMenuBar* bar) {
     action->setShortcuts(QKeySequence::listFromString(Qt_Text(row.shortcut), QKeySequence::PortableText));
     action->setCheckable(row.checkable);
     actions_[row.name] = action;
-    if (row.when == MenuWhen::NotBuilt) Turn(row, false);
+    if (!row.built) Turn(row, false);
     if (row.kind == MenuKind::Command) {
         connect(action, &QAction::triggered, this, [this, action] { emit Chosen(action->objectName()); });
     } else {
@@ -72,7 +72,7 @@ void MenuBar::Show(const MenuState& state) {
     for (const MenuRow& row : Menu_Rows()) {
         if (row.kind == MenuKind::List) {
             Fill_List(row, state.lists.at(row.name));
-        } else if (row.when == MenuWhen::Always || row.when == MenuWhen::Report || row.when == MenuWhen::Registry) {
+        } else if (row.when != MenuWhen::Form) {
             if (Find(row.name) != nullptr) Turn(row, state.enabled.contains(row.name));
         }
     }
@@ -103,7 +103,13 @@ void MenuBar::Fill_List(const MenuRow& row, const std::vector<MenuListEntry>& en
 
 void MenuBar::Set_Enabled(std::string_view name, bool enabled) {
     const MenuRow* row = Find_Menu_Row(name);
-    if (row != nullptr && Find(name) != nullptr) Turn(*row, enabled && row->when != MenuWhen::NotBuilt);
+    if (row != nullptr && Find(name) != nullptr) Turn(*row, enabled && row->built);
+}
+
+void MenuBar::Show_Checked_Entries() {
+    for (const MenuRow& row : Menu_Rows()) {
+        if (row.when == MenuWhen::Checks) Turn(row, Is_On(row));
+    }
 }
 
 void MenuBar::Enable_Form_Entries(bool enabled) {

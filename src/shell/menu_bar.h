@@ -29,6 +29,8 @@ class MenuBar : public QObject {
     void Show(const MenuState& state);
     // An entry whose job is not built stays off.
     void Set_Enabled(std::string_view name, bool enabled);
+    // The entries that the edit checks turn on: any change of the report turns them off again.
+    void Show_Checked_Entries();
     // All entries that work on the active form.
     void Enable_Form_Entries(bool enabled);
 

@@ -72,8 +72,15 @@ void Enable_Registered(MenuState& state, const std::vector<Worksheet>& worksheet
 // None of its entries is built.
 bool Is_Empty_Menu(const MenuRow& menu) {
     return menu.kind == MenuKind::Menu && std::ranges::all_of(Menu_Rows(), [&](const MenuRow& row) {
-               return row.parent != menu.name || row.when == MenuWhen::NotBuilt || row.kind == MenuKind::Separator;
+               return row.parent != menu.name || !row.built || row.kind == MenuKind::Separator;
            });
+}
+
+// Whether a report that is open turns the entry on. False for those of worksheets and of forms.
+bool Report_Lets(const MenuRow& row) {
+    if (!row.built) return false;
+    return row.when == MenuWhen::Checks ? openReport.ecrMayBeBuilt
+                                        : row.when == MenuWhen::Report && !Is_Empty_Menu(row);
 }
 
 // A menu of worksheets is on where an entry of it is: from the innermost out, since a menu's row stands above its
@@ -89,15 +96,19 @@ void Enable_Menus(MenuState& state) {
 
 }  // namespace
 
+bool Is_On(const MenuRow& row) {
+    return row.when == MenuWhen::Always ? row.built : Report_Lets(row) && Is_Open();
+}
+
 MenuState Menu_State(bool costCentersAreEdited) {
     MenuState state;
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.when == MenuWhen::Always && !row.name.empty()) state.enabled.insert(row.name);
+        if (row.when == MenuWhen::Always && row.built && !row.name.empty()) state.enabled.insert(row.name);
         if (row.kind == MenuKind::List) state.lists[row.name];
     }
     if (costCentersAreEdited || !Is_Open()) return state;
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.when == MenuWhen::Report && !Is_Empty_Menu(row)) state.enabled.insert(row.name);
+        if (Report_Lets(row)) state.enabled.insert(row.name);
     }
     Enable_Registered(state, Registered());
     Enable_Menus(state);
@@ -105,10 +116,11 @@ MenuState Menu_State(bool costCentersAreEdited) {
 }
 
 std::string_view Why_Off(const MenuRow& row) {
-    if (row.when == MenuWhen::NotBuilt) return "Not available yet";
+    if (!row.built) return "Not available yet";
     if (row.when == MenuWhen::Form) return "No form that this works on is open";
-    if (row.when != MenuWhen::Report && row.when != MenuWhen::Registry) return {};
+    if (row.when == MenuWhen::Always) return {};
     if (!Is_Open()) return "No report is open";
+    if (row.when == MenuWhen::Checks) return "The report has not passed the edit checks";
     if (row.when == MenuWhen::Report) return Is_Empty_Menu(row) ? "Not available yet" : "";
     return Is_Off_This_Year(row) ? "Not used in this fiscal year" : "This report has no such worksheet";
 }

@@ -28,6 +28,9 @@ struct MenuState {
 // the report is on.
 MenuState Menu_State(bool costCentersAreEdited);
 
+// Whether an entry is on by the open report as a whole. False for those of worksheets and of forms.
+bool Is_On(const MenuRow& row);
+
 // For the person: why the entry is off. Empty where nothing can be said.
 std::string_view Why_Off(const MenuRow& row);
 

@@ -18,7 +18,7 @@ constexpr MenuKind kCommand = MenuKind::Command;
 constexpr MenuWhen kAlways = MenuWhen::Always;
 constexpr MenuWhen kReport = MenuWhen::Report;
 constexpr MenuWhen kForm = MenuWhen::Form;
-constexpr MenuWhen kNotBuilt = MenuWhen::NotBuilt;
+constexpr MenuWhen kChecks = MenuWhen::Checks;
 constexpr bool kOurs = true;
 
 struct Entry {
@@ -42,25 +42,25 @@ constexpr Entry kReportMenu[] = {
     {"mnuReportStore", "mnuReport", "Sto&re the Row", kCommand, kReport, "Ctrl+S", kOurs},
     {"mnuReportSaveAs", "mnuReport", "Save &As ...", kCommand, kReport, "Ctrl+Shift+S"},
     {"mnuReportKey", "mnuReport", "Report I&dentity ...", kCommand, kReport, "", kOurs},
-    {"mnuReportEditCheck", "mnuReport", "Just run the edit checks", kCommand, kNotBuilt},
+    {"mnuReportEditCheck", "mnuReport", "Just run the edit checks", kCommand, kReport},
     {"mnuReportCalculate", "mnuReport", "Ca&lculate CRF", kCommand, kReport, "F9"},
     {"", "mnuReport", "", kSeparator},
-    {"mnuReportPrinterSetup", "mnuReport", "Prin&ter Setup ...", kCommand, kNotBuilt},
-    {"mnuReportPrintSelect", "mnuReport", "Print &Selected Worksheets ...", kCommand, kNotBuilt},
-    {"mnuReportPrint", "mnuReport", "&Print Entire CRF", kCommand, kNotBuilt},
+    {"mnuReportPrinterSetup", "mnuReport", "Prin&ter Setup ...", kCommand, kReport},
+    {"mnuReportPrintSelect", "mnuReport", "Print &Selected Worksheets ...", kCommand, kReport},
+    {"mnuReportPrint", "mnuReport", "&Print Entire CRF", kCommand, kReport},
     {"", "mnuReport", "", kSeparator},
     {"mnuReportImport", "mnuReport", "&Import ....", kMenu, kReport},
-    {"mnuReportImportASCII", "mnuReportImport", "&ASCII file", kCommand, kNotBuilt},
-    {"mnuReportImportCRF", "mnuReportImport", "&CRF file", kCommand, kNotBuilt},
-    {"mnuReportImportECR", "mnuReportImport", "&ECR file", kCommand, kNotBuilt},
-    {"mnuReportImportPSRCSV", "mnuReportImport", "&PSR CSV file", kCommand, kNotBuilt},
-    {"mnuReportSubmit", "mnuReport", "&Build an ECR file ...", kCommand, kNotBuilt},
+    {"mnuReportImportASCII", "mnuReportImport", "&ASCII file", kCommand, kReport},
+    {"mnuReportImportCRF", "mnuReportImport", "&CRF file", kCommand, kReport},
+    {"mnuReportImportECR", "mnuReportImport", "&ECR file", kCommand, kReport},
+    {"mnuReportImportPSRCSV", "mnuReportImport", "&PSR CSV file", kCommand, kReport},
+    {"mnuReportSubmit", "mnuReport", "&Build an ECR file ...", kCommand, kChecks},
     {"", "mnuReport", "", kSeparator},
     {"mnuReportUtilities", "mnuReport", "Tallmar &Utilities ...", kMenu, kReport},
-    {"mnuReportUtilitiesReBuild", "mnuReportUtilities", "&ReBuild A Worksheet", kCommand, kNotBuilt},
+    {"mnuReportUtilitiesReBuild", "mnuReportUtilities", "&ReBuild A Worksheet", kCommand, kReport},
     {"mnuReportUtilitiesHQ", "mnuReportUtilities", "Turn High Quality Printing Off", kCommand, kReport},
     {"mnuReportUtilitiesHeader", "mnuReportUtilities", "Set/Change Custom &Header Lines", kCommand, kReport},
-    {"mnuReportUtilitiesLog", "mnuReportUtilities", "View Last &Edit Check Entries", kCommand, kNotBuilt},
+    {"mnuReportUtilitiesLog", "mnuReportUtilities", "View Last &Edit Check Entries", kCommand, kReport},
     {"", "mnuReport", "", kSeparator},
     {"mnuReportExit", "mnuReport", "E&xit", kCommand, kAlways, "Ctrl+Q"},
 };
@@ -113,6 +113,12 @@ constexpr Entry kLastMenus[] = {
     {"", "mnuHelp", "", kSeparator},
     {"mnuHelpAbout", "mnuHelp", "&About Tallmar 1728"},
 };
+
+// Entries whose job is not built yet.
+constexpr std::string_view kNotBuilt[] = {
+    "mnuReportEditCheck",   "mnuReportPrinterSetup",     "mnuReportPrintSelect",  "mnuReportPrint",
+    "mnuReportImportASCII", "mnuReportImportCRF",        "mnuReportImportECR",    "mnuReportImportPSRCSV",
+    "mnuReportSubmit",      "mnuReportUtilitiesReBuild", "mnuReportUtilitiesLog", "mnuEditOpenCCs"};
 
 // The place of a worksheet's entry, or of a menu of some, below Open of both trees. A worksheet without a place is
 // behind the others.
@@ -196,7 +202,7 @@ struct Tree {
 };
 constexpr Tree kEditTree{"mnuEdit", MenuKind::Edit};
 constexpr Tree kViewTree{"mnuView", MenuKind::View};
-// The table of cost centers is no worksheet of the registry, and its editor is not built.
+// The table of cost centers is no worksheet of the registry.
 constexpr std::string_view kCostCenters = "CCs";
 
 std::string Open_Name(const Tree& tree, std::string_view stem) {
@@ -235,7 +241,7 @@ void Add_Open_Row(std::vector<MenuRow>& rows, const Tree& tree, const OpenRow& o
     } else {
         row.item = open.stem;
     }
-    if (row.item == kCostCenters) row.when = edits ? MenuWhen::NotBuilt : MenuWhen::Report;
+    if (row.item == kCostCenters) row.when = MenuWhen::Report;
     rows.push_back(std::move(row));
 }
 
@@ -265,6 +271,7 @@ std::vector<MenuRow> Make_Menu_Rows() {
     Add_Open_Rows(rows, kViewTree);
     Add_Entries(rows, kWindowMenu);
     Add_Entries(rows, kLastMenus);
+    for (MenuRow& row : rows) row.built = std::ranges::find(kNotBuilt, row.name) == std::end(kNotBuilt);
     return rows;
 }
 

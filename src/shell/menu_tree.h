@@ -24,8 +24,7 @@ enum class MenuWhen : std::uint8_t {
     Report,    // a report is open
     Registry,  // its worksheet is registered; a menu: an entry of it is on
     Form,      // a worksheet form is active
-    Checks,    // the edit checks, and not the refresh
-    NotBuilt,  // never: its job is not built yet
+    Checks,    // the report passed the edit checks and is unchanged since
 };
 
 struct MenuRow {
@@ -39,6 +38,7 @@ struct MenuRow {
     bool checkable = false;
     bool ours = false;  // an addition of the desktop to the form's own menus
     bool edit = false;  // a list: its entries open edit forms
+    bool built = true;  // false: its job is not built yet, and it is never on
 };
 
 // In their order. A worksheet that has no place below Open gets an entry behind the others.

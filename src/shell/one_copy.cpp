@@ -5,8 +5,8 @@
 #include <string>
 
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/text.h"
-#include "report/window.h"
 
 namespace tallmar {
 

@@ -1,7 +1,7 @@
 #include "shell/recent_files.h"
 
 #include "common/platform.h"
-#include "report/window.h"
+#include "common/program.h"
 
 namespace tallmar {
 

@@ -4,8 +4,8 @@
 #include <QFileInfo>
 
 #include "common/platform.h"
+#include "common/program.h"
 #include "report/store.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -46,17 +46,14 @@ StartOptions Start_Options(const QStringList& arguments) {
 }
 
 bool Start_Up(FrmMain& main, const StartOptions& options, bool isFirst) {
-    Platform& platform = The_Platform();
-    Load_ProductTitle();
-    for (const char* control : {"lblHelp", "lblCRFName", "picLogo"}) platform.Set_Visible(control, false);
     if (options.splash) Show_Splash();
-    platform.Set_Text("frmMain", Start_Caption());
+    main.Set_Caption(Qt_Text(Start_Caption()));
     if (!isFirst) {
         Tell_Second_Copy();
         return false;
     }
-    platform.Set_Visible("fraWelcome", true);
-    platform.Refresh_Menus();
+    main.Show_Welcome(true);
+    main.Refresh_Menus();
     main.show();
     if (!options.file.isEmpty()) Report_Open(Plain_Text(options.file));
     return true;

@@ -3,8 +3,8 @@
 #include <exception>
 
 #include "common/platform.h"
+#include "common/program.h"
 #include "report/open_report.h"
-#include "report/window.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {
@@ -27,12 +27,12 @@ bool TallmarApplication::notify(QObject* receiver, QEvent* event) {
 }
 
 void Tell_Failure(const std::exception& error) {
-    MsgLogPrefix.clear();
+    openReport.MsgLogPrefix.clear();
     The_Platform().Progress("");
     The_Platform().Hourglass(false);
-    The_Platform().Set_Enabled("frmMain", true);
+    The_Platform().Busy(false);
     The_Platform().Message_Box(error.what(), kStop, "System Error");
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
 }
 
 }  // namespace tallmar

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "common/platform.h"
-#include "report/window.h"
+#include "common/program.h"
 #include "screens/view/qt_text.h"
 
 namespace tallmar {

@@ -201,7 +201,7 @@ TEST_F(DriverTest, ErrorInOneWorksheetIsListedAndTheChainGoesOn) {
               "Overflow in a figure of worksheet A5.  Worksheet A5 was not calculated to its end: some of its figures, "
               "and of those that follow from them, are of an earlier calculation.");
     EXPECT_EQ(Read("SELECT Col_1 FROM A;"), Value("half"));
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(DriverTest, RegisteredWorksheetWithoutATableIsListed) {
@@ -234,9 +234,9 @@ TEST_F(DriverTest, LogHoldsTheLinesOfThisRunOnly) {
 
 TEST_F(DriverTest, OptionOfLine26IsReadAnew) {
     Report_Of(kFamilies);
-    AGOption = 2;
+    openReport.AGOption = 2;
     Calc_All();
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
 }
 
 TEST_F(DriverTest, SecondRunChangesNoCell) {
@@ -279,10 +279,10 @@ TEST_F(DriverTest, FullDiskStopsTheRunAndLeavesTheReportAsItWas) {
     ASSERT_TRUE(Report_Open(folder.File("Agency.CRF")));
     const std::string before = Cells();
     {
-        const SizeLimit limit(std::filesystem::file_size(CRFPath));
+        const SizeLimit limit(std::filesystem::file_size(openReport.CRFPath));
         EXPECT_THROW(Calc_All(), DbError);
     }
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
     EXPECT_EQ(platform.progress.back(), "");
     EXPECT_EQ(Cells(), before);
     Report_Release();
@@ -292,7 +292,7 @@ TEST_F(DriverTest, FullDiskStopsTheRunAndLeavesTheReportAsItWas) {
 
 TEST_F(DriverTest, WithoutAReportThereIsNothingToCalculate) {
     EXPECT_THROW(Calc_All(), DbError);
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(DriverTest, ReadOnlyReportIsNotCalculated) {
@@ -302,7 +302,7 @@ TEST_F(DriverTest, ReadOnlyReportIsNotCalculated) {
     const std::string before = Bytes(folder.File("Agency.CRF"));
     ASSERT_TRUE(Report_Open(folder.File("Agency.CRF")));
     EXPECT_THROW(Calc_All(), DbError);
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
     Report_Release();
     EXPECT_EQ(Bytes(folder.File("Agency.CRF")), before);
 }

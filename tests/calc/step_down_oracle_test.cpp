@@ -154,7 +154,7 @@ void Type_In(AllocationReport& report, const Case& given) {
     }
     for (const oracle::Override& o : given.overrides) report.Override(Number_Of(o.row), o.column, o.amount);
     for (const oracle::Link& link : given.links) report.Link(Number_Of(link.from), Number_Of(link.to));
-    AGOption = given.agOption;
+    openReport.AGOption = given.agOption;
 }
 
 std::string Describe(const Case& given) {

@@ -33,6 +33,19 @@ TEST(SyncCp2Test, ShortCodesArePadded) {
     EXPECT_TRUE(TableExists("Cp2m0160", true));
 }
 
+TEST(SyncCp2Test, CodesKeepTheOrderOfTheirLinesThoseOfMSAsFirst) {
+    Report r(fy1999);
+    List_Code(r, "29.01", "Col_2", "54321");
+    List_Code(r, "29.03", "Col_1", "123");
+    List_Code(r, "29.02", "Col_1", "1234");
+    List_Code(r, "29", "Col_2", "345");
+    Sync_Cp2();
+    EXPECT_EQ(r.Cell("Cp4", 23.01_cur, "MSA_Code"), Value("1234"));
+    EXPECT_EQ(r.Cell("Cp4", 23.02_cur, "MSA_Code"), Value("0123"));
+    EXPECT_EQ(r.Cell("Cp4", 23.03_cur, "MSA_Code"), Value("00345"));
+    EXPECT_EQ(r.Cell("Cp4", 23.04_cur, "MSA_Code"), Value("54321"));
+}
+
 TEST(SyncCp2Test, ACodeThatIsRemovedDropsItsInstanceAndWhatWasTypedInIt) {
     Report r(fy1999);
     List_Code(r, "29", "Col_1", "1400");

@@ -51,8 +51,8 @@ void Take_As_Stated(std::map<std::string, std::string>& cells) {
 void Move_Year_End(const FiscalYear& year) {
     db.Execute(Sql("UPDATE Master SET FYStart=", year.start, ", FYEnd=", year.end, ";"));
     db.Execute(Sql("UPDATE S2 SET Col_1=", year.start, ", Col_2=", year.end, " WHERE LineNum=7;"));
-    FYStart = year.start;
-    FYEnd = year.end;
+    openReport.FYStart = year.start;
+    openReport.FYEnd = year.end;
 }
 
 // The chain keeps a copy of the file.

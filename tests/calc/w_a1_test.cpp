@@ -80,10 +80,10 @@ TEST_F(Compensation, NullTotalIsStoredAsZero) {
 TEST(CompensationAnalyses, OneThatStaysRegisteredIsNotCalculatedFromOctober2000On) {
     Report report(fy1999);
     report.Cell("A1", 6, 5, 7);
-    FYStart = kCostLimitsEnd;
+    openReport.FYStart = kCostLimitsEnd;
     report.Calc();
     EXPECT_CELL("A1", 6, 9, 0);
-    FYStart = Date{kCostLimitsEnd.serial - 1};
+    openReport.FYStart = Date{kCostLimitsEnd.serial - 1};
     report.Calc();
     EXPECT_CELL("A1", 6, 9, 7);
 }

@@ -16,7 +16,7 @@ class WorksheetA : public WorksheetTest {
   protected:
     void Begin_A(const FiscalYear& year) {
         Begin(year, {"A", "A4", "A5", "A6pA", "A6pB"});
-        if (FYStart < kCostLimitsEnd) {
+        if (openReport.FYStart < kCostLimitsEnd) {
             for (const char* item : {"A1", "A2", "A3"}) Build(item);
         }
     }

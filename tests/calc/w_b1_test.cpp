@@ -364,7 +364,7 @@ std::vector<CostCenter> Fragmented_Chart() {
 // 5.01 gives 500 at 0.294118: 88, 44, 29, 88, 59, 118, 74.
 TEST(CalcB1, OptionOneSpreadsSharedThenReimbursableThenNonreimbursable) {
     AllocationReport report(Fragmented_Chart());
-    AGOption = 1;
+    openReport.AGOption = 1;
     Calc_B1();
     EXPECT_EQ(report.B(5.02_cur, "CC_501"), 88);
     EXPECT_EQ(report.B(24_cur, "CC_501"), 74);
@@ -385,7 +385,7 @@ TEST(CalcB1, OptionOneSpreadsSharedThenReimbursableThenNonreimbursable) {
 
 TEST(CalcB1, OptionTwoAddsEveryEarlierSubline) {
     AllocationReport report(Fragmented_Chart());
-    AGOption = 2;
+    openReport.AGOption = 2;
     Calc_B1();
     EXPECT_EQ(report.B1(5.03_cur, "CC_502"), 194);
     EXPECT_EQ(report.B1(6_cur, "CC_502"), 129);
@@ -395,7 +395,7 @@ TEST(CalcB1, OptionTwoAddsEveryEarlierSubline) {
 
 TEST(CalcB1, OptionTwoPassesOverSublinesThatTheChartHasNot) {
     AllocationReport report({General_Service(100), Accumulated(503, 100), Other(600, 40), Other(700, 60)});
-    AGOption = 2;
+    openReport.AGOption = 2;
     Calc_B1();
     EXPECT_EQ(report.B(6_cur, "CC_503"), 40);
     EXPECT_EQ(report.B(7_cur, "CC_503"), 60);
@@ -404,7 +404,7 @@ TEST(CalcB1, OptionTwoPassesOverSublinesThatTheChartHasNot) {
 TEST(CalcB1, OptionTwoLeavesAnAccumulatedCapitalColumnAsTyped) {
     AllocationReport report({Accumulated(100, 100), Accumulated(501), Other(600, 500), Other(700, 500)});
     report.Statistic(7_cur, "CC_100", 4);
-    AGOption = 2;
+    openReport.AGOption = 2;
     Calc_B1();
     EXPECT_EQ(report.B1(6_cur, "CC_100"), 0);
     EXPECT_EQ(report.B1(7_cur, "CC_100"), 4);

@@ -218,7 +218,7 @@ TEST(WorksheetCPartII, AYearThatComesToSpanTheDateGetsBothSidesWithWhatWasKeyed)
     r.Cell("Cp2m0040", 1, 7, 3.0);
     r.Cell("Cp2m0040", 8, 4, 95.25);
     EXPECT_TRUE(Cp2_Fits_Period("Cp2m0040"));
-    FYEnd = Date_Of(2000, 10, 1);
+    openReport.FYEnd = Date_Of(2000, 10, 1);
     EXPECT_FALSE(Cp2_Fits_Period("Cp2m0040"));
     Fit_Cp2("Cp2m0040");
     EXPECT_TRUE(Cp2_Fits_Period("Cp2m0040"));
@@ -237,8 +237,8 @@ TEST(WorksheetCPartII, AYearThatNoLongerSpansTheDateCountsBothSidesAsOne) {
     r.Cell("Cp2c16580", 1, 5, 60.0);
     r.Cell("Cp2c16580", 1.01, 5, 40.0);
     r.Cell("Cp2c16580", 6.01, 6, 7.0);
-    FYStart = Date_Of(2000, 10, 1);
-    FYEnd = Date_Of(2001, 9, 30);
+    openReport.FYStart = Date_Of(2000, 10, 1);
+    openReport.FYEnd = Date_Of(2001, 9, 30);
     Fit_Cp2("Cp2c16580");
     EXPECT_EQ(r.Read("SELECT Count(*) FROM Cp2c16580;"), Value(14));
     EXPECT_CELL("Cp2c16580", 1, "Description", "Skilled Nursing");

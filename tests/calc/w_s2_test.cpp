@@ -19,7 +19,7 @@ TEST_F(WorksheetS2, TakesItsIdentityFromTheReport) {
 
 TEST_F(WorksheetS2, QuotesInTheNameAreKept) {
     Begin(fy2016);
-    ProviderName = R"("Good" Neighbor's Care)";
+    openReport.ProviderName = R"("Good" Neighbor's Care)";
     Build_S2();
     EXPECT_CELL("S2", 2_cur, "Col_1", R"("Good" Neighbor's Care)");
 }

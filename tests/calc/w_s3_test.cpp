@@ -1,7 +1,6 @@
 #include "calc/w_s3.h"
 
 #include "calc/worksheets_fixture.h"
-#include "report/code_lists.h"
 
 namespace tallmar {
 namespace {
@@ -105,15 +104,6 @@ TEST_F(WorksheetS3, PartThreeCountsCodesAsTyped) {
     Calc_S3p3();
     EXPECT_CELL("S3p3", 28_cur, "Col_1", "1");
     EXPECT_CELL("S3p3", 28_cur, "Col_2", "2");
-}
-
-TEST_F(WorksheetS3, CodeListsArePaddedAndKeepTheirOrder) {
-    Begin(fy2016, {"S3p3"});
-    Add_Codes(29.01_cur, "'123'", "'54321'");
-    Add_Codes(29_cur, "'1234'", "'345'");
-    Load_MSA();
-    EXPECT_EQ(gblMSACodes, (std::vector<std::string>{"1234", "0123"}));
-    EXPECT_EQ(gblCBSACodes, (std::vector<std::string>{"00345", "54321"}));
 }
 
 TEST_F(WorksheetS3, DrugCostRoundsHalvesToEven) {

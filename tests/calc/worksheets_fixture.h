@@ -27,13 +27,11 @@ class WorksheetTest : public testing::Test {
   protected:
     // The report with its registry, log and chart. A test may change the chart before it builds worksheets.
     void Begin(const FiscalYear& year) {
-        FYStart = year.start;
-        FYEnd = year.end;
-        ProviderNumber = "14-7100";
-        ProviderName = "Tallmar Home Health";
-        MsgLogPrefix.clear();
-        LogType = "C";
-        AGOption = 0;
+        openReport = {};
+        openReport.FYStart = year.start;
+        openReport.FYEnd = year.end;
+        openReport.ProviderNumber = "14-7100";
+        openReport.ProviderName = "Tallmar Home Health";
         Install_Catalogue(All_Families());
         db = DBEngine::CreateDatabase(folder_.File("worksheets.CRF"), ";LANGID=0x0409;CP=1252;COUNTRY=0");
         Build_Worksheets();
@@ -44,7 +42,7 @@ class WorksheetTest : public testing::Test {
         Begin(year);
         for (const char* item : items) Build(item);
     }
-    void TearDown() override { db.Close(); }
+    void TearDown() override { openReport = {}; }
 
     static void Build(const Item& item) { Find_Family(item)->build(item); }
     static void Calc(const Item& item) { Find_Family(item)->calc(item); }

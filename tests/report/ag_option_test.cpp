@@ -39,7 +39,7 @@ constexpr const char* kRows[] = {
 class AgOptionTest : public ReportTest {
   protected:
     AgOptionTest() {
-        FYEnd = Date_Of(2016, 9, 30);
+        openReport.FYEnd = Date_Of(2016, 9, 30);
         Empty_Database();
         Build_Worksheets();
         Build_CC();
@@ -59,15 +59,15 @@ class AgOptionTest : public ReportTest {
 }  // namespace
 
 TEST_F(AgOptionTest, EmptyAnswerIsOption0) {
-    AGOption = 2;
+    openReport.AGOption = 2;
     Load_AGOption();
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
     db.Execute("UPDATE S2 SET Col_1=\"1\" WHERE LineNum=26;");
     Load_AGOption();
-    EXPECT_EQ(AGOption, 1);
+    EXPECT_EQ(openReport.AGOption, 1);
     db.TableDefs().Delete("S2");
     Load_AGOption();
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
 }
 
 TEST_F(AgOptionTest, SplitMovesLine5To501Everywhere) {
@@ -128,7 +128,7 @@ TEST_F(AgOptionTest, KilledWorksheetIsLeftAlone) {
 
 TEST_F(AgOptionTest, Option1MakesLine5A501) {
     Choose("1");
-    EXPECT_EQ(AGOption, 1);
+    EXPECT_EQ(openReport.AGOption, 1);
     EXPECT_EQ(Column("SELECT LineNum FROM CostCenters WHERE Int(LineNum)=5;"), "5.01");
     EXPECT_EQ(Column("SELECT LineNum FROM A ORDER BY LineNum;"), "5.01 6");
     Choose("1");
@@ -138,7 +138,7 @@ TEST_F(AgOptionTest, Option1MakesLine5A501) {
 TEST_F(AgOptionTest, Option0TakesItBack) {
     Choose("1");
     Choose("0");
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
     EXPECT_EQ(Column("SELECT LineNum FROM CostCenters WHERE Int(LineNum)=5;"), "5");
     Choose("0");
     EXPECT_EQ(Column("SELECT CCGroup FROM CostCenters WHERE LineNum=5;"), "500");

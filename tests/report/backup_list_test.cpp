@@ -67,14 +67,14 @@ TEST_F(BackupListTest, CopyIsOpenedAndTheBackupStaysAsItIs) {
     const std::string backup = Kept_Backups().front().path;
     const std::string before = Bytes(backup), copy = folder.File("Agency (backup).CRF");
     ASSERT_TRUE(Open_Copy_Of_Backup(backup, copy));
-    EXPECT_EQ(CRFPath, copy);
-    EXPECT_NE(ProviderName, "Changed");
+    EXPECT_EQ(openReport.CRFPath, copy);
+    EXPECT_NE(openReport.ProviderName, "Changed");
     Keep_Backup();
     db.Execute("UPDATE Master SET ProviderName = \"Later\";");
     Report_Close();
     EXPECT_EQ(Bytes(backup), before);
     EXPECT_TRUE(Report_Open(report));
-    EXPECT_EQ(ProviderName, "Changed") << "the report itself is as it was left";
+    EXPECT_EQ(openReport.ProviderName, "Changed") << "the report itself is as it was left";
 }
 
 TEST_F(BackupListTest, BackupIsNoPlaceForItsCopy) {
@@ -109,11 +109,11 @@ TEST_F(BackupListTest, WhatACopyReplacesIsKeptAndTheBackupStaysThoughItIsTheOlde
     }
     const std::string oldest = Kept_Backups().back().path;
     ASSERT_TRUE(Open_Copy_Of_Backup(oldest, report));
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
     EXPECT_TRUE(fs::exists(oldest));
     Report_Release();
     ASSERT_TRUE(Open_Copy_Of_Backup(Kept_Backups().front().path, folder.File("before.CRF")));
-    EXPECT_EQ(ProviderName, "State 5");
+    EXPECT_EQ(openReport.ProviderName, "State 5");
 }
 
 TEST_F(BackupListTest, BoxOfADamagedReportNamesItsBackups) {

@@ -10,9 +10,9 @@ namespace {
 class ChartTest : public ReportTest {
   protected:
     ChartTest() {
-        FYStart = Date_Of(2015, 10, 1);
-        FYEnd = Date_Of(2016, 9, 30);
         Empty_Database();
+        openReport.FYStart = Date_Of(2015, 10, 1);
+        openReport.FYEnd = Date_Of(2016, 9, 30);
         Build_Worksheets();
         Build_Master();
     }
@@ -55,12 +55,12 @@ TEST_F(ChartTest, GeneralServiceLinesCarryTheirLabels) {
 }
 
 TEST_F(ChartTest, VaccineLineComesWithYearsEndingOnItsDate) {
-    FYEnd = Date_Of(2007, 1, 30);
+    openReport.FYEnd = Date_Of(2007, 1, 30);
     Build_CC();
     EXPECT_EQ(Count("CostCenters WHERE LineNum=13.2"), 0);
     db.TableDefs().Delete("CostCenters");
     db.TableDefs().Delete("DeletedCCs");
-    FYEnd = Date_Of(2007, 1, 31);
+    openReport.FYEnd = Date_Of(2007, 1, 31);
     Build_CC();
     EXPECT_EQ(Read("SELECT MaxLines FROM CostCenters WHERE LineNum=13.2;"), Value(9));
 }
@@ -104,14 +104,14 @@ TEST_F(ChartTest, CountsFollowTheChart) {
 
 TEST_F(ChartTest, NewChartFitsOption0AndNoOther) {
     Build_CC();
-    AGOption = 0;
+    openReport.AGOption = 0;
     EXPECT_EQ(CheckAGCostCenters(), "");
-    AGOption = 1;
+    openReport.AGOption = 1;
     EXPECT_EQ(CheckAGCostCenters(),
               "Worksheet S-2 line 26 specifies option 1.  This requires that Administrative & General cost centers "
               "5.01, 5.02, and 5.03 be defined, and that there are no other cost centers between 5.00 and 5.19. Also, "
               "these cost centers must use accumulated cost and have group codes 0523, 0521, and 0522 respectively.");
-    AGOption = 2;
+    openReport.AGOption = 2;
     EXPECT_EQ(CheckAGCostCenters(),
               "Worksheet S-2 line 26 does not specify a correct option, please correct on form S2.");
 }
@@ -119,9 +119,9 @@ TEST_F(ChartTest, NewChartFitsOption0AndNoOther) {
 TEST_F(ChartTest, SplitChartFitsOption1) {
     Build_CC();
     Split_Chart();
-    AGOption = 1;
+    openReport.AGOption = 1;
     EXPECT_EQ(CheckAGCostCenters(), "");
-    AGOption = 0;
+    openReport.AGOption = 0;
     EXPECT_EQ(CheckAGCostCenters(),
               "Worksheet S-2 line 26 specifies option 0.  This requires that Administrative & General cost center "
               "5.00 be defined, and that it is the only cost center between 5.00 and 5.19. Also, cost center 5.00 must "
@@ -132,7 +132,7 @@ TEST_F(ChartTest, SublineWithoutAccumulatedCostDropsOutOfOption1) {
     Build_CC();
     Split_Chart();
     db.Execute("UPDATE CostCenters SET StatLabel1='(Square', StatLabel2='Feet)' WHERE LineNum=5.02;");
-    AGOption = 1;
+    openReport.AGOption = 1;
     EXPECT_TRUE(CheckAGCostCenters().starts_with("Worksheet S-2 line 26 specifies option 1."));
 }
 
@@ -160,10 +160,10 @@ TEST_F(ChartTest, UpgradeAddsTheVaccineLineAndCountsIt) {
 }
 
 TEST_F(ChartTest, UpgradeLeavesTheVaccineLineToYearsThatHaveIt) {
-    FYEnd = Date_Of(2007, 1, 30);
+    openReport.FYEnd = Date_Of(2007, 1, 30);
     Build_CC();
     EXPECT_FALSE(Chart_Needs_Upgrade());
-    FYEnd = Date_Of(2007, 1, 31);
+    openReport.FYEnd = Date_Of(2007, 1, 31);
     EXPECT_TRUE(Chart_Needs_Upgrade());
 }
 
@@ -171,15 +171,15 @@ TEST_F(ChartTest, SublinesOf12To14AreForbiddenAcrossTheLimitsEnd) {
     Build_CC();
     db.Execute("INSERT INTO CostCenters (LineNum,CCNum,CCType) VALUES (12.01,12.01,'A');");
     Tell_Forbidden_Sublines();
-    FYStart = Date_Of(2000, 1, 1);
-    FYEnd = Date_Of(2000, 9, 30);
+    openReport.FYStart = Date_Of(2000, 1, 1);
+    openReport.FYEnd = Date_Of(2000, 9, 30);
     Tell_Forbidden_Sublines();
-    FYEnd = Date_Of(2000, 10, 1);
+    openReport.FYEnd = Date_Of(2000, 10, 1);
     platform.Expect_Box("CMS Requirement",
                         "Cost centers 12, 13 and 14 are not allowed to be subscripted for cost reporting periods that "
                         "span 10/1/2000.  Please remove the subscripted lines for cost centers 12, 13 and 14.");
     Tell_Forbidden_Sublines();
-    FYStart = Date_Of(2000, 10, 1);
+    openReport.FYStart = Date_Of(2000, 10, 1);
     Tell_Forbidden_Sublines();
 }
 

@@ -74,9 +74,9 @@ TEST_F(EditKeyTest, SaveWritesS2AndMaster) {
     EXPECT_EQ(master["FYStart"], Value(Date_Of(2016, 2, 1)));
     EXPECT_EQ(master["FYEnd"], Value(Date_Of(2017, 1, 31)));
     EXPECT_EQ(master["ProviderName"], Value("The \"New\" Harbor"));
-    EXPECT_EQ(ProviderName, "The \"New\" Harbor");
-    EXPECT_EQ(FYStart, Date_Of(2016, 2, 1));
-    EXPECT_EQ(FormNum, "1728");
+    EXPECT_EQ(openReport.ProviderName, "The \"New\" Harbor");
+    EXPECT_EQ(openReport.FYStart, Date_Of(2016, 2, 1));
+    EXPECT_EQ(openReport.FormNum, "1728");
 }
 
 TEST_F(EditKeyTest, RefusedEntryChangesNothing) {
@@ -84,7 +84,7 @@ TEST_F(EditKeyTest, RefusedEntryChangesNothing) {
     platform.Expect_Box_Starting("Error: Invalid Facility Name", "Facility Name must be at least 8 characters.");
     EXPECT_EQ(Save_Edit_Key(entries), EntryField::Name);
     EXPECT_EQ(Read("SELECT ProviderName FROM Master;"), Value("Harbor Home Health"));
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
 }
 
 TEST_F(EditKeyTest, AMoveOverADividingDateIsAskedAndBringsItsWorksheets) {
@@ -95,7 +95,7 @@ TEST_F(EditKeyTest, AMoveOverADividingDateIsAskedAndBringsItsWorksheets) {
     EXPECT_EQ(Yearly(), "A1 A2 A3 A83p1 A83p2");
     EXPECT_FALSE(TableExists("S21", false));
     EXPECT_FALSE(CRF_Needs_Upgrade());
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(EditKeyTest, AMoveThatIsNotConfirmedChangesNothing) {
@@ -103,7 +103,7 @@ TEST_F(EditKeyTest, AMoveThatIsNotConfirmedChangesNothing) {
     platform.Expect_Box("Change of Fiscal Year", kToLimits, Answer::No);
     EXPECT_EQ(Save_Edit_Key(entries), EntryField::Start);
     EXPECT_EQ(Yearly(), "S21");
-    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1));
     EXPECT_EQ(Read("SELECT FYStart FROM Master;"), Value(Date_Of(2015, 10, 1)));
 }
 
@@ -111,12 +111,12 @@ TEST_F(EditKeyTest, OnlyWhatComesOrGoesIsNamed) {
     EXPECT_EQ(Change_Of_Year_Question(Date_Of(2015, 9, 30)),
               "The new fiscal year uses other worksheets: none; no longer used: S-2-1.  Do you wish to continue?");
     EXPECT_EQ(Change_Of_Year_Question(Date_Of(2016, 10, 1)), "");
-    FYStart = Date_Of(2000, 9, 30);
+    openReport.FYStart = Date_Of(2000, 9, 30);
     EXPECT_EQ(Change_Of_Year_Question(Date_Of(2000, 10, 1)),
               "The new fiscal year uses other worksheets: none; no longer used: A-1, A-2, A-3, A-8-3.  Do you wish to "
               "continue?");
     EXPECT_EQ(Change_Of_Year_Question(Date_Of(2000, 9, 29)), "");
-    FYStart = Date_Of(2015, 9, 30);
+    openReport.FYStart = Date_Of(2015, 9, 30);
     EXPECT_EQ(Change_Of_Year_Question(Date_Of(2015, 10, 1)),
               "The new fiscal year uses other worksheets: S-2-1; no longer used: none.  Do you wish to continue?");
 }
@@ -127,7 +127,7 @@ TEST_F(EditKeyTest, AFailureAtMasterLeavesS2AsItWas) {
     EXPECT_THROW(Store_Identity(identity), DbError);
     EXPECT_TRUE(Read("SELECT Col_1 FROM S2 WHERE LineNum=2;").Is_Null());
     EXPECT_TRUE(Read("SELECT Col_1 FROM S2 WHERE LineNum=7;").Is_Null());
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
 }
 
 TEST_F(EditKeyTest, AWorksheetThatCannotBeBuiltLeavesTheYearAsItWas) {
@@ -135,7 +135,7 @@ TEST_F(EditKeyTest, AWorksheetThatCannotBeBuiltLeavesTheYearAsItWas) {
     Identity identity = Present_Identity();
     identity.year = {Date_Of(1998, 10, 1), Date_Of(1999, 9, 30)};
     EXPECT_THROW(Store_Identity(identity), DbError);
-    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1));
     EXPECT_EQ(Read("SELECT FYStart FROM Master;"), Value(Date_Of(2015, 10, 1)));
     EXPECT_EQ(Yearly(), "S21");
     EXPECT_TRUE(TableExists("S21", true));
@@ -158,7 +158,7 @@ TEST_F(EditKeyTest, SaveAsChangesTheCopyOnly) {
     const std::string before = Bytes(folder.File("Agency.CRF"));
     entries.providerNumber = "15-7200";
     EXPECT_TRUE(Save_Edit_Key_As(entries, folder.File("Copy.CRF")));
-    EXPECT_EQ(CRFPath, folder.File("Copy.CRF"));
+    EXPECT_EQ(openReport.CRFPath, folder.File("Copy.CRF"));
     EXPECT_EQ(Read("SELECT ProviderNumber FROM Master;"), Value("15-7200"));
     Report_Release();
     EXPECT_EQ(Bytes(folder.File("Agency.CRF")), before);
@@ -169,7 +169,7 @@ TEST_F(EditKeyTest, FailedSaveAsChangesNothing) {
     entries.providerNumber = "15-7200";
     EXPECT_FALSE(Save_Edit_Key_As(entries, folder.File("nowhere/Copy.CRF")));
     EXPECT_EQ(Read("SELECT ProviderNumber FROM Master;"), Value("14-7100"));
-    EXPECT_EQ(ProviderNumber, "14-7100");
+    EXPECT_EQ(openReport.ProviderNumber, "14-7100");
 }
 
 }  // namespace tallmar

@@ -17,11 +17,11 @@ class MasterTest : public ReportTest {
 }  // namespace
 
 TEST_F(MasterTest, HoldsTheIdentityAndNoCounts) {
-    FormNum = "1728";
-    ProviderNumber = "14-7100";
-    ProviderName = "St. Mary's \"Harbor\" Home Health";
-    FYStart = Date_Of(2015, 10, 1);
-    FYEnd = Date_Of(2016, 9, 30);
+    openReport.FormNum = "1728";
+    openReport.ProviderNumber = "14-7100";
+    openReport.ProviderName = "St. Mary's \"Harbor\" Home Health";
+    openReport.FYStart = Date_Of(2015, 10, 1);
+    openReport.FYEnd = Date_Of(2016, 9, 30);
     Build_Master();
     const Row row = db.Read_Row("SELECT * FROM Master;");
     EXPECT_EQ(Count("Master"), 1);
@@ -29,18 +29,18 @@ TEST_F(MasterTest, HoldsTheIdentityAndNoCounts) {
     EXPECT_EQ(row["FormNum"], Value("1728"));
     EXPECT_EQ(row["ProviderNumber"], Value("14-7100"));
     EXPECT_EQ(row["ProviderName"], Value("St. Mary's \"Harbor\" Home Health"));
-    EXPECT_EQ(row["FYStart"], Value(FYStart));
-    EXPECT_EQ(row["FYEnd"], Value(FYEnd));
+    EXPECT_EQ(row["FYStart"], Value(openReport.FYStart));
+    EXPECT_EQ(row["FYEnd"], Value(openReport.FYEnd));
     for (const char* field :
          {"AllCCs", "GenSvcCCs", "CapitalCCs", "EmpBenCCs", "BSubTot1", "BSubTot2", "BSubTot3", "B1SubTot"}) {
         EXPECT_TRUE(row[field].Is_Null()) << field;
     }
 
-    ProviderName.clear();
-    FYEnd = Date{};
+    openReport.ProviderName.clear();
+    openReport.FYEnd = Date{};
     EXPECT_TRUE(Load_Master());
-    EXPECT_EQ(ProviderName, "St. Mary's \"Harbor\" Home Health");
-    EXPECT_EQ(FYEnd, Date_Of(2016, 9, 30));
+    EXPECT_EQ(openReport.ProviderName, "St. Mary's \"Harbor\" Home Health");
+    EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 9, 30));
 }
 
 TEST_F(MasterTest, MissingTableOrRowIsToldApart) {
@@ -55,19 +55,19 @@ TEST_F(MasterTest, HeaderLinesAreThreeAndEmpty) {
     Build_HeaderLines();
     EXPECT_EQ(Column("SELECT LineNum FROM HeaderLines;"), "1 2 3");
     EXPECT_EQ(Column("SELECT Item FROM Worksheets WHERE Calc_Lvl=999 And Item=\"HeaderLines\";"), "HeaderLines");
-    HeaderLine2 = "old";
+    openReport.HeaderLine2 = "old";
     Load_HeaderLines();
-    EXPECT_EQ(HeaderLine2, "");
+    EXPECT_EQ(openReport.HeaderLine2, "");
     db.Execute("UPDATE HeaderLines SET LineText=\"Draft\" WHERE LineNum=2;");
     Load_HeaderLines();
-    EXPECT_EQ(HeaderLine1, "");
-    EXPECT_EQ(HeaderLine2, "Draft");
+    EXPECT_EQ(openReport.HeaderLine1, "");
+    EXPECT_EQ(openReport.HeaderLine2, "Draft");
 }
 
 TEST_F(MasterTest, ReportWithoutHeaderLinesHasEmptyOnes) {
-    HeaderLine1 = "old";
+    openReport.HeaderLine1 = "old";
     Load_HeaderLines();
-    EXPECT_EQ(HeaderLine1, "");
+    EXPECT_EQ(openReport.HeaderLine1, "");
 }
 
 }  // namespace tallmar

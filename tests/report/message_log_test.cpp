@@ -60,6 +60,17 @@ TEST_F(MessageLogTest, TitleNamesTheWorksheet) {
     EXPECT_EQ(Logged(kOkOnly, "Worksheet"), "I/");
 }
 
+TEST_F(MessageLogTest, AnErrorOfAWorksheetIsABoxOrARowAlike) {
+    platform.Expect_Box("Error: Worksheet B1", "Text", Answer::Ok, kStop);
+    Report_Error("B1", "Text");
+    platform.Expect_Box("Error: Worksheet B", "Text", Answer::Ok, kExclamation);
+    Report_Error("B", "Text", kExclamation);
+    Start_Msg_Log("Junk");
+    Report_Error("B1", "Text");
+    Report_Msg("Text", kStop, "Error: Worksheet B1");
+    EXPECT_EQ(Column("SELECT ErrLevel & '/' & ErrForm & '/' & ErrMessage FROM JunkErrLog;"), "E/B1/Text E/B1/Text");
+}
+
 TEST_F(MessageLogTest, QuoteInAMessageBreaksTheStatement) {
     Start_Msg_Log("Junk");
     EXPECT_THROW(Report_Msg("a \"b\" c"), DbError);
@@ -109,14 +120,14 @@ TEST_F(MessageLogTest, EndListsTheRowsByFormAndLevel) {
     EXPECT_EQ(rows[1].level, "E");
     EXPECT_EQ(rows[2].form, "B");
     EXPECT_EQ(rows[2].level, "W");
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(MessageLogTest, NoMessageShowsNoList) {
     Start_Msg_Log("CalcAll");
     End_Msg_Log("CalcAll");
     EXPECT_TRUE(platform.batches.empty());
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(MessageLogTest, QuietEndShowsNoList) {
@@ -134,7 +145,7 @@ TEST_F(MessageLogTest, LogTableIsNeverRegistered) {
 }
 
 TEST_F(MessageLogTest, MessageWithoutAReportFails) {
-    MsgLogPrefix = "CalcAll";
+    openReport.MsgLogPrefix = "CalcAll";
     db.Close();
     EXPECT_THROW(Report_Msg("Text"), DbError);
 }

@@ -76,27 +76,26 @@ TEST_F(NewReportTest, ReportIsOpenAndWhole) {
     Install_Catalogue(kEvery);
     ASSERT_TRUE(Create("Agency.CRF"));
     EXPECT_TRUE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, folder.File("Agency.CRF"));
-    EXPECT_EQ(CRFDir, folder.Path());
-    EXPECT_EQ(CRFTitle, "Agency.CRF");
-    EXPECT_EQ(FormNum, "1728");
-    EXPECT_EQ(ProviderNumber, "14-7100");
+    EXPECT_EQ(openReport.CRFPath, folder.File("Agency.CRF"));
+    EXPECT_EQ(openReport.CRFDir, folder.Path());
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
+    EXPECT_EQ(openReport.FormNum, "1728");
+    EXPECT_EQ(openReport.ProviderNumber, "14-7100");
     EXPECT_EQ(Read("SELECT ProviderName FROM Master;"), Value("Harbor Home Health"));
     EXPECT_EQ(Read("SELECT FYEnd FROM Master;"), Value(Date_Of(2016, 9, 30)));
     EXPECT_EQ(Column("SELECT Item FROM Worksheets WHERE Calc_Lvl=999 ORDER BY Item;"),
               "CostCenters DeletedCCs HeaderLines Log Worksheets");
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
     EXPECT_TRUE(TableExists("NewCRFErrLog", false));
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
 
-TEST_F(NewReportTest, WindowShowsTheReport) {
+TEST_F(NewReportTest, WindowHearsOfTheReport) {
     ASSERT_TRUE(Create("Agency.CRF"));
-    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- Agency.CRF");
-    EXPECT_EQ(platform.texts.at("lblCRFName"), folder.File("Agency.CRF"));
-    EXPECT_EQ(platform.texts.at("tmrMain.Tag"), "");
-    EXPECT_EQ(platform.texts.at("tmrMain.Interval"), "100");
-    EXPECT_FALSE(platform.visible.at("fraWelcome"));
+    EXPECT_EQ(platform.reportEvents, (std::vector{ReportEvent::Making, ReportEvent::Named, ReportEvent::Opened}));
+    EXPECT_EQ(openReport.CRFPath, folder.File("Agency.CRF"));
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
+    EXPECT_FALSE(platform.busy);
     EXPECT_FALSE(platform.hourglass);
 }
 
@@ -141,7 +140,7 @@ TEST_F(NewReportTest, DiskThatFillsWhileItIsAssembledIsASystemErrorAndLeavesTheO
     entries.facilityName = "Harbor Home Health";
     EXPECT_FALSE(Create_CRF(report, entries, {Date_Of(2015, 10, 1), Date_Of(2016, 9, 30)}));
     EXPECT_FALSE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, "");
+    EXPECT_EQ(openReport.CRFPath, "");
     EXPECT_EQ(Bytes(report), "older");
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
@@ -157,7 +156,7 @@ TEST_F(NewReportTest, AFileThatIsThereIsReplacedOnlyAfterTheQuestion) {
     EXPECT_TRUE(Bytes(folder.File("Agency.CRF")) == before);
     platform.Expect_Box("Replace File?", text, Answer::Yes);
     EXPECT_TRUE(Create("Agency.CRF", "10/1/2014"));
-    EXPECT_EQ(FYStart, Date_Of(2014, 10, 1));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2014, 10, 1));
 }
 
 TEST_F(NewReportTest, CancelledDialogCreatesNothing) {
@@ -174,9 +173,9 @@ TEST_F(NewReportTest, MissingFolderIsASystemErrorAndLeavesNothing) {
     EXPECT_FALSE(Create("nowhere/Agency.CRF"));
     EXPECT_TRUE(Files().empty());
     EXPECT_FALSE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, "");
-    EXPECT_TRUE(platform.visible.at("fraWelcome"));
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.CRFPath, "");
+    EXPECT_EQ(platform.reportEvents.back(), ReportEvent::Closed);
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(NewReportTest, FailureLeavesAnOlderFileAsItWas) {

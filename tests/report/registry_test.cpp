@@ -62,10 +62,11 @@ TEST_F(RegistryTest, MakeRevivesAKilledWorksheetAndKeepsWhatItWas) {
 }
 
 TEST_F(RegistryTest, StampOfAnUnknownItemBeepsAndWritesNothing) {
+    openReport.ecrMayBeBuilt = true;
     for (const char* action : {"Chng", "Save", "Calc", "Prnt", "Kill", "Other"}) Edit_Worksheets("A", action, 1);
     EXPECT_EQ(platform.beeps, 6);
     EXPECT_EQ(Count("Worksheets"), 1);
-    EXPECT_FALSE(platform.enabled.contains("mnuReportSubmit"));
+    EXPECT_TRUE(openReport.ecrMayBeBuilt);
 }
 
 TEST_F(RegistryTest, EachStampWritesItsOwnDate) {
@@ -85,13 +86,15 @@ TEST_F(RegistryTest, EachStampWritesItsOwnDate) {
 }
 
 TEST_F(RegistryTest, CalcTellsWhetherErrorsStandAndStopsTheSubmission) {
+    openReport.ecrMayBeBuilt = true;
     Edit_Worksheets("A", "Make", 4);
+    EXPECT_TRUE(openReport.ecrMayBeBuilt);
     Edit_Worksheets("A", "Calc", 3);
     EXPECT_EQ(Of("A", "CalcErrs"), Value(3));
     EXPECT_EQ(Of("A", "ReCalc"), Value(true));
     Edit_Worksheets("A", "Calc", 0);
     EXPECT_EQ(Of("A", "ReCalc"), Value(false));
-    EXPECT_FALSE(platform.enabled.at("mnuReportSubmit"));
+    EXPECT_FALSE(openReport.ecrMayBeBuilt);
 }
 
 TEST_F(RegistryTest, InternalTableGetsNoNameAndARebuildKeepsAnOldOne) {

@@ -62,7 +62,7 @@ TEST_F(ReplaceTest, SaveAsAndNewRefuseSuchNamesAndChangeNothing) {
     New_Report();
     platform.Expect_Box_Starting(kTitle, "The name QVRTemp.CRF is kept");
     EXPECT_FALSE(Report_Save_As(folder.File("QVRTemp.CRF")));
-    EXPECT_EQ(CRFTitle, "Agency.CRF");
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
     EXPECT_TRUE(Report_Is_Open());
     Report_Release();
     NewReportEntries entries;

@@ -53,7 +53,6 @@ class ReportLockTest : public ReportTest {
         platform.keepsReportsOpen = true;
         Install_Catalogue(All_Families());  // the other window has it, and would add what is missing
     }
-    ~ReportLockTest() override { Release_Report_Lock(); }
 
     void Closed_Report(std::string_view name = "Agency.CRF") {
         New_Report(Date_Of(2015, 10, 1), Date_Of(2016, 9, 30), name);
@@ -109,9 +108,9 @@ TEST_F(ReportLockTest, AReportOpenInAnotherWindowIsRefused) {
                         Answer::Ok, kStop);
     EXPECT_FALSE(Report_Open(report));
     EXPECT_FALSE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, "");
+    EXPECT_EQ(openReport.CRFPath, "");
     EXPECT_FALSE(platform.hourglass);
-    EXPECT_TRUE(platform.visible.at("fraWelcome"));
+    EXPECT_EQ(platform.reportEvents.back(), ReportEvent::Closed);
     EXPECT_TRUE(Bytes(report) == before);
     EXPECT_EQ(Bytes(lock), holder);
     other.Close();
@@ -218,8 +217,8 @@ TEST_F(ReportLockTest, SaveAsOntoAReportInUseIsRefused) {
     Expect_In_Use(copy);
     EXPECT_FALSE(Save_Edit_Key_As(entries, copy));
     EXPECT_TRUE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, report);
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.CRFPath, report);
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
     EXPECT_TRUE(fs::exists(lock));
     EXPECT_TRUE(Bytes(copy) == before);
     other.Close();

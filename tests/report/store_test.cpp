@@ -30,9 +30,9 @@ class StoreTest : public ReportTest {
         platform.Expect_Box_Starting(kInvalid, "The file " + path, Answer::Ok, kStop);
         EXPECT_FALSE(Report_Open(path));
         EXPECT_FALSE(Report_Is_Open());
-        EXPECT_EQ(CRFPath, "");
+        EXPECT_EQ(openReport.CRFPath, "");
         EXPECT_FALSE(platform.hourglass);
-        EXPECT_TRUE(platform.visible.at("fraWelcome"));
+        EXPECT_EQ(platform.reportEvents.back(), ReportEvent::Closed);
         if (!before.empty()) {
             EXPECT_EQ(Bytes(path), before);
         }
@@ -43,32 +43,30 @@ class StoreTest : public ReportTest {
 
 TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
     Closed_Report();
-    ProviderName = ProviderNumber = FormNum = "";
-    FYStart = FYEnd = Date{};
-    HeaderLine1 = "old";
-    AGOption = 2;
+    openReport.ProviderName = openReport.ProviderNumber = openReport.FormNum = "";
+    openReport.FYStart = openReport.FYEnd = Date{};
+    openReport.HeaderLine1 = "old";
+    openReport.AGOption = 2;
     ASSERT_TRUE(Report_Open(report));
-    EXPECT_EQ(FormNum, "1728");
-    EXPECT_EQ(ProviderNumber, "14-7100");
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
-    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
-    EXPECT_EQ(FYEnd, Date_Of(2016, 9, 30));
-    EXPECT_EQ(HeaderLine1, "");
-    EXPECT_EQ(AGOption, 0);
-    EXPECT_EQ(CRFTitle, "Agency.CRF");
-    EXPECT_EQ(CRFDir, folder.Path());
+    EXPECT_EQ(openReport.FormNum, "1728");
+    EXPECT_EQ(openReport.ProviderNumber, "14-7100");
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 9, 30));
+    EXPECT_EQ(openReport.HeaderLine1, "");
+    EXPECT_EQ(openReport.AGOption, 0);
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
+    EXPECT_EQ(openReport.CRFDir, folder.Path());
 }
 
-TEST_F(StoreTest, OpenSetsTheWindow) {
+TEST_F(StoreTest, WindowHearsOfTheOpening) {
     Closed_Report();
-    platform.menuRefreshes = 0;
+    platform.menusStale = 0;
+    platform.reportEvents.clear();
     ASSERT_TRUE(Report_Open(report));
-    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- Agency.CRF");
-    EXPECT_EQ(platform.texts.at("lblCRFName"), report);
-    EXPECT_EQ(platform.texts.at("tmrMain.Tag"), "");
-    EXPECT_FALSE(platform.enabled.at("mnuReportSubmit"));
-    EXPECT_FALSE(platform.visible.at("fraWelcome"));
-    EXPECT_EQ(platform.menuRefreshes, 1);
+    EXPECT_EQ(platform.reportEvents, (std::vector{ReportEvent::Opening, ReportEvent::Named, ReportEvent::Opened}));
+    EXPECT_FALSE(openReport.ecrMayBeBuilt);
+    EXPECT_EQ(platform.menusStale, 1);
     EXPECT_FALSE(platform.hourglass);
 }
 
@@ -80,7 +78,7 @@ TEST_F(StoreTest, OpeningAndReleasingLeavesTheFileAsItWas) {
     Report_Release();
     EXPECT_EQ(Bytes(report), before);
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
-    EXPECT_EQ(CRFPath, "");
+    EXPECT_EQ(openReport.CRFPath, "");
 }
 
 TEST_F(StoreTest, OpenRemembersTheFolder) {
@@ -103,8 +101,8 @@ TEST_F(StoreTest, FloppyIsNotRemembered) {
 
 TEST_F(StoreTest, PathWithoutASeparatorHasTheRootOfC) {
     Take_Path("Agency.CRF");
-    EXPECT_EQ(CRFDir, "C:\\");
-    EXPECT_EQ(CRFTitle, "Agency.CRF");
+    EXPECT_EQ(openReport.CRFDir, "C:\\");
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
 }
 
 TEST_F(StoreTest, BackslashesNameTheSameFile) {
@@ -112,8 +110,8 @@ TEST_F(StoreTest, BackslashesNameTheSameFile) {
     std::string path = report;
     std::ranges::replace(path, '/', '\\');
     ASSERT_TRUE(Report_Open(path));
-    EXPECT_EQ(CRFTitle, "Agency.CRF");
-    EXPECT_EQ(CRFPath, path);
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
+    EXPECT_EQ(openReport.CRFPath, path);
     EXPECT_TRUE(Report_Close());
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
@@ -135,24 +133,24 @@ TEST_F(StoreTest, CancelledDialogIsNoError) {
     EXPECT_TRUE(platform.boxes.empty());
 }
 
-// Tells whether the welcome frame stood while the dialog was open.
+// What the window had heard of as the dialog came up.
 struct DialogWatch : FakePlatform {
-    bool stood = true;
+    std::vector<ReportEvent> before;
     std::optional<std::string> Open_File(const FileDialog& dialog) override {
-        stood = !visible.contains("fraWelcome") || visible.at("fraWelcome");
+        before = reportEvents;
         return FakePlatform::Open_File(dialog);
     }
 };
 
-TEST_F(StoreTest, WelcomeIsHiddenDuringTheDialogAndComesBackWithoutAReport) {
+TEST_F(StoreTest, WindowHearsOfTheDialogAndOfItsCancelling) {
     New_Report();
     for (const bool isOpen : {true, false}) {
         if (!isOpen) Report_Release();
         DialogWatch watch;
         watch.Reply_Open(std::nullopt);
         EXPECT_FALSE(Report_Open_Dialog());
-        EXPECT_FALSE(watch.stood);
-        EXPECT_EQ(watch.visible.at("fraWelcome"), !isOpen);
+        EXPECT_EQ(watch.before, std::vector{ReportEvent::Opening});
+        EXPECT_EQ(watch.reportEvents, (std::vector{ReportEvent::Opening, ReportEvent::NotChosen}));
     }
 }
 
@@ -164,8 +162,8 @@ TEST_F(StoreTest, FormsThatStayOpenKeepTheReport) {
     EXPECT_TRUE(platform.openDialogs.empty());
     EXPECT_FALSE(Report_Close());
     EXPECT_TRUE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, report);
-    EXPECT_TRUE(platform.enabled.at("frmMain"));
+    EXPECT_EQ(openReport.CRFPath, report);
+    EXPECT_FALSE(platform.busy);
     EXPECT_FALSE(platform.hourglass);
 }
 
@@ -232,17 +230,17 @@ TEST_F(StoreTest, SaveAsGoesOnWithTheCopy) {
     fs::create_directory(folder.File("other"));
     const std::string copy = folder.File("other/Copy.CRF");
     ASSERT_TRUE(Report_Save_As(copy));
-    EXPECT_EQ(CRFPath, copy);
-    EXPECT_EQ(CRFTitle, "Copy.CRF");
-    EXPECT_EQ(CRFDir, folder.Path());
-    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- Copy.CRF");
+    EXPECT_EQ(openReport.CRFPath, copy);
+    EXPECT_EQ(openReport.CRFTitle, "Copy.CRF");
+    EXPECT_EQ(openReport.CRFDir, folder.Path());
+    EXPECT_EQ(platform.reportEvents.back(), ReportEvent::Named);
     db.Execute("UPDATE Master SET ProviderName=\"Changed\";");
     Report_Release();
     ASSERT_TRUE(Report_Open(report));
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
     Report_Release();
     ASSERT_TRUE(Report_Open(copy));
-    EXPECT_EQ(ProviderName, "Changed");
+    EXPECT_EQ(openReport.ProviderName, "Changed");
 }
 
 TEST_F(StoreTest, SaveAsOverAnotherReportReplacesIt) {
@@ -258,7 +256,7 @@ TEST_F(StoreTest, SaveAsToItsOwnNameSucceeds) {
     New_Report();
     const std::string before = Bytes(report);
     EXPECT_TRUE(Report_Save_As(report));
-    EXPECT_EQ(CRFPath, report);
+    EXPECT_EQ(openReport.CRFPath, report);
     EXPECT_TRUE(Report_Is_Open());
     EXPECT_EQ(Bytes(report), before);
 }
@@ -272,8 +270,8 @@ TEST_F(StoreTest, FailedSaveAsKeepsTheFirstFileOpen) {
     platform.beeps = 0;
     EXPECT_FALSE(Report_Save_As(folder.File("nowhere/Copy.CRF")));
     EXPECT_EQ(platform.beeps, 1);
-    EXPECT_EQ(CRFPath, report);
-    EXPECT_EQ(CRFTitle, "Agency.CRF");
+    EXPECT_EQ(openReport.CRFPath, report);
+    EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
     EXPECT_TRUE(Report_Is_Open());
     EXPECT_EQ(Column("SELECT ProviderName FROM Master;"), "Harbor Home Health");
 }
@@ -286,7 +284,7 @@ TEST_F(StoreTest, SaveAsOverAReadOnlyFileFailsAndLeavesIt) {
     platform.Expect_Box_Starting("Error: Save As Request Failed", "");
     EXPECT_FALSE(Report_Save_As(target));
     EXPECT_EQ(Bytes(target), "precious");
-    EXPECT_EQ(CRFPath, report);
+    EXPECT_EQ(openReport.CRFPath, report);
 }
 
 TEST_F(StoreTest, SaveAsOnAFullDiskFailsAndLeavesBothFiles) {
@@ -299,7 +297,7 @@ TEST_F(StoreTest, SaveAsOnAFullDiskFailsAndLeavesBothFiles) {
         EXPECT_FALSE(Report_Save_As(folder.File("Target.CRF")));
     }
     EXPECT_EQ(Bytes(folder.File("Target.CRF")), "precious");
-    EXPECT_EQ(CRFPath, report);
+    EXPECT_EQ(openReport.CRFPath, report);
     Report_Release();
     EXPECT_EQ(Bytes(report), before);
     EXPECT_EQ(Files(), (std::vector<std::string>{"Agency.CRF", "Target.CRF"}));
@@ -323,7 +321,7 @@ TEST_F(StoreTest, SaveAsDialogMayBeCancelled) {
     platform.Reply_Save(std::nullopt);
     EXPECT_FALSE(Report_Save_As_Dialog());
     EXPECT_EQ(platform.saveDialogs[0].title, "Save Cost Report File As ...");
-    EXPECT_EQ(CRFPath, report);
+    EXPECT_EQ(openReport.CRFPath, report);
 }
 
 TEST_F(StoreTest, CloseRepairsCompactsAndClearsTheWindow) {
@@ -337,15 +335,9 @@ TEST_F(StoreTest, CloseRepairsCompactsAndClearsTheWindow) {
     EXPECT_LT(fs::file_size(report), before);
     EXPECT_EQ(platform.progress, (std::vector<std::string>{" Repairing " + report, " Compacting " + report, ""}));
     EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
-    EXPECT_EQ(CRFPath, "");
-    EXPECT_EQ(platform.texts.at("frmMain"), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0)");
-    EXPECT_EQ(platform.texts.at("lblCRFName"), "");
-    EXPECT_EQ(platform.texts.at("tmrMain.Tag"), "Stopped");
-    EXPECT_TRUE(platform.visible.at("fraWelcome"));
-    EXPECT_FALSE(platform.visible.at("lblHelp"));
-    EXPECT_FALSE(platform.visible.at("lblCRFName"));
-    EXPECT_FALSE(platform.enabled.at("mnuReportSubmit"));
-    EXPECT_TRUE(platform.enabled.at("frmMain"));
+    EXPECT_EQ(openReport.CRFPath, "");
+    EXPECT_EQ(platform.reportEvents.back(), ReportEvent::Closed);
+    EXPECT_FALSE(platform.busy);
     EXPECT_FALSE(platform.hourglass);
     EXPECT_THROW(db.TableDefs().Refresh(), DbError);
 }
@@ -557,7 +549,7 @@ TEST_F(StoreTest, ReportNamedAsTheTemporaryFileSurvivesItsClose) {
 
 TEST_F(StoreTest, ReleaseWithoutAReportDoesNothing) {
     Report_Release();
-    EXPECT_TRUE(platform.texts.empty());
+    EXPECT_TRUE(platform.reportEvents.empty());
 }
 
 // The child is killed at its n-th step of the close, for every n until it comes through.
@@ -582,7 +574,7 @@ TEST_F(StoreTest, KilledCloseLeavesAGoodReportAndNothingBesideItAfterTheNext) {
         killed = WIFSIGNALED(status);
         ASSERT_TRUE(killed || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) << n;
         ASSERT_TRUE(Report_Open(report)) << n;
-        EXPECT_EQ(ProviderName, "Harbor Home Health");
+        EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
         Report_Release();
         EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"}) << n;
     }

@@ -81,7 +81,7 @@ TEST_F(UpgradeTest, OldWorksheetsGoWhenTheYearMovesOn) {
     EXPECT_FALSE(TableExists("A1", false));
     EXPECT_EQ(Column("SELECT Item FROM Worksheets WHERE Item Like \"A*\";"), "");
     EXPECT_TRUE(TableExists("JunkErrLog", false));
-    EXPECT_EQ(MsgLogPrefix, "");
+    EXPECT_EQ(openReport.MsgLogPrefix, "");
 }
 
 TEST_F(UpgradeTest, S21ComesWhenItIsDue) {

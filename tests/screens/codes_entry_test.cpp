@@ -1,5 +1,4 @@
 // The MSA and CBSA codes of S-3 Part III, and the worksheets of C Part II that come and go with them.
-#include "report/code_lists.h"
 #include "report/open_report.h"
 #include "report/registry.h"
 #include "screens/edit_history.h"
@@ -29,21 +28,11 @@ struct ReportWithVisits : Report {
 
 }  // namespace
 
-TEST(Codes, NameTheirWorksheetPadded) {
-    EXPECT_EQ(MSA_Code(Value("16")), "0016");
-    EXPECT_EQ(MSA_Code(Value(" 1600 ")), "1600");
-    EXPECT_EQ(MSA_Code(Value("ab12")), "AB12");
-    EXPECT_EQ(MSA_Code(Value("1E05")), "1E05") << "no number";
-    EXPECT_EQ(MSA_Code(Value(Null)), "");
-    EXPECT_EQ(CBSA_Code(Value("580")), "00580");
-}
-
 TEST(Codes, OfAnMSAMayHaveLetters) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S3p3", "29", "1", "Ab12"), kStored);
     EXPECT_CELL("S3p3", 29, 1, "Ab12");
     EXPECT_TRUE(TableExists("Cp2mAB12", true));
-    EXPECT_EQ(gblMSACodes.front(), "AB12");
     EXPECT_EQ(Answer_To("Cp2mAB12", "1", "5", "120"), kStored);
     r.Calc();
     EXPECT_CELL("Cp2mAB12", 7, 5, 120.0);

@@ -124,16 +124,16 @@ TEST(NextWorksheetTest, YearsDecideWhatAWalkPassesOver) {
         "A83p1O A83p4O A83p5O A83p1P A83p4P A83p5P A83p1S A83p4S A83p5S B1 Cp3 Cp4 Cp5 Dp1 Dp2 D1 F F1 F2 S2 S3p1 "
         "S3p2 S3p3");
     EXPECT_EQ(Next("View Worksheet S3p3"), "S3p4") << "a view passes over by A's year rule alone";
-    FYEnd = kCostLimitsEnd;
+    openReport.FYEnd = kCostLimitsEnd;
     EXPECT_EQ(Next("Edit Worksheet S3p3"), "S3p4");
-    FYStart = kCostLimitsEnd;  // the worksheets of before still stand in the registry
+    openReport.FYStart = kCostLimitsEnd;  // the worksheets of before still stand in the registry
     EXPECT_EQ(Next("Edit Worksheet A"), "A4");
     EXPECT_EQ(Next("View Worksheet A"), "A4");
     EXPECT_EQ(Next("Edit Worksheet A7"), "B1");
     EXPECT_EQ(Next("View Worksheet A7"), "B");
     EXPECT_EQ(Next("Edit Worksheet Cp3"), "Cp5");
     EXPECT_EQ(Next("View Worksheet Cp3"), "Cp4");
-    FYStart = Date{kCostLimitsEnd.serial - 1};
+    openReport.FYStart = Date{kCostLimitsEnd.serial - 1};
     EXPECT_EQ(Next("Edit Worksheet Cp3"), "Cp4");
 }
 

@@ -206,12 +206,12 @@ TEST(Undo, TheSplitOfLineFiveFollowsBack) {
     ASSERT_EQ(Key(form, 26_cur, "1", "1"), kStored);
     EXPECT_EQ(r.platform.formClosings, 1);
     EXPECT_CELL("CostCenters", 5.01, "LineType", "U");
-    EXPECT_EQ(AGOption, 1);
+    EXPECT_EQ(openReport.AGOption, 1);
     history.Undo();
     EXPECT_EQ(r.platform.formClosings, 2);
     EXPECT_CELL("S2", 26, 1, Null);
     EXPECT_CELL("CostCenters", 5, "LineType", "S");
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
 }
 
 TEST(Undo, TheSplitStaysWhereFormsAreToStayOpen) {
@@ -273,7 +273,7 @@ TEST(Undo, ACodeComesBackWithWhatWasKeyedForIt) {
     ASSERT_TRUE(db.TableDefs().Has("Cp2m1600"));
     EXPECT_CELL("S3p3", line, 1, "1600");
     EXPECT_CELL("Cp2m1600", 1, 5, 44_cur);
-    EXPECT_EQ(gblMSACodes, std::vector<std::string>{"1600"});
+    EXPECT_CELL("Cp4", 23.01, "MSA_Code", "1600");
     r.platform.Expect_Box_Starting("Remove Code", "The visits and limits of code 1600", Answer::Yes);
     history.Undo();
     EXPECT_FALSE(db.TableDefs().Has("Cp2m1600"));

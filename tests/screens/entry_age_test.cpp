@@ -23,22 +23,23 @@ void Enter_Row(OpenForm& form, Currency line, std::string_view column, std::stri
 
 TEST(EntryAgeTest, ANewReportIsNotCalculated) {
     Report r(fy2016);
-    EXPECT_FALSE(Entry_Age().Is_Older());
-    EXPECT_EQ(Entry_Age().Text(), "Not calculated since it was opened");
-    EXPECT_EQ(Entry_Age().Calculation_Text(), "");
+    EXPECT_FALSE(openReport.entryAge.Is_Older());
+    EXPECT_EQ(openReport.entryAge.Text(), "Not calculated since it was opened");
+    EXPECT_EQ(openReport.entryAge.Calculation_Text(), "");
 }
 
 TEST(EntryAgeTest, CountsCellsUntilTheReportIsCalculated) {
     Report r(fy2016);
     Enter("A", "6", "1", "100");
-    EXPECT_EQ(Entry_Age().Text(), "1 entry since it was opened, not calculated");
+    EXPECT_EQ(openReport.entryAge.Text(), "1 entry since it was opened, not calculated");
     Calc_All();
-    EXPECT_FALSE(Entry_Age().Is_Older());
-    EXPECT_TRUE(Entry_Age().Text().starts_with("Calculated "));
-    EXPECT_TRUE(Entry_Age().Calculation_Text().ends_with(", no messages.")) << Entry_Age().Calculation_Text();
+    EXPECT_FALSE(openReport.entryAge.Is_Older());
+    EXPECT_TRUE(openReport.entryAge.Text().starts_with("Calculated "));
+    EXPECT_TRUE(openReport.entryAge.Calculation_Text().ends_with(", no messages."))
+        << openReport.entryAge.Calculation_Text();
     Enter("A", "6", "1", "200");
     Enter("A", "6", "2", "5");
-    EXPECT_EQ(Entry_Age().Text(), "2 entries since the last calculation");
+    EXPECT_EQ(openReport.entryAge.Text(), "2 entries since the last calculation");
 }
 
 TEST(EntryAgeTest, AnEntryThatIsTakenBackIsNone) {
@@ -47,16 +48,16 @@ TEST(EntryAgeTest, AnEntryThatIsTakenBackIsNone) {
     EditHistory history(form);
     Enter_Row(form, 6_cur, "1", "100");
     Enter_Row(form, 6_cur, "1", "101");
-    EXPECT_EQ(Entry_Age().Entries(), 1U) << "one cell";
+    EXPECT_EQ(openReport.entryAge.Entries(), 1U) << "one cell";
     history.Undo();
-    EXPECT_EQ(Entry_Age().Entries(), 1U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 1U);
     history.Undo();
-    EXPECT_EQ(Entry_Age().Entries(), 0U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 0U);
     Calc_All();
     Enter_Row(form, 6_cur, "1", "7");
     Calc_All();
     history.Undo();
-    EXPECT_EQ(Entry_Age().Entries(), 1U) << "an undo of what was calculated is an entry";
+    EXPECT_EQ(openReport.entryAge.Entries(), 1U) << "an undo of what was calculated is an entry";
 }
 
 TEST(EntryAgeTest, CountsWhatAPasteStored) {
@@ -69,9 +70,9 @@ TEST(EntryAgeTest, CountsWhatAPasteStored) {
         const EditHistory::OneStep step(history, "paste");
         Enter_Block(form, Block_At(Parse_Clipboard("1\tx\n2\t0\n"), lines, columns));
     }
-    EXPECT_EQ(Entry_Age().Entries(), 2U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 2U);
     history.Undo();
-    EXPECT_EQ(Entry_Age().Entries(), 0U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 0U);
 }
 
 TEST(EntryAgeTest, ARowThatCameOrWentIsOneEntry) {
@@ -79,13 +80,13 @@ TEST(EntryAgeTest, ARowThatCameOrWentIsOneEntry) {
     OpenForm form(kEditA4, "A4");
     EditHistory history(form);
     const Currency line = form.Add_Row({});
-    EXPECT_EQ(Entry_Age().Entries(), 1U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 1U);
     form.Remove_Row(line);
-    EXPECT_EQ(Entry_Age().Entries(), 0U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 0U);
     history.Undo();
-    EXPECT_EQ(Entry_Age().Entries(), 1U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 1U);
     history.Undo();
-    EXPECT_EQ(Entry_Age().Entries(), 0U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 0U);
 }
 
 TEST(EntryAgeTest, NamesFilledInBesideANumberAreNotCounted) {
@@ -94,7 +95,7 @@ TEST(EntryAgeTest, NamesFilledInBesideANumberAreNotCounted) {
     form.Add_Row({});
     Enter_Row(form, 1_cur, "Explanation", "Insurance");
     Enter_Row(form, 1_cur, "3", "1");
-    EXPECT_EQ(Entry_Age().Entries(), 3U) << "the row, its explanation and its number";
+    EXPECT_EQ(openReport.entryAge.Entries(), 3U) << "the row, its explanation and its number";
 }
 
 TEST(EntryAgeTest, HeaderLinesAreNoEntries) {
@@ -103,47 +104,47 @@ TEST(EntryAgeTest, HeaderLinesAreNoEntries) {
     ASSERT_TRUE(form.Place_Cursor(1_cur));
     ASSERT_FALSE(form.Enter(*form.Find_Column("LineText"), "Draft"));
     ASSERT_FALSE(form.Store_Row());
-    EXPECT_EQ(Entry_Age().Entries(), 0U);
+    EXPECT_EQ(openReport.entryAge.Entries(), 0U);
 }
 
 TEST(EntryAgeTest, AMessageOfTheCalculationIsCounted) {
     Report r(fy2016);
-    Entry_Age().Calculated(1);
-    EXPECT_TRUE(Entry_Age().Calculation_Text().ends_with(", 1 message."));
-    Entry_Age().Calculated(3);
-    EXPECT_TRUE(Entry_Age().Calculation_Text().ends_with(", 3 messages."));
+    openReport.entryAge.Calculated(db, 1);
+    EXPECT_TRUE(openReport.entryAge.Calculation_Text().ends_with(", 1 message."));
+    openReport.entryAge.Calculated(db, 3);
+    EXPECT_TRUE(openReport.entryAge.Calculation_Text().ends_with(", 3 messages."));
 }
 
 TEST(EntryAgeTest, AWindowKeepsTheCountFromOneOpeningToTheNext) {
     Report r(fy2016);
     r.platform.keepsReportsOpen = true;
-    Entry_Age().Report_Opened();
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
     Enter("A", "6", "1", "100");
     Enter("A", "6", "2", "5");
-    Entry_Age().Remember();
-    Entry_Age().Report_Opened();
-    EXPECT_EQ(Entry_Age().Text(), "2 entries since the last calculation");
+    openReport.entryAge.Remember(openReport.CRFPath);
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
+    EXPECT_EQ(openReport.entryAge.Text(), "2 entries since the last calculation");
     Enter("A", "7", "1", "9");
-    EXPECT_EQ(Entry_Age().Entries(), 3U);
-    Entry_Age().Remember();
+    EXPECT_EQ(openReport.entryAge.Entries(), 3U);
+    openReport.entryAge.Remember(openReport.CRFPath);
 
-    const std::string path = CRFPath;
-    CRFPath = "/elsewhere/other report.CRF";
-    Entry_Age().Report_Opened();
-    EXPECT_EQ(Entry_Age().Entries(), 0U) << "another report has its own count";
-    CRFPath = path;
-    Entry_Age().Report_Opened();
-    EXPECT_EQ(Entry_Age().Entries(), 3U);
+    const std::string path = openReport.CRFPath;
+    openReport.CRFPath = "/elsewhere/other report.CRF";
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
+    EXPECT_EQ(openReport.entryAge.Entries(), 0U) << "another report has its own count";
+    openReport.CRFPath = path;
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
+    EXPECT_EQ(openReport.entryAge.Entries(), 3U);
     Calc_All();
-    Entry_Age().Remember();
-    Entry_Age().Report_Opened();
-    EXPECT_EQ(Entry_Age().Text(), "Not calculated since it was opened");
+    openReport.entryAge.Remember(openReport.CRFPath);
+    openReport.entryAge.Report_Opened(openReport.CRFPath);
+    EXPECT_EQ(openReport.entryAge.Text(), "Not calculated since it was opened");
 }
 
 TEST(EntryAgeTest, ACommandRemembersNothing) {
     Report r(fy2016);
     Enter("A", "6", "1", "100");
-    Entry_Age().Remember();
+    openReport.entryAge.Remember(openReport.CRFPath);
     EXPECT_TRUE(r.platform.settings.empty());
 }
 

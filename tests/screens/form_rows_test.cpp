@@ -90,13 +90,13 @@ TEST(HeaderLinesFormTest, StoresALineAndTheHeadOfThePageFollows) {
     ASSERT_TRUE(form.Place_Cursor(2_cur));
     EXPECT_FALSE(form.Enter(*text, "  Draft of \"May\""));
     EXPECT_FALSE(form.Store_Row());
-    EXPECT_EQ(HeaderLine2, "  Draft of \"May\"");
-    EXPECT_EQ(HeaderLine1, "");
+    EXPECT_EQ(openReport.HeaderLine2, "  Draft of \"May\"");
+    EXPECT_EQ(openReport.HeaderLine1, "");
     EXPECT_FALSE(form.Place_Cursor(4_cur));
     ASSERT_TRUE(form.Place_Cursor(2_cur));
     EXPECT_FALSE(form.Enter(*text, "   "));
     EXPECT_FALSE(form.Store_Row());
-    EXPECT_EQ(HeaderLine2, "");
+    EXPECT_EQ(openReport.HeaderLine2, "");
 }
 
 TEST(HeaderLinesFormTest, SixtyCharactersAreTheMost) {
@@ -109,7 +109,7 @@ TEST(HeaderLinesFormTest, SixtyCharactersAreTheMost) {
     EXPECT_TRUE(outcome);
     EXPECT_EQ(Text_Of(outcome), "The maximum length of a custom header line is 60 characters");
     EXPECT_FALSE(form.Store_Row());
-    EXPECT_EQ(HeaderLine1, std::string(60, 'x')) << "the refused text left the cell as it was";
+    EXPECT_EQ(openReport.HeaderLine1, std::string(60, 'x')) << "the refused text left the cell as it was";
 }
 
 }  // namespace tallmar

@@ -74,11 +74,11 @@ TEST(EnterS2, TheOptionExchangesLineFive) {
     EXPECT_EQ(Answer_To("S2", "26", "1", "1"), kStored);
     EXPECT_EQ(r.platform.formClosings, 1);
     EXPECT_EQ(r.platform.formLeftOpen, "frmEditS2") << "the form that asks";
-    EXPECT_EQ(AGOption, 1);
+    EXPECT_EQ(openReport.AGOption, 1);
     EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
     EXPECT_EQ(r.Read("SELECT Count(*) FROM CostCenters WHERE LineNum = 5;"), Value(0));
     EXPECT_EQ(Answer_To("S2", "26", "1", ""), kStored);
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
     EXPECT_CELL("A", 5, "CCName", "Administrative & General");
     EXPECT_EQ(Answer_To("S2", "26", "1", "3"), "Entry Error: Valid types of controls are zero(0), one(1) or two(2).");
 }
@@ -86,7 +86,7 @@ TEST(EnterS2, TheOptionExchangesLineFive) {
 TEST(EnterS2, OptionTwoTakesTheSplitLineToo) {
     Report r(fy2016);
     EXPECT_EQ(Answer_To("S2", "26", "1", "2"), kStored);
-    EXPECT_EQ(AGOption, 2);
+    EXPECT_EQ(openReport.AGOption, 2);
     EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
     EXPECT_EQ(r.Read("SELECT Count(*) FROM CostCenters WHERE LineNum = 5;"), Value(0));
     EXPECT_EQ(Answer_To("S2", "26", "1", "1"), kStored);
@@ -102,7 +102,7 @@ TEST(EnterS2, OptionZeroGoesBackWhereTheSplitLineStandsAlone) {
         "INSERT INTO CostCenters (LineNum, CCNum, CCName, CCType, LineType) VALUES (5.02, 5.02, 'A & G Reimbursable', "
         "'G', 'U');");
     EXPECT_EQ(Answer_To("S2", "26", "1", "0"), kStored);
-    EXPECT_EQ(AGOption, 0);
+    EXPECT_EQ(openReport.AGOption, 0);
     EXPECT_CELL("A", 5.01, "CCName", "Administrative & General");
 }
 

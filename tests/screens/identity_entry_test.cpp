@@ -33,10 +33,10 @@ void Expect_Identity(const Report& r, const char* number, const char* name, cons
     EXPECT_EQ(r.Read("SELECT ProviderName FROM Master;"), Value(name));
     EXPECT_EQ(r.Read("SELECT FYStart FROM Master;"), Value(year.start));
     EXPECT_EQ(r.Read("SELECT FYEnd FROM Master;"), Value(year.end));
-    EXPECT_EQ(ProviderNumber, number);
-    EXPECT_EQ(ProviderName, name);
-    EXPECT_EQ(FYStart, year.start);
-    EXPECT_EQ(FYEnd, year.end);
+    EXPECT_EQ(openReport.ProviderNumber, number);
+    EXPECT_EQ(openReport.ProviderName, name);
+    EXPECT_EQ(openReport.FYStart, year.start);
+    EXPECT_EQ(openReport.FYEnd, year.end);
 }
 
 constexpr const char* kNumber = "14-7100";
@@ -113,7 +113,7 @@ TEST(EnterIdentity, AYearThatSpansMoreThanOneIsAsked) {
     Expect_Identity(r, kNumber, kName, fy2016);
     r.platform.Expect_Box_Starting(kLongTitle, "The F/Y Start", Answer::Yes);
     EXPECT_EQ(Answer_To("S2", "7", "2", "10/1/2016"), kStored);
-    EXPECT_EQ(FYEnd, Date_Of(2016, 10, 1));
+    EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 10, 1));
     EXPECT_EQ(Answer_To("S2", "7", "2", "10/01/2016"), kStored) << "the same year is not asked again";
 }
 
@@ -185,7 +185,7 @@ TEST(EnterIdentity, ClearingManyCellsLeavesTheYear) {
     const std::vector<const GridColumn*> columns{form.Find_Column("1"), form.Find_Column("2")};
     const BlockOutcome outcome = Enter_Block(form, Block_At(Parse_Clipboard("\t"), lines, columns));
     EXPECT_EQ(outcome.notes.size(), 2U);
-    EXPECT_EQ(FYEnd, Date_Of(2016, 6, 30));
+    EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 6, 30));
 }
 
 TEST(EnterIdentity, UndoTakesTheIdentityBackAndAYearsWorksheetsWithTheirEntries) {
@@ -227,7 +227,7 @@ TEST(EnterIdentity, WhatTheEngineRefusesChangesNothing) {
     EXPECT_EQ(Title_Of(form.Store_Row()), "Entry Not Stored");
     EXPECT_CELL("S2", 2, 2, kNumber);
     EXPECT_CELL("S2", 2, 3, Null);
-    EXPECT_EQ(ProviderNumber, kNumber);
+    EXPECT_EQ(openReport.ProviderNumber, kNumber);
 }
 
 }  // namespace tallmar

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "report/registry.h"
-#include "screens/cell_entry.h"
 #include "screens/entry_test.h"
+#include "screens/open_form.h"
 #include "screens/worksheet_forms.h"
 
 namespace tallmar {

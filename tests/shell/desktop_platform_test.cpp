@@ -186,7 +186,7 @@ TEST_F(DesktopPlatformTest, SecondCopyLeavesTheReportOfTheFirstAlone) {
     for (const std::string& asked : {path, other}) {
         boxes.Expect_Box_Starting("Attempt to Run Multiple Copies of Tallmar 1728", "A copy of Tallmar 1728 is");
         EXPECT_FALSE(Start_Up(*main, Start_Options({"tallmar1728", "--no-splash", Qt_Text(asked)}), false));
-        EXPECT_EQ(CRFPath, path) << "nothing else was opened";
+        EXPECT_EQ(openReport.CRFPath, path) << "nothing else was opened";
         EXPECT_TRUE(Report_Is_Open());
     }
     EXPECT_EQ(content(path), before);
@@ -212,7 +212,7 @@ TEST_F(DesktopPlatformTest, StartOpensTheReportOfTheCommandLine) {
     StartOptions options = Start_Options({"tallmar1728", "--no-splash", Qt_Text(path)});
     EXPECT_FALSE(options.splash);
     EXPECT_TRUE(Start_Up(*main, options, true));
-    EXPECT_EQ(CRFPath, path);
+    EXPECT_EQ(openReport.CRFPath, path);
 }
 
 TEST(StartOptionsTest, WrongOptionsAreToldAndNothingStarts) {

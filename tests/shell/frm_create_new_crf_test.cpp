@@ -19,21 +19,19 @@ namespace {
 constexpr std::string_view kSixDigits =
     "You have entered an invalid Provider Number!\rProvider number must be 6 numeric digits.";
 
-// The file that the person chooses; the job hides the form by its name.
+// The file that the person chooses; the form is hidden while the report is made.
 class Desktop : public FakePlatform {
   public:
-    void Set_Visible(std::string_view control, bool on) override {
-        FakePlatform::Set_Visible(control, on);
-        if (form && form->objectName().toStdString() == control) form->setVisible(on);
+    void Notify(ReportEvent event) override {
+        FakePlatform::Notify(event);
+        if (event == ReportEvent::Making) Hide_Create_New_CRF();
     }
-    QPointer<QDialog> form;
 };
 
 class CreateNewTest : public testing::Test {
   protected:
     CreateNewTest() {
         Install_Catalogue(All_Families());
-        platform.form = form.get();
         Open(*form);
     }
     ~CreateNewTest() override {
@@ -86,10 +84,10 @@ TEST_F(CreateNewTest, EnterMakesTheReportAndOpensIt) {
     EXPECT_EQ(form->result(), QDialog::Accepted);
     EXPECT_EQ(Entered("txtProviderNum"), "14-7100");
     ASSERT_TRUE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, folder.File("New.CRF"));
-    EXPECT_EQ(ProviderNumber, "14-7100");
-    EXPECT_EQ(FYEnd, Date_Of(2016, 9, 30));
-    EXPECT_TRUE(platform.enabled.at("frmMain"));
+    EXPECT_EQ(openReport.CRFPath, folder.File("New.CRF"));
+    EXPECT_EQ(openReport.ProviderNumber, "14-7100");
+    EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 9, 30));
+    EXPECT_FALSE(platform.busy);
     ASSERT_EQ(platform.saveDialogs.size(), 1U);
     EXPECT_EQ(platform.saveDialogs[0].title, "Name New Cost Report File (CRF)");
 }
@@ -264,7 +262,7 @@ TEST_F(CreateNewTest, ReportThatCannotBeMadeLeavesTheEntries) {
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(Entered("txtFacilityName"), "Harbor Home Health");
     EXPECT_FALSE(Report_Is_Open());
-    EXPECT_TRUE(platform.enabled.at("frmMain"));
+    EXPECT_FALSE(platform.busy);
 }
 
 TEST_F(CreateNewTest, EscLeavesNothing) {
@@ -283,8 +281,7 @@ TEST(CreateNew, StandsModallyUntilTheReportIsMadeThoughTheJobHidesIt) {
     platform.Reply_Save(folder.File("no such folder/New.CRF"));
     platform.Expect_Box_Starting("System Error", "");
     platform.Reply_Save(folder.File("New.CRF"));
-    When_Modal([&platform](QDialog& form) {
-        platform.form = &form;
+    When_Modal([](QDialog& form) {
         for (const char* text : {"147100", "10/1/15", "", "Harbor Home Health"}) {
             Type(text);
             if (*text != 'H') Press(Qt::Key_Tab);

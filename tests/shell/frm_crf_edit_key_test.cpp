@@ -62,10 +62,10 @@ TEST_F(EditKeyFormTest, SaveWritesMasterAndS2AndTellsTheWindow) {
     EXPECT_CELL("S2", 2, 2, "15-7200");
     EXPECT_CELL("S2", 7, 1, "01/01/2016");
     EXPECT_CELL("S2", 7, 2, "12/31/2016");
-    EXPECT_EQ(FYStart, Date_Of(2016, 1, 1));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2016, 1, 1));
     EXPECT_EQ(changes, 1);
     EXPECT_FALSE(saveAsEnabled);
-    EXPECT_GT(report.platform.menuRefreshes, 0);
+    EXPECT_GT(report.platform.menusStale, 0);
 }
 
 TEST_F(EditKeyFormTest, RefusedEntryIsReturnedToAndNothingIsSaved) {
@@ -101,12 +101,12 @@ TEST_F(EditKeyFormTest, LeavingTheStartFillsAnEmptyEndWithAWholeYear) {
 
 TEST_F(EditKeyFormTest, SaveAsChangesACopy) {
     ASSERT_TRUE(Finish_CRF());
-    const std::string first = CRFPath;
+    const std::string first = openReport.CRFPath;
     report.platform.Reply_Save(folder.File("Copy.CRF"));
     Enter("txtProviderNum", "157200");
     Click("cmdSaveAs");
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(CRFPath, folder.File("Copy.CRF"));
+    EXPECT_EQ(openReport.CRFPath, folder.File("Copy.CRF"));
     EXPECT_EQ(Stored_Number(), "15-7200");
     EXPECT_CELL("S2", 2, 2, "15-7200");
     EXPECT_EQ(changes, 1);
@@ -141,11 +141,11 @@ TEST_F(EditKeyFormTest, FailedSaveAsLeavesTheFirstFileAsItWas) {
         "has not been altered.  Hit OK to continue running Tallmar.",
         Answer::Ok, kStop);
     ASSERT_TRUE(Finish_CRF());
-    const std::string first = CRFPath;
+    const std::string first = openReport.CRFPath;
     Enter("txtProviderNum", "157200");
     Click("cmdSaveAs");
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(CRFPath, first);
+    EXPECT_EQ(openReport.CRFPath, first);
     EXPECT_EQ(Stored_Number(), "14-7100");
 }
 
@@ -154,7 +154,7 @@ TEST_F(EditKeyFormTest, CancelChangesNothing) {
     Click("cmdCancel");
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(Stored_Number(), "14-7100");
-    EXPECT_EQ(ProviderNumber, "14-7100");
+    EXPECT_EQ(openReport.ProviderNumber, "14-7100");
 }
 
 TEST_F(EditKeyFormTest, EngineErrorIsToldAndTheFormStays) {

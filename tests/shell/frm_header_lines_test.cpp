@@ -56,7 +56,7 @@ TEST_F(HeaderLinesFormTest, LinesAreStoredAndPrintedFromThenOn) {
     Press(Qt::Key_Return);
     EXPECT_EQ(Line(1), Value("First line"));
     EXPECT_EQ(Line(2), Value("Second line"));
-    EXPECT_EQ(HeaderLine2, "Second line");
+    EXPECT_EQ(openReport.HeaderLine2, "Second line");
     Press(Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
 }
@@ -134,7 +134,7 @@ TEST_F(HeaderLinesFormTest, EmptiedLineIsNoLine) {
     Press(Qt::Key_Delete);
     Press(Qt::Key_Return);
     EXPECT_EQ(Line(1), Null);
-    EXPECT_EQ(HeaderLine1, "");
+    EXPECT_EQ(openReport.HeaderLine1, "");
 }
 
 TEST_F(HeaderLinesFormTest, OlderReportGetsTheTable) {

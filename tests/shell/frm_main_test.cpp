@@ -17,6 +17,8 @@
 #include <QStyle>
 #include <QTableWidget>
 #include <QTimer>
+#include <filesystem>
+#include <fstream>
 
 #include "shell/frm_help_keys.h"
 #include "shell/menu_tree.h"
@@ -67,6 +69,26 @@ TEST_F(FrmMainTest, OpenReportShowsItsNameAndTakesTheWelcomeAway) {
     EXPECT_EQ(Find<QLabel>("lblCRFName").text(), Qt_Text(path));
     EXPECT_TRUE(Find<QLabel>("picLogo").isVisible());
     EXPECT_EQ(main->windowTitle(), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- report.CRF");
+}
+
+TEST_F(FrmMainTest, CaptionFollowsSaveAsAndNamesTheMakerOfTheTitleFile) {
+    std::filesystem::create_directory(folder.File("program"));
+    std::ofstream(folder.File("program/PrtTitle.txt")) << "Another House\n";
+    Make_Report(fy2016);
+    ASSERT_TRUE(Report_Save_As(folder.File("copy.CRF")));
+    EXPECT_EQ(main->windowTitle(), "Another House Tallmar 1728 (version 1.0) -- copy.CRF");
+    EXPECT_EQ(Find<QLabel>("lblCRFName").text(), Qt_Text(folder.File("copy.CRF")));
+}
+
+TEST_F(FrmMainTest, WelcomeGoesWhileAReportIsChosenAndComesBackWithoutOne) {
+    for (const bool isOpen : {false, true}) {
+        if (isOpen) Make_Report(fy2016);
+        The_Platform().Notify(ReportEvent::Opening);
+        EXPECT_FALSE(Find<QWidget>("fraWelcome").isVisible());
+        The_Platform().Notify(ReportEvent::NotChosen);
+        EXPECT_EQ(Find<QWidget>("fraWelcome").isVisible(), !isOpen);
+        EXPECT_EQ(Find<QLabel>("lblCRFName").isVisible(), isOpen);
+    }
 }
 
 TEST_F(FrmMainTest, CloseLeavesTheWindowAsItWas) {
@@ -138,7 +160,8 @@ TEST_F(FrmMainTest, PrintQualityIsSwapped) {
 
 TEST_F(FrmMainTest, WhatIsNotBuiltStaysOff) {
     Make_Report(fy2016);
-    The_Platform().Set_Enabled("mnuReportSubmit", true);
+    openReport.ecrMayBeBuilt = true;
+    emit main->Menus().Menu("mnuReport").aboutToShow();
     EXPECT_FALSE(Entry("mnuReportSubmit").isEnabled());
     EXPECT_FALSE(Entry("mnuReportPrint").isEnabled());
     EXPECT_FALSE(Entry("mnuEditOpenCCs").isEnabled());
@@ -163,14 +186,14 @@ TEST_F(FrmMainTest, ListEntriesComeAndGoWithTheRegistry) {
     EXPECT_TRUE(list.isEmpty());
     db.Execute("INSERT INTO Worksheets (Item, Calc_Lvl, ItemName) VALUES ('Cp2m1600', 7, 'C  Part-2  MSA-1600');");
     db.Execute("INSERT INTO Worksheets (Item, Calc_Lvl, ItemName) VALUES ('Cp2m1620', 7, 'C  Part-2  MSA-1620');");
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
     ASSERT_EQ(list.actions().size(), 2);
     EXPECT_EQ(list.actions()[1]->text(), "C  Part-2  MSA-1620 (Cp2m1620)");
     EXPECT_TRUE(list.menuAction()->isEnabled());
     boxes.Expect_Box("Tallmar 1728", "Unknown worksheet requested (Cp2m1620) for view");
     list.actions()[1]->trigger();
     db.Execute("DELETE * FROM Worksheets WHERE Item = 'Cp2m1620';");
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
     EXPECT_EQ(list.actions().size(), 1);
 }
 
@@ -211,7 +234,7 @@ TEST_F(FrmMainTest, RecentFilesAreNewestFirst) {
     emit menu.aboutToShow();
     ASSERT_EQ(menu.actions().size(), 2);
     menu.actions()[1]->trigger();
-    EXPECT_EQ(CRFPath, first);
+    EXPECT_EQ(openReport.CRFPath, first);
     EXPECT_THAT(Recent_Files(), testing::ElementsAre(first, second));
 }
 
@@ -248,14 +271,14 @@ TEST_F(FrmMainTest, CopyOfABackupIsOpenedFromTheMenu) {
         static_cast<QDialog&>(widget).accept();
     });
     Entry("mnuReportBackup").trigger();
-    EXPECT_EQ(CRFPath, folder.File("copy.CRF"));
+    EXPECT_EQ(openReport.CRFPath, folder.File("copy.CRF"));
 }
 
 TEST_F(FrmMainTest, DroppedReportIsOpened) {
     const std::string path = Make_Report(fy2016);
     Entry("mnuReportClose").trigger();
     Drop({File(path)});
-    EXPECT_EQ(CRFPath, path);
+    EXPECT_EQ(openReport.CRFPath, path);
 }
 
 TEST_F(FrmMainTest, OtherDropsAreRefused) {

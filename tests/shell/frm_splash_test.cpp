@@ -3,10 +3,11 @@
 #include <QElapsedTimer>
 #include <QLabel>
 
-#include "report/window.h"
+#include "common/program.h"
 #include "shell/dialog_test.h"
 #include "shell/frm_help_about.h"
 #include "shell/logo.h"
+#include "support/fake_platform.h"
 
 namespace tallmar {
 
@@ -22,9 +23,15 @@ QColor Middle(const QPixmap& pixmap, double x, double y) {
     return pixmap.toImage().pixelColor(int(x * pixmap.width()), int(y * pixmap.height()));
 }
 
+// The maker's name is in the program's folder.
+struct Splash : testing::Test {
+    FakePlatform platform;
+};
+using HelpAbout = Splash;
+
 }  // namespace
 
-TEST(Splash, ShowsProductNameVersionAndLogo) {
+TEST_F(Splash, ShowsProductNameVersionAndLogo) {
     const auto splash = Make_Splash();
     EXPECT_EQ(splash->objectName(), "frmSplash");
     EXPECT_EQ(Child<QLabel>(*splash, "lblVersion").text(), QString::fromStdString("Version " + Short_Version()));
@@ -32,7 +39,7 @@ TEST(Splash, ShowsProductNameVersionAndLogo) {
     EXPECT_FALSE(Child<QLabel>(*splash, "picLogo").pixmap(Qt::ReturnByValue).isNull());
 }
 
-TEST(Splash, StandsForItsTimeWhileEventsRun) {
+TEST_F(Splash, StandsForItsTimeWhileEventsRun) {
     bool seen = false;
     QTimer::singleShot(20, qApp, [&seen] {
         for (const QWidget* window : QApplication::topLevelWidgets()) {
@@ -47,7 +54,7 @@ TEST(Splash, StandsForItsTimeWhileEventsRun) {
     for (const QWidget* window : QApplication::topLevelWidgets()) EXPECT_NE(window->objectName(), "frmSplash");
 }
 
-TEST(Splash, DoesNotEndTheProgramWhenItGoes) {
+TEST_F(Splash, DoesNotEndTheProgramWhenItGoes) {
     EXPECT_FALSE(Make_Splash()->testAttribute(Qt::WA_QuitOnClose));
 }
 
@@ -62,7 +69,7 @@ TEST(Logo, TakesItsColoursFromThePalette) {
     EXPECT_EQ(Middle(logo, 0.0, 0.0).alpha(), 0);
 }
 
-TEST(HelpAbout, TellsTheVersionOfTheProgramAndOfTheForm) {
+TEST_F(HelpAbout, TellsTheVersionOfTheProgramAndOfTheForm) {
     const DialogPtr about = Make_Help_About(nullptr);
     EXPECT_EQ(about->objectName(), "frmHelpAbout");
     EXPECT_EQ(about->windowTitle(), "About Tallmar 1728");
@@ -71,7 +78,7 @@ TEST(HelpAbout, TellsTheVersionOfTheProgramAndOfTheForm) {
     EXPECT_TRUE(lines.contains("CMS Version 1728-94 T16"));
 }
 
-TEST(HelpAbout, EnterAndEscCloseIt) {
+TEST_F(HelpAbout, EnterAndEscCloseIt) {
     for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
         const DialogPtr about = Make_Help_About(nullptr);
         Open(*about);
@@ -80,7 +87,7 @@ TEST(HelpAbout, EnterAndEscCloseIt) {
     }
 }
 
-TEST(HelpAbout, StandsUntilItIsClosed) {
+TEST_F(HelpAbout, StandsUntilItIsClosed) {
     QString caption;
     When_Modal([&caption](QDialog& dialog) {
         caption = dialog.windowTitle();

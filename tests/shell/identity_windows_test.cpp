@@ -41,7 +41,7 @@ TEST_F(IdentityWindowsTest, TheOtherFormsCloseAndS2StaysWithTheIdentityOnIt) {
     EXPECT_EQ(main->Forms().Find_Form("S2", FormMode::Edit), &form);
     EXPECT_EQ(Shown(form, 2_cur, "Col_2"), "15-7200");
     EXPECT_EQ(form.Grid().currentIndex(), Cell(form, 2_cur, "Col_2"));
-    EXPECT_EQ(ProviderName, "Harbor Home Health");
+    EXPECT_EQ(openReport.ProviderName, "Harbor Home Health");
 }
 
 TEST_F(IdentityWindowsTest, AnAnswerThatIsNotTheIdentityClosesNothing) {
@@ -59,9 +59,9 @@ TEST_F(IdentityWindowsTest, TheDatesMayChangeOneAfterTheOther) {
     EditForm& form = Edit("S2");
     ASSERT_TRUE(Enter(form, 7_cur, "Col_1", "10/1/2016"));
     ASSERT_TRUE(Enter(form, 7_cur, "Col_2", "9/30/2017"));
-    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1)) << "until the row is left";
+    EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1)) << "until the row is left";
     ASSERT_TRUE(form.Commit_Grid());
-    EXPECT_EQ(FYStart, Date_Of(2016, 10, 1));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2016, 10, 1));
     EXPECT_EQ(Shown(form, 7_cur, "Col_1"), "10/01/2016");
 }
 
@@ -96,7 +96,7 @@ TEST_F(IdentityWindowsTest, AMoveThatIsNotConfirmedStaysInTheRow) {
     ASSERT_TRUE(Enter(form, 7_cur, "Col_2", "9/30/1999"));
     boxes.Expect_Box_Starting("Change of Fiscal Year", "The new fiscal year", Answer::No);
     EXPECT_FALSE(form.Commit_Grid());
-    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1));
     EXPECT_EQ(Shown(form, 7_cur, "Col_1"), "10/01/1998");
     form.Undo();
     EXPECT_EQ(Shown(form, 7_cur, "Col_1"), "10/1/2015");

@@ -64,12 +64,25 @@ TEST(MenuRefreshTest, ReportTurnsItsEntriesOn) {
     EXPECT_FALSE(Is_On(state, "mnuReportPrint"));
 }
 
+TEST(MenuRefreshTest, WhatTheEditChecksTurnOnIsOffUntilTheyPass) {
+    MenuRow row{.name = "mnuReportSubmit", .parent = "mnuReport", .caption = "", .when = MenuWhen::Checks};
+    EXPECT_EQ(Why_Off(row), "No report is open");
+    const Report r(fy2016);
+    EXPECT_FALSE(Is_On(row));
+    EXPECT_EQ(Why_Off(row), "The report has not passed the edit checks");
+    openReport.ecrMayBeBuilt = true;
+    EXPECT_TRUE(Is_On(row));
+    row.built = false;
+    EXPECT_FALSE(Is_On(row));
+    EXPECT_EQ(Why_Off(row), "Not available yet");
+}
+
 TEST(MenuRefreshTest, MenuOfEntriesThatAreNotBuiltIsOff) {
     const Report r(fy2016);
     const MenuState state = Menu_State(false);
     bool anyIsBuilt = false;
     for (const MenuRow& row : Menu_Rows()) {
-        anyIsBuilt |= row.parent == "mnuReportImport" && row.when != MenuWhen::NotBuilt;
+        anyIsBuilt |= row.parent == "mnuReportImport" && row.built;
     }
     EXPECT_EQ(Is_On(state, "mnuReportImport"), anyIsBuilt);
     EXPECT_TRUE(Is_On(state, "mnuReportUtilities"));
@@ -122,13 +135,13 @@ TEST(MenuRefreshTest, ReportAcross2000HasBoth) {
 
 TEST(MenuRefreshTest, EntriesFollowTheBoundDates) {
     const Report r(fy2000);
-    FYStart = Date_Of(2000, 10, 1);
+    openReport.FYStart = Date_Of(2000, 10, 1);
     EXPECT_FALSE(Is_On(Menu_State(false), "mnuEditOpenCp4"));
-    FYStart = Date_Of(2000, 9, 30);
+    openReport.FYStart = Date_Of(2000, 9, 30);
     EXPECT_TRUE(Is_On(Menu_State(false), "mnuEditOpenCp4"));
-    FYEnd = Date_Of(2000, 9, 30);
+    openReport.FYEnd = Date_Of(2000, 9, 30);
     EXPECT_FALSE(Is_On(Menu_State(false), "mnuEditOpenS3p4"));
-    FYEnd = Date_Of(2000, 10, 1);
+    openReport.FYEnd = Date_Of(2000, 10, 1);
     EXPECT_TRUE(Is_On(Menu_State(false), "mnuEditOpenS3p4"));
 }
 

@@ -140,7 +140,7 @@ TEST(MenuTreeTest, NoShortcutTwice) {
 TEST(MenuTreeTest, WhatIsNotBuiltIsKnown) {
     std::vector<std::string> names;
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.when == MenuWhen::NotBuilt) names.push_back(row.name);
+        if (!row.built) names.push_back(row.name);
     }
     EXPECT_THAT(names, testing::UnorderedElementsAreArray(kNotBuilt));
 }
@@ -148,7 +148,7 @@ TEST(MenuTreeTest, WhatIsNotBuiltIsKnown) {
 TEST(MenuTreeTest, EveryEntryThatWorksHasItsHandler) {
     std::set<std::string> wanted, found;
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.kind == MenuKind::Command && row.when != MenuWhen::NotBuilt) wanted.insert(row.name);
+        if (row.kind == MenuKind::Command && row.built) wanted.insert(row.name);
     }
     for (const MainCommand& command : Main_Commands()) found.insert(std::string(command.name));
     EXPECT_EQ(found, wanted);
@@ -196,7 +196,7 @@ TEST(MenuTreeTest, EveryWorksheetHasATitle) {
 
 TEST(MenuTreeTest, EditTreeOpensOnlyWorksheetsWithAnEditForm) {
     for (const MenuRow& row : Menu_Rows()) {
-        if (row.kind != MenuKind::Edit || row.when == MenuWhen::NotBuilt) continue;
+        if (row.kind != MenuKind::Edit || !row.built) continue;
         EXPECT_NE(Form_Of(FormMode::Edit, row.item), nullptr) << row.name;
     }
 }

@@ -35,10 +35,11 @@ class ShellTest : public testing::Test {
                     }}) {
         Install_Catalogue(All_Families());
         main = std::make_unique<FrmMain>(platform.Guard());
+        Connect_Commands(*main);
         platform.Attach(main.get());
         main->resize(1000, 700);
         main->show();
-        The_Platform().Refresh_Menus();
+        The_Platform().Menus_Stale();
     }
     ~ShellTest() override {
         if (main != nullptr) main->Forms().Drop_All();
@@ -53,7 +54,7 @@ class ShellTest : public testing::Test {
         entries.facilityName = "Prairie Home Health";
         const std::string path = folder.File(name);
         EXPECT_TRUE(Create_CRF(path, entries, year));
-        The_Platform().Refresh_Menus();
+        The_Platform().Menus_Stale();
         return path;
     }
     WorksheetForm* View(const char* item) {

@@ -12,6 +12,7 @@
 #include "screens/view/qt_text.h"
 #include "shell/desktop_platform.h"
 #include "shell/frm_main.h"
+#include "shell/main_commands.h"
 #include "shell/startup.h"
 #include "shell/tallmar_application.h"
 #include "shots/stations.h"
@@ -108,6 +109,7 @@ int main(int argc, char** argv) {
                               [](const std::string&) { return false; }});
     Install_Catalogue(All_Families());
     FrmMain main(platform.Guard());
+    Connect_Commands(main);
     platform.Attach(&main);
     StartOptions options;
     options.splash = false;

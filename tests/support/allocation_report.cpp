@@ -45,17 +45,16 @@ AllocationReport::AllocationReport(const std::vector<oracle::CostCenter>& chart)
 }
 
 AllocationReport::~AllocationReport() {
-    db.Close();
+    openReport = {};
 }
 
 void AllocationReport::Open() {
-    FYStart = Date_Of(2015, 10, 1);
-    FYEnd = Date_Of(2016, 9, 30);
-    FormNum = "1728";
-    ProviderNumber = "14-7100";
-    ProviderName = "Tallmar Home Care";
-    AGOption = 0;
-    MsgLogPrefix.clear();
+    openReport = {};
+    openReport.FYStart = Date_Of(2015, 10, 1);
+    openReport.FYEnd = Date_Of(2016, 9, 30);
+    openReport.FormNum = "1728";
+    openReport.ProviderNumber = "14-7100";
+    openReport.ProviderName = "Tallmar Home Care";
     db = DBEngine::CreateDatabase(folder_.File("Report.CRF"), ";LANGID=0x0409;CP=1252;COUNTRY=0");
     Build_Worksheets();
     Build_Master();

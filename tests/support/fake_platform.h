@@ -64,12 +64,11 @@ class FakePlatform : public Platform {
     std::vector<Batch> batches;
     std::vector<std::string> progress;  // every text, the empty ones too
     std::map<Setting, std::string> settings;
-    std::map<std::string, bool, std::less<>> enabled, visible;  // the last state of each control
-    std::map<std::string, std::string, std::less<>> texts;
+    std::vector<ReportEvent> reportEvents;
     std::string formLeftOpen;  // at the last Close_All_Forms
     std::vector<std::string> documents;
-    bool hourglass = false;
-    int beeps = 0, events = 0, menuRefreshes = 0, formClosings = 0;
+    bool hourglass = false, busy = false;
+    int beeps = 0, events = 0, menusStale = 0, formClosings = 0;
 
     // ---- Platform
     Answer Message_Box(std::string_view prompt, int buttons, std::string_view title) override;
@@ -88,11 +87,10 @@ class FakePlatform : public Platform {
     std::string Program_Folder() override { return programFolder; }
     std::string Data_Folder() override { return dataFolder; }
     std::string Documents_Folder() override { return documentsFolder; }
-    void Set_Enabled(std::string_view control, bool on) override { enabled[std::string(control)] = on; }
-    void Set_Visible(std::string_view control, bool on) override { visible[std::string(control)] = on; }
-    void Set_Text(std::string_view control, std::string_view text) override { texts[std::string(control)] = text; }
+    void Notify(ReportEvent event) override { reportEvents.push_back(event); }
+    void Busy(bool on) override { busy = on; }
+    void Menus_Stale() override { ++menusStale; }
     bool Close_All_Forms(std::string_view but = {}) override;
-    void Refresh_Menus() override { ++menuRefreshes; }
     void Open_Document(std::string_view path) override { documents.emplace_back(path); }
     bool Keeps_Reports_Open() const override { return keepsReportsOpen; }
     [[noreturn]] void End_Program() override { throw ProgramEnded{}; }

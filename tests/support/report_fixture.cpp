@@ -10,7 +10,6 @@
 #include "common/variant.h"
 #include "report/ag_option.h"
 #include "report/build_worksheet.h"
-#include "report/code_lists.h"
 #include "report/message_log.h"
 #include "report/new_report.h"
 #include "report/open_report.h"
@@ -80,7 +79,6 @@ Report::Report(const FiscalYear& year) {
     Take_Path(folder_.File("report.CRF"));
     if (!CreateCRF()) throw std::runtime_error("no report was made");
     Assemble_CRF(Sample_Entries(), year);
-    Load_MSA();
     Load_AGOption();
     End_Msg_Log("NewCRF");
     if (!platform.batches.empty())
@@ -88,7 +86,6 @@ Report::Report(const FiscalYear& year) {
 }
 
 Report::~Report() {
-    MsgLogPrefix.clear();
     Forget_Report();
 }
 

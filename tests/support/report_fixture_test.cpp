@@ -11,8 +11,8 @@ namespace tallmar {
 
 TEST(ReportFixtureTest, ANewReportHasItsIdentityAndItsWorksheets) {
     Report r(fy2016);
-    EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
-    EXPECT_EQ(FYEnd, Date_Of(2016, 9, 30));
+    EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1));
+    EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 9, 30));
     EXPECT_EQ(r.Read("SELECT ProviderNumber FROM Master;"), Value("14-7100"));
     EXPECT_EQ(r.Read("SELECT Count(*) FROM Worksheets WHERE Item = \"S21\";").To_Long(), 1);
     EXPECT_CELL("A", 5, "CCName", r.Read("SELECT CCName FROM CostCenters WHERE LineNum = 5;"));
@@ -82,7 +82,7 @@ TEST(ReportFixtureTest, NothingIsLeftOpenBehindIt) {
     std::string path;
     {
         const Report r(fy2016);
-        path = CRFPath;
+        path = openReport.CRFPath;
         EXPECT_TRUE(db.Is_Open());
         EXPECT_FALSE(std::filesystem::exists(path)) << "the report lives in memory";
     }

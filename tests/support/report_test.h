@@ -26,10 +26,7 @@ namespace tallmar {
 class ReportTest : public ::testing::Test {
   protected:
     ~ReportTest() override {
-        if (db.Is_Open()) db.Close();
-        CRFPath.clear();
-        MsgLogPrefix.clear();
-        AGOption = 0;
+        openReport = {};
         Install_Catalogue({});
     }
 

@@ -9,7 +9,6 @@
 
 #include "common/platform.h"
 #include "common/sql_text.h"
-#include "report/entry_age.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
 #include "screens/cell_text.h"
@@ -177,7 +176,7 @@ bool EditGrid::Store_Row() {
     const RowUnderEdit row = form.Under_Edit();
     const QString stored = Pending_Text();
     try {
-        const bool changedElsewhere = Entry_Age().Look_Elsewhere();
+        const bool changedElsewhere = openReport.entryAge.Look_Elsewhere(db);
         if (!May_Overwrite()) return false;
         if (const std::optional<Refusal> refusal = Entries().Store_Row()) {
             Show_Refusal(*refusal);

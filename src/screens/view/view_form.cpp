@@ -2,7 +2,7 @@
 #include <QLabel>
 #include <QMenu>
 
-#include "report/entry_age.h"
+#include "report/open_report.h"
 #include "screens/view/qt_text.h"
 #include "screens/view/worksheet_form.h"
 
@@ -57,7 +57,7 @@ ViewForm::ViewForm(const FormDescription& description, Item item, QWidget* paren
 }
 
 void ViewForm::Show_Age() {
-    const EntryAge& age = Entry_Age();
+    const EntryAge& age = openReport.entryAge;
     if (age.Is_Older()) {
         lblAge_->setText(
             tr("%1: figures here may be older. Recalculate brings them up to date.").arg(Qt_Text(age.Text())));

@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "common/platform.h"
+#include "common/program.h"
 #include "common/variant.h"
 #include "report/open_report.h"
-#include "report/window.h"
 #include "screens/view/button_strip.h"
 #include "screens/view/find_bar.h"
 #include "screens/view/grid_head.h"

@@ -33,6 +33,7 @@ Desk::Desk()
                 }}) {
     Install_Catalogue(All_Families());
     main = std::make_unique<FrmMain>(platform.Guard());
+    Connect_Commands(*main);
     platform.Attach(main.get());
     StartOptions options;
     options.splash = false;
@@ -58,7 +59,7 @@ void Desk::Make(const std::string& path, const FiscalYear& year) {
     entries.providerNumber = "14-7100";
     entries.facilityName = "Prairie Hearth Home Health";
     EXPECT_TRUE(Create_CRF(path, entries, year));
-    The_Platform().Refresh_Menus();
+    The_Platform().Menus_Stale();
 }
 
 void Desk::Open(const std::string& path) {

@@ -46,7 +46,7 @@ TEST(FirstReport, IsMadeKeyedCalculatedSavedAndOpenedAgain) {
     const std::string first = desk.folder.File("First.CRF"), second = desk.folder.File("Second.CRF");
     Fill_New_Report(desk, first);
     ASSERT_TRUE(Report_Is_Open());
-    EXPECT_EQ(CRFPath, first);
+    EXPECT_EQ(openReport.CRFPath, first);
 
     // Worksheet A: Enter goes down, Tab to the right.
     desk.Edit("A");
@@ -113,12 +113,12 @@ TEST(FirstReport, IsMadeKeyedCalculatedSavedAndOpenedAgain) {
     EXPECT_EQ(Desk::Stored("S2", 26, 1), "1");
     EXPECT_EQ(Desk::Stored("CostCenters", 5.01, "LineNum"), "5.01");
     EXPECT_EQ(Desk::Stored("CostCenters", 5, "LineNum"), "no line");
-    EXPECT_EQ(AGOption, 1);
+    EXPECT_EQ(openReport.AGOption, 1);
 
     // Saved under another name, closed, and opened from the list of recent files.
     desk.Expect_File_Dialog(second);
     desk.Choose("mnuReportSaveAs");
-    EXPECT_EQ(CRFPath, second);
+    EXPECT_EQ(openReport.CRFPath, second);
     EXPECT_EQ(desk.main->windowTitle(), "The Brennwick Systems, Inc. Tallmar 1728 (version 1.0) -- Second.CRF");
     desk.Expect_Close_All("frmEditS2", Answer::Ok);
     desk.Choose("mnuReportClose");
@@ -131,7 +131,7 @@ TEST(FirstReport, IsMadeKeyedCalculatedSavedAndOpenedAgain) {
     EXPECT_EQ(recent.actions()[0]->text(), "&1 " + Qt_Text(second));
     recent.actions()[0]->trigger();
     Desk::Settle();
-    ASSERT_EQ(CRFPath, second);
+    ASSERT_EQ(openReport.CRFPath, second);
     desk.Edit("A");
     EXPECT_EQ(desk.Shown(6, 1), "1,200");
     EXPECT_EQ(desk.Shown(6, 2), "50");
@@ -167,7 +167,7 @@ TEST(FirstReport, CanBeMadeByTheKeyboardAlone) {
     key(Qt::Key_R, Qt::AltModifier);  // Report File
     key(Qt::Key_N);                   // New ...
     ASSERT_TRUE(desk.boxes.Done());
-    ASSERT_EQ(CRFPath, path);
+    ASSERT_EQ(openReport.CRFPath, path);
 
     // F10, then by arrows to Edit, Open ..., the first worksheet.
     key(Qt::Key_F10);

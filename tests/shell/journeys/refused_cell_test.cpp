@@ -57,7 +57,7 @@ TEST_P(RefusedCell, HoldsTheFormOpen) {
     EXPECT_TRUE(desk.main->isVisible());
     EXPECT_TRUE(desk.main->isEnabled());
     EXPECT_FALSE(desk.platform.Guard().Is_On());
-    EXPECT_EQ(CRFPath, desk.Report_Path());
+    EXPECT_EQ(openReport.CRFPath, desk.Report_Path());
     EXPECT_EQ(desk.Cursor(), "6 Col_1");
     EXPECT_EQ(desk.Shown(6, 1), "1,200");
     // The form goes on as if nothing had been.

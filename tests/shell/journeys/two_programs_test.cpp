@@ -33,7 +33,7 @@ TEST(TwoPrograms, AReportThatIsOpenElsewhereIsNotOpened) {
     desk.Make(desk.folder.File("mine.CRF"), fy2016);
     Expect_In_Use(desk, path);
     EXPECT_FALSE(Report_Save_As(path));
-    EXPECT_EQ(CRFPath, desk.folder.File("mine.CRF"));
+    EXPECT_EQ(openReport.CRFPath, desk.folder.File("mine.CRF"));
     desk.Edit("A");
     desk.Key(6, 1, "5");
     desk.Push("cmdClose");
@@ -41,7 +41,7 @@ TEST(TwoPrograms, AReportThatIsOpenElsewhereIsNotOpened) {
 
     other.Close();
     desk.Open(path);
-    EXPECT_EQ(CRFPath, path);
+    EXPECT_EQ(openReport.CRFPath, path);
     EXPECT_TRUE(desk.boxes.Done());
 }
 
