@@ -145,16 +145,11 @@ void Calc_All() {
     const RunEnd end;
     Keep_Backup();
     Job job(db);
-    try {
-        Clear_Log("C");
-        Load_AGOption();
-        Start_Msg_Log(kLogPrefix);
-        Calc_Worksheets();
-        job.Commit();
-    } catch (...) {
-        job.Roll_Back();
-        throw;
-    }
+    Clear_Log("C");
+    Load_AGOption();
+    Start_Msg_Log(kLogPrefix);
+    Calc_Worksheets();
+    job.Keep();  // with what a worksheet wrote before its error, which the run's messages name
     Entry_Age().Calculated(Msg_Log_Count(kLogPrefix));
     The_Platform().Progress(" Calculations completed.");
     End_Msg_Log(kLogPrefix);

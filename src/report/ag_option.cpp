@@ -109,16 +109,15 @@ void Exchange_AG(const Direction& direction) {
     }
 }
 
-// What was exchanged before an error stays exchanged.
 void Exchange_And_Keep(const Direction& direction) {
     Job job(db);
     try {
         Exchange_AG(direction);
     } catch (const DbError&) {
-        job.Commit();
+        job.Keep();  // what was exchanged before the error stays exchanged
         throw;
     }
-    job.Commit();
+    job.Keep();
 }
 
 // The option as the report holds it; 0 where there is none.

@@ -71,10 +71,9 @@ void Store_Identity(const Identity& identity) {
         Write_Identity(identity);
         Take_Identity(identity);
         Follow_Fiscal_Year();
-        job.Commit();
+        job.Keep();
     } catch (...) {
         Take_Identity(before);
-        job.Roll_Back();
         throw;
     }
     FormNum = "1728";

@@ -224,7 +224,7 @@ std::vector<CellOutcome> Enter_Cells(std::span<const CellText> cells, const Batc
     batch.Enter(std::span(order).first(first));
     batch.Renumber();
     batch.Enter(std::span(order).subspan(first));
-    job.Commit();
+    job.Keep();  // refused cells and all: the others are stored
     return outcomes;
 }
 

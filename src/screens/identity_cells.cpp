@@ -127,7 +127,7 @@ bool Store_Identity_Row(const RowUnderEdit& row) {
     }
     // An entry equal to what stands is no change.
     if (identity != Present_Identity() || !Stands_On_S2(identity, row)) Store_Identity(identity);
-    job.Commit();
+    job.Keep();
     return true;
 }
 

@@ -71,15 +71,8 @@ OpenForm::OneStep::~OneStep() {
 Currency OpenForm::Add_Row(Currency current) {
     Job job(db);
     const TableState before = Read_State(table_, form_.where);
-    Currency line;
-    try {
-        line = form_.add(item_, current);
-    } catch (const DbError&) {
-        // Lines may have moved already. The job may be a paste's: what that has stored stays.
-        Put_Back(Difference(before, Read_State(table_, form_.where)));
-        throw;
-    }
-    job.Commit();
+    const Currency line = form_.add(item_, current);
+    job.Keep();
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
     part.structure = Difference(before, Read_State(table_, form_.where));
     Note_Rows(*part.structure);
@@ -92,13 +85,8 @@ bool OpenForm::Remove_Row(Currency line) {
     Job job(db);
     const TableState before = Read_State(table_, form_.where);
     std::vector<TableState> sides = Read_Sides(form_.sides, line);
-    try {
-        form_.remove(item_, line);
-    } catch (const DbError&) {
-        job.Roll_Back();
-        throw;
-    }
-    job.Commit();
+    form_.remove(item_, line);
+    job.Keep();
     EditPart part{.line = line, .cells = {}, .structure = {}, .sidesBefore = {}, .sides = {}};
     part.structure = Difference(before, Read_State(table_, form_.where));
     // A line of the form's own stays.
@@ -216,11 +204,10 @@ UndoOutcome OpenForm::Take_Step(std::vector<EditStep>& from, std::vector<EditSte
         }
     } catch (const DbError&) {
         row_ = {};
-        job.Roll_Back();
         from.push_back(step);
         throw;
     }
-    job.Commit();
+    job.Keep();
     if (done > 0) to.push_back(Reversed(step));
     if (done == 0) {
         outcome.text = Line_Place(*this, outcome.line) + ": nothing " + std::string(word) + ".";
