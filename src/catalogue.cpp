@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "calc/vaccine_line.h"
 #include "calc/w_a.h"
 #include "calc/w_a1.h"
 #include "calc/w_a4.h"
@@ -22,6 +21,7 @@
 #include "calc/w_s3.h"
 #include "calc/w_sp2.h"
 #include "screens/forms.h"
+#include "structure/vaccine_line.h"
 
 namespace tallmar {
 
@@ -67,7 +67,7 @@ constexpr std::array kFamilies{
     WorksheetFamily{"F1", 5, Only<Build_F1>, Only<Calc_F1>, &kEditF1, &kViewF1},
     WorksheetFamily{"F2", 6, Only<Build_F2>, Only<Calc_F2>, &kEditF2, &kViewF2},
     WorksheetFamily{"Sp2", 11, Only<Build_Sp2>, Only<Calc_Sp2>, nullptr, &kViewSp2},
-    WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, &kEditS2, &kViewS2},
+    WorksheetFamily{"S2", 0, Only<Build_S2>, Only<Calc_S2>, &kEditS2, &kViewS2, nullptr, nullptr, Load_AGOption},
     WorksheetFamily{"S21", 0, Only<Build_S21>, Only<Calc_S21>, &kEditS21, &kViewS21},
     WorksheetFamily{"S3p1", 0, Only<Build_S3p1>, Only<Calc_S3p1>, &kEditS3p1, &kViewS3p1},
     WorksheetFamily{"S3p2", 0, Only<Build_S3p2>, Only<Calc_S3p2>, &kEditS3p2, &kViewS3p2},

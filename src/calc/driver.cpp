@@ -4,13 +4,13 @@
 #include <vector>
 
 #include "calc/sync_cp2.h"
+#include "calc/w_s2.h"
 #include "common/dates.h"
 #include "common/platform.h"
 #include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"
-#include "report/ag_option.h"
 #include "report/backup.h"
 #include "report/entry_age.h"
 #include "report/message_log.h"

@@ -5,16 +5,12 @@
 // the statistics of others.
 #pragma once
 
-#include <string_view>
-
 namespace tallmar {
 
 // Deletes and rebuilds B, B1X and StatLinks, then makes B1 from the chart. All throw TableExists of their own table.
 void Build_B1();
 void Build_B1X();
 void Build_StatLinks();
-// 0 for Null in every CC_ and Recon_ column of a statistics table, then Null above the column's own line.
-void ShapeStats(std::string_view table);
 
 // Copies each linked column from the line after the recipient's own down to 28.99, then replays the overrides.
 void Apply_StatLinks();

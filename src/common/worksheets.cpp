@@ -10,6 +10,10 @@ void Install_Catalogue(std::span<const WorksheetFamily> families) {
     installed = families;
 }
 
+std::span<const WorksheetFamily> Installed_Families() {
+    return installed;
+}
+
 const WorksheetFamily* Find_Family(const Item& item) {
     for (const WorksheetFamily& family : installed) {
         if (family.items.Matches(item.Name())) return &family;

@@ -21,10 +21,13 @@ struct WorksheetFamily {
     // report's is alike, or it is made anew by the calculation.
     bool (*fits)(const Item&) = nullptr;
     void (*fit)(const Item&) = nullptr;
+    // Reads what the open report keeps of its answers. Null: nothing.
+    void (*load)() = nullptr;
 };
 
 // The catalogue is installed once, by main() or by a test. Requires static storage.
 void Install_Catalogue(std::span<const WorksheetFamily> families);
+std::span<const WorksheetFamily> Installed_Families();
 // Null where no family has this item.
 const WorksheetFamily* Find_Family(const Item& item);
 

@@ -4,7 +4,7 @@
 
 #include "common/platform.h"
 #include "common/text.h"
-#include "report/ag_option.h"
+#include "report/answers.h"
 #include "report/build_worksheet.h"
 #include "report/chart.h"
 #include "report/code_lists.h"
@@ -103,7 +103,7 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
         Show_New_Report([] {
             Show_Report();
             Load_MSA();
-            Load_AGOption();
+            Load_Answers();
         });
     } else {
         Forget_Report();

@@ -3,7 +3,7 @@
 #include "common/file_id.h"
 #include "common/platform.h"
 #include "common/sql_text.h"
-#include "report/ag_option.h"
+#include "report/answers.h"
 #include "report/backup.h"
 #include "report/backup_list.h"
 #include "report/chart.h"
@@ -66,7 +66,7 @@ void Tell_Rebuilt_Index() {
 void Load_Values() {
     Load_HeaderLines();
     Load_MSA();
-    Load_AGOption();
+    Load_Answers();
     Entry_Age().Report_Opened();
 }
 

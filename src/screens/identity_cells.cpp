@@ -7,9 +7,9 @@
 #include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/backup.h"
-#include "report/edit_key.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
+#include "structure/edit_key.h"
 
 namespace tallmar {
 

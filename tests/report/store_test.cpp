@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <functional>
 #include <utility>
@@ -48,7 +49,6 @@ TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
     ProviderName = ProviderNumber = FormNum = "";
     FYStart = FYEnd = Date{};
     HeaderLine1 = "old";
-    AGOption = 2;
     ASSERT_TRUE(Report_Open(report));
     EXPECT_EQ(FormNum, "1728");
     EXPECT_EQ(ProviderNumber, "14-7100");
@@ -56,9 +56,27 @@ TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
     EXPECT_EQ(FYStart, Date_Of(2015, 10, 1));
     EXPECT_EQ(FYEnd, Date_Of(2016, 9, 30));
     EXPECT_EQ(HeaderLine1, "");
-    EXPECT_EQ(AGOption, 0);
     EXPECT_EQ(CRFTitle, "Agency.CRF");
     EXPECT_EQ(CRFDir, folder.Path());
+}
+
+TEST_F(StoreTest, EachFamilyLoadsItsAnswersWhenAReportIsOpened) {
+    static int loads = 0;
+    static constexpr std::array kFamilies{WorksheetFamily{.items = "S2",
+                                                          .calcLevel = 0,
+                                                          .build = nullptr,
+                                                          .calc = nullptr,
+                                                          .edit = nullptr,
+                                                          .view = nullptr,
+                                                          .load = [] { ++loads; }},
+                                          WorksheetFamily{"A", 0, nullptr, nullptr, nullptr, nullptr}};
+    Install_Catalogue(kFamilies);
+    loads = 0;
+    New_Report();
+    EXPECT_EQ(loads, 1) << "a new report is open, too";
+    Report_Release();
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(loads, 2);
 }
 
 TEST_F(StoreTest, OpenSetsTheWindow) {

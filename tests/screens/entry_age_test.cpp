@@ -2,11 +2,11 @@
 #include "report/entry_age.h"
 
 #include "calc/driver.h"
-#include "report/edit_key.h"
 #include "report/open_report.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
 #include "screens/paste.h"
+#include "structure/edit_key.h"
 
 namespace tallmar {
 
