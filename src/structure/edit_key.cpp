@@ -63,11 +63,12 @@ std::string Change_Of_Year_Question(Date start) {
                "; no longer used: ", move.removed.empty() ? kNone : move.removed, ".  Do you wish to continue?");
 }
 
-void Store_Identity(const Identity& identity) {
+void Store_Identity(const Identity& identity, const std::function<void()>& first) {
     Keep_Backup();
     const Identity before = Present_Identity();
     Job job(db);
     try {
+        if (first) first();
         Write_Identity(identity);
         Take_Identity(identity);
         Follow_Fiscal_Year();
