@@ -62,7 +62,7 @@ constexpr std::array<FixedRow, 36> kRows{{
     {31_cur, "Balance due HHA/Medicare program", kShaded},
 }};
 
-constexpr Date kSequestrationFrom{41365};  // 4/1/2013
+constexpr Date kSequestrationFrom = Date_Of(2013, 4, 1);
 
 // What a line does with the running amounts.
 enum class Rule {
