@@ -29,6 +29,7 @@ class Tables {
         }
         db.Execute("CREATE UNIQUE INDEX ndx ON A (LineNum);");
         db.Execute("CREATE UNIQUE INDEX ndx ON A4 (LineNum);");
+        job.Keep();
     }
     ~Tables() { db.Close(); }
     Tables(const Tables&) = delete;

@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.." || exit 1
 # shellcheck source=/dev/null
 . scripts/packages.sh
 
-checks=(floors circles qt sqlite platform headers length format)
+checks=(floors circles tables qt sqlite platform headers length format)
 
 # Floors, lowest first; folders of one number may see each other. A file includes from its own floor or lower ones.
 floors() {
@@ -96,6 +96,20 @@ check_circles() {
                 if (leads(end[2], end[1])) print end[1] " includes " end[2] ", which leads back"
             }
         }' "${sources[@]}" | sort
+}
+
+# Below the calculation no statement names a worksheet's table, so that the report does not know what stands above it.
+# The names are those of the catalogue, its wild cards as in a pattern: # a digit, ? a character, * any rest.
+check_tables() {
+    local names
+    names=$(sed -n 's/^ *WorksheetFamily{"\([^"]*\)".*/\1/p' src/catalogue.cpp |
+        sed 's/#/[0-9]/g; s/?/[A-Za-z0-9]/g; s/\*/[A-Za-z0-9]*/g' | paste -sd '|')
+    if [ -z "$names" ]; then
+        echo "src/catalogue.cpp: no family is found"
+        return
+    fi
+    mapfile -t sources < <(of '^src/(common|sql|db|report)/.*\.(h|cpp)$')
+    lines_with "\"(.*[^A-Za-z])?([Ff][Rr][Oo][Mm]|[Ii][Nn][Tt][Oo]|[Jj][Oo][Ii][Nn]|[Tt][Aa][Bb][Ll][Ee]|[Uu][Pp][Dd][Aa][Tt][Ee]) +[[]?($names)([^A-Za-z0-9'.]|\$)" "${sources[@]}"
 }
 
 # Qt on its three floors, and there without style sheets: they break dark and high-contrast palettes.

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "calc/vaccine_line.h"
 #include "calc/w_a.h"
 #include "calc/w_a1.h"
 #include "calc/w_a4.h"
@@ -22,6 +21,7 @@
 #include "calc/w_s3.h"
 #include "calc/w_sp2.h"
 #include "report/registry.h"
+#include "structure/vaccine_line.h"
 
 namespace tallmar {
 
@@ -42,7 +42,8 @@ constexpr std::array kFamilies{
     WorksheetFamily{"A", 4, Years::Always, kNew, Only<Build_A>, Only<Calc_A>, kLinesA, Has_Vaccine_Line,
                     Add_Vaccine_Line},
     WorksheetFamily{"Sp2", 11, Years::Always, kNew, Only<Build_Sp2>, Only<Calc_Sp2>, kLinesSp2},
-    WorksheetFamily{"S2", 0, Years::Always, kNew, Only<Build_S2>, Only<Calc_S2>, kLinesS2},
+    WorksheetFamily{"S2", 0, Years::Always, kNew, Only<Build_S2>, Only<Calc_S2>, kLinesS2, nullptr, nullptr,
+                    Load_AGOption},
     WorksheetFamily{"S21", 0, Years::FromS21, kNew, Only<Build_S21>, Only<Calc_S21>, kLinesS21},
     WorksheetFamily{"S3p1", 0, Years::Always, kNew, Only<Build_S3p1>, Only<Calc_S3p1>, kLinesS3p1},
     WorksheetFamily{"S3p2", 0, Years::Always, kNew, Only<Build_S3p2>, Only<Calc_S3p2>, kLinesS3p2},

@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "calc/sync_cp2.h"
+#include "calc/w_s2.h"
 #include "common/platform.h"
 #include "common/sql_text.h"
 #include "common/text.h"
 #include "common/variant.h"
 #include "common/worksheets.h"
-#include "report/ag_option.h"
 #include "report/backup.h"
 #include "report/message_log.h"
 #include "report/open_report.h"
@@ -135,16 +135,11 @@ void Calc_All() {
     const RunEnd end;
     Keep_Backup();
     Job job(db);
-    try {
-        Clear_Log('C');
-        Load_AGOption();
-        Start_Msg_Log(kLogPrefix);
-        Calc_Worksheets();
-        job.Commit();
-    } catch (...) {
-        job.Roll_Back();
-        throw;
-    }
+    Clear_Log('C');
+    Load_AGOption();
+    Start_Msg_Log(kLogPrefix);
+    Calc_Worksheets();
+    job.Keep();  // with what a worksheet wrote before its error, which the run's messages name
     openReport.entryAge.Calculated(db, Msg_Log_Count(kLogPrefix));
     The_Platform().Progress(" Calculations completed.");
     End_Msg_Log(kLogPrefix);

@@ -13,6 +13,8 @@ namespace tallmar {
 inline constexpr std::string_view kCCPrefix = "CC_";
 inline constexpr std::string_view kReconPrefix = "Recon_";
 
+// "CC_501" of "CC_" and 5.01.
+std::string Line_Column(std::string_view prefix, Currency ccNum);
 // "CC_501" of 5.01.
 std::string CC_Column(Currency ccNum);
 // "Recon_501" of 5.01.
@@ -25,5 +27,8 @@ bool Is_Recon_Column(std::string_view column);
 
 // The two labels of a statistic that say accumulated cost. Null reads as empty.
 bool Is_Accumulated_Cost(const Value& statLabel1, const Value& statLabel2);
+
+// 0 for Null in every CC_ and Recon_ column of a statistics table, then Null above the column's own line.
+void ShapeStats(std::string_view table);
 
 }  // namespace tallmar

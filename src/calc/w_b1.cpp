@@ -91,15 +91,6 @@ void Build_StatLinks() {
     Register_Worksheet("StatLinks");
 }
 
-void ShapeStats(std::string_view table) {
-    const TableDef stats = db.TableDefs().Item(table);
-    for (const FieldDef& field : stats.Shape().fields) {
-        if (!Is_CC_Column(field.name) && !Is_Recon_Column(field.name)) continue;
-        db.Execute(Sql("UPDATE ", table, " SET ", field.name, " = 0 WHERE ", field.name, " Is Null;"));
-        db.Execute(Sql("UPDATE ", table, " SET ", field.name, " = Null WHERE LineNum < ", Column_CC(field.name), ";"));
-    }
-}
-
 void Apply_StatLinks() {
     Recordset links = db.OpenRecordset("SELECT * FROM StatLinks ORDER BY ToCCNum;", RecordsetType::Snapshot);
     for (; !links.Eof(); links.MoveNext()) {

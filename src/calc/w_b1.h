@@ -18,8 +18,6 @@ extern const std::array<FixedRow, 3> kLinesB1;
 void Build_B1();
 void Build_B1X();
 void Build_StatLinks();
-// 0 for Null in every CC_ and Recon_ column of a statistics table, then Null above the column's own line.
-void ShapeStats(std::string_view table);
 
 // Copies each linked column from the line after the recipient's own down to 28.99, then replays the overrides.
 void Apply_StatLinks();

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/dates.h"
 #include "common/item.h"
 #include "common/lines.h"
 
@@ -33,6 +34,9 @@ void Fit_Cp2(const Item& item);
 // "Cp2m0160" for the MSA code "160", "Cp2c16580" for a CBSA code.
 std::string Cp2_Item_Of_MSA(std::string_view code);
 std::string Cp2_Item_Of_CBSA(std::string_view code);
+
+// From here on D Part I takes the cost of drugs from C Part III.
+inline constexpr Date kDrugCostsChange = Date_Of(2006, 7, 1);
 
 void Build_Cp3();
 // The rows of the cost centers that meet the WHERE text `where`, three lines further down.

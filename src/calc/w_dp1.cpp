@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/numbers.h"
 #include "common/sql_text.h"
@@ -41,8 +42,8 @@ constexpr std::array<FixedRow, 12> kLinesDp1{{
 namespace {
 
 // The vaccine drug columns of C Part III replace the older ones.
-constexpr Date kDrug901From{37622};   // 1/1/2003
-constexpr Date kLine1FromCp3{38899};  // 7/1/2006
+constexpr Date kDrug901From = Date_Of(2003, 1, 1);
+constexpr Date kLine1FromCp3 = kDrugCostsChange;
 
 using Three = std::array<double, 3>;
 constexpr std::array<const char*, 3> kCells{"Col_1", "Col_2", "Col_3"};

@@ -66,7 +66,7 @@ constexpr std::array<FixedRow, 36> kLinesDp2{{
 
 namespace {
 
-constexpr Date kSequestrationFrom{41365};  // 4/1/2013
+constexpr Date kSequestrationFrom = Date_Of(2013, 4, 1);
 
 // What a line does with the running amounts.
 enum class Rule {

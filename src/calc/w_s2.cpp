@@ -3,7 +3,9 @@
 #include <array>
 
 #include "calc/worksheet.h"
+#include "common/numbers.h"
 #include "common/sql_text.h"
+#include "common/variant.h"
 
 namespace tallmar {
 
@@ -105,6 +107,19 @@ void Build_S2() {
 void Calc_S2() {
     const double sum = Read_Number("SELECT SUM(INT(Col_1)) AS Sum1 FROM S2 WHERE LineNum>=10 And LineNum<13;");
     db.Execute(Sql("UPDATE S2 SET Col_1 = ", sum, " WHERE LineNum=13;"));
+}
+
+int Read_AGOption() {
+    try {
+        return static_cast<int>(Val(Nz_Str(db.Read_Row("SELECT Col_1 From S2 WHERE LineNum=26;")["Col_1"])));
+    } catch (const DbError& error) {
+        if (error.Ends_Work()) throw;
+        return 0;
+    }
+}
+
+void Load_AGOption() {
+    openReport.AGOption = Read_AGOption();
 }
 
 }  // namespace tallmar

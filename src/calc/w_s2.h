@@ -14,4 +14,9 @@ void Build_S2();
 // Line 13 from lines 10 to 12. Throws DbError where one of them is no number.
 void Calc_S2();
 
+// The Administrative & General option, line 26, as stored; 0 where the answer is empty or the worksheet is missing.
+int Read_AGOption();
+// AGOption from it.
+void Load_AGOption();
+
 }  // namespace tallmar

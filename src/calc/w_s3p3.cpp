@@ -1,5 +1,6 @@
 #include <array>
 
+#include "calc/w_c.h"
 #include "calc/w_s3.h"
 #include "calc/worksheet.h"
 #include "common/dates.h"
@@ -31,8 +32,8 @@ namespace {
 
 // Drug lines of C Part III: 16 of reports that end on or after the first date, 16.2 of those that also begin on or
 // before the second.
-constexpr Date kDrugLineFrom{38929};      // 7/31/2006
-constexpr Date kVaccineLineUntil{38899};  // 7/1/2006
+constexpr Date kDrugLineFrom = Date_Of(2006, 7, 31);
+constexpr Date kVaccineLineUntil = kDrugCostsChange;
 
 std::string Drug_Lines() {
     std::string lines;

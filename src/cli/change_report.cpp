@@ -11,7 +11,7 @@ void Change_Report(CommandContext& context, const std::function<void()>& change)
     change();
     job.Write_Ahead();
     context.out.Write_Out();
-    job.Commit();
+    job.Keep();
 }
 
 }  // namespace tallmar

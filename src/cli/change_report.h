@@ -7,7 +7,7 @@
 
 namespace tallmar {
 
-// Runs `change` as one job, behind the backup that the first change keeps. The results are out before the job commits:
+// Runs `change` as one job, behind the backup that the first change keeps. The results are out before the job is kept:
 // where they cannot be written, or `change` throws, the report is as it was and the error passes on.
 void Change_Report(CommandContext& context, const std::function<void()>& change);
 

@@ -20,7 +20,6 @@ class ConsolePlatform final : public Platform {
   public:
     ConsolePlatform(std::ostream& out, std::ostream& err, ConsoleOptions options);
 
-    void Set_Answer(std::optional<Answer> answer) { options_.answer = answer; }
     // Where the collected messages of a job go: to `out` as JSON lines, or to `err` as text.
     void Print_Messages_As_Json(bool json) { messagesAsJson_ = json; }
 

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
-#include <stdexcept>
 
 #include "common/text.h"
 
@@ -17,45 +15,8 @@ constexpr std::array<std::string_view, 12> kMonths = {"january",   "february", "
                                                       "may",       "june",     "july",     "august",
                                                       "september", "october",  "november", "december"};
 constexpr double kSecondsADay = 86400;
-constexpr int kFirstSerial = -657434;  // 1/1/100
-constexpr int kLastSerial = 2958465;   // 12/31/9999
-
-constexpr bool Is_Leap(int year) {
-    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
-
-constexpr int Days_In(int year, int month) {
-    constexpr std::array<int, 12> kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return month == 2 && Is_Leap(year) ? 29 : kDays[static_cast<std::size_t>(month - 1)];
-}
-
-// Years are counted from March, so that the leap day comes last; eras have 400 years and 146097 days.
-constexpr int kDaysAnEra = 146097;
-constexpr int kEpoch = 693899;  // 12/30/1899, counted from 3/1/0
-
-constexpr int Day_Number(int year, int month, int day) {
-    const int y = month <= 2 ? year - 1 : year;
-    const int era = y / 400;
-    const int yearOfEra = y - era * 400;
-    const int dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    return era * kDaysAnEra + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - kEpoch;
-}
-static_assert(Day_Number(1899, 12, 30) == 0 && Day_Number(2000, 10, 1) == 36800);
-static_assert(Day_Number(100, 1, 1) == kFirstSerial && Day_Number(9999, 12, 31) == kLastSerial);
-
-CivilDate Civil_Of_Day(int number) {
-    const int days = number + kEpoch;
-    const int era = days / kDaysAnEra;
-    const int dayOfEra = days - era * kDaysAnEra;
-    const int yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const int dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const int fromMarch = (5 * dayOfYear + 2) / 153;
-    CivilDate civil;
-    civil.day = dayOfYear - (153 * fromMarch + 2) / 5 + 1;
-    civil.month = fromMarch < 10 ? fromMarch + 3 : fromMarch - 9;
-    civil.year = yearOfEra + era * 400 + (civil.month <= 2 ? 1 : 0);
-    return civil;
-}
+constexpr Date kFirstDate = Date_Of(100, 1, 1);
+constexpr Date kLastDate = Date_Of(9999, 12, 31);
 
 std::string Printed(const char* format, auto... numbers) {
     std::array<char, 64> buffer;
@@ -64,15 +25,6 @@ std::string Printed(const char* format, auto... numbers) {
 }
 
 }  // namespace
-
-bool Is_Real_Date(int year, int month, int day) {
-    return year >= 100 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= Days_In(year, month);
-}
-
-Date Date_Of(int year, int month, int day) {
-    if (!Is_Real_Date(year, month, day)) throw std::invalid_argument("not a date");
-    return Date{static_cast<double>(Day_Number(year, month, day))};
-}
 
 Date Date_Of(const CivilDate& civil) {
     const double day = Date_Of(civil.year, civil.month, civil.day).serial;
@@ -83,7 +35,7 @@ Date Date_Of(const CivilDate& civil) {
 // Before the first day the time still counts forward: -1.25 is 12/29/1899, six in the morning.
 CivilDate To_Civil(Date date) {
     double serial = std::isnan(date.serial) ? 0 : date.serial;
-    serial = std::clamp(serial, kFirstSerial - 0.99999, kLastSerial + 0.99999);
+    serial = std::clamp(serial, kFirstDate.serial - 0.99999, kLastDate.serial + 0.99999);
     const double whole = std::trunc(serial);
     int number = static_cast<int>(whole);
     int seconds = static_cast<int>(std::lround(std::abs(serial - whole) * kSecondsADay));
@@ -91,7 +43,11 @@ CivilDate To_Civil(Date date) {
         ++number;
         seconds = 0;
     }
-    CivilDate civil = Civil_Of_Day(number);
+    const std::chrono::year_month_day day{kDayZero + std::chrono::days(number)};
+    CivilDate civil;
+    civil.year = static_cast<int>(day.year());
+    civil.month = static_cast<int>(static_cast<unsigned>(day.month()));
+    civil.day = static_cast<int>(static_cast<unsigned>(day.day()));
     civil.hour = seconds / 3600;
     civil.minute = seconds / 60 % 60;
     civil.second = seconds % 60;
@@ -101,7 +57,7 @@ CivilDate To_Civil(Date date) {
 Date Add_Years(Date date, int years) {
     CivilDate civil = To_Civil(date);
     civil.year += years;
-    if (civil.month == 2 && civil.day == 29 && !Is_Leap(civil.year)) civil.day = 28;
+    if (civil.month == 2 && civil.day == 29 && !std::chrono::year(civil.year).is_leap()) civil.day = 28;
     return Date_Of(civil);
 }
 
@@ -276,9 +232,9 @@ std::string Iso_Date(Date date) {
 }
 
 bool Is_Valid_Date(std::string_view text, Date today) {
-    constexpr double kEarliest = 24108;  // 1/1/1966
+    constexpr Date kEarliest = Date_Of(1966, 1, 1);
     const auto date = Parse_Date(text);
-    return date && date->serial >= kEarliest && *date <= today;
+    return date && *date >= kEarliest && *date <= today;
 }
 
 }  // namespace tallmar

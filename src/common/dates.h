@@ -1,7 +1,9 @@
 // Dates of the report: serials in days from 12/30/1899.
 #pragma once
 
+#include <chrono>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -13,12 +15,23 @@ struct CivilDate {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
 };
 
-// A real date between 1/1/100 and 12/31/9999; throws std::invalid_argument for any other.
-Date Date_Of(int year, int month, int day);
+// The day of serial 0.
+inline constexpr std::chrono::sys_days kDayZero{std::chrono::year(1899) / 12 / 30};
+
+// True from 1/1/100 to 12/31/9999.
+constexpr bool Is_Real_Date(int year, int month, int day) {
+    if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return false;
+    return (std::chrono::year(year) / month / day).ok();
+}
+// Throws std::invalid_argument where it is no real date; a constant that is none does not compile.
+constexpr Date Date_Of(int year, int month, int day) {
+    if (!Is_Real_Date(year, month, day)) throw std::invalid_argument("not a date");
+    const std::chrono::sys_days days{std::chrono::year(year) / month / day};
+    return Date{static_cast<double>((days - kDayZero).count())};
+}
 Date Date_Of(const CivilDate& civil);
 // To the nearest second. A serial outside the calendar counts as its nearest bound.
 CivilDate To_Civil(Date date);
-bool Is_Real_Date(int year, int month, int day);
 // The same day of another year; 2/29 becomes 2/28. Throws as Date_Of does.
 Date Add_Years(Date date, int years);
 
@@ -32,12 +45,12 @@ std::string Iso_Date_Time(Date date);
 // "2015-10-01"
 std::string Iso_Date(Date date);
 
-// A date text not earlier than serial 24108 (1/1/1966) and not later than `today`.
+// A date text from 1/1/1966 to `today`.
 bool Is_Valid_Date(std::string_view text, Date today);
 
 // Dates that divide the form.
-inline constexpr Date kCostLimitsEnd{36800};    // 10/1/2000, A-8-3 and the cost limits end
-inline constexpr Date kVaccineLineFrom{39113};  // 1/31/2007: line 13.2
-inline constexpr Date kS21From{42278};          // 10/1/2015: S-2-1
+inline constexpr Date kCostLimitsEnd = Date_Of(2000, 10, 1);    // A-8-3 and the cost limits end
+inline constexpr Date kVaccineLineFrom = Date_Of(2007, 1, 31);  // line 13.2
+inline constexpr Date kS21From = Date_Of(2015, 10, 1);          // S-2-1
 
 }  // namespace tallmar

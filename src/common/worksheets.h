@@ -35,6 +35,8 @@ struct WorksheetFamily {
     // that follows them with what is keyed in it. Null: no such layout, or the calculation makes it anew.
     bool (*fits)(const Item&) = nullptr;
     void (*fit)(const Item&) = nullptr;
+    // Reads what the open report keeps of its answers. Null: nothing.
+    void (*load)() = nullptr;
 };
 
 // The catalogue is installed once, by main() or by a test. Requires static storage. The order of the rows is the order

@@ -55,7 +55,6 @@ Connection::~Connection() {
 
 void Connection::Close() {
     if (!Is_Open()) return;
-    if (jobDepth_ > 0 && !jobLost_) Run_Quietly("COMMIT");
     session_.Close();
     jobDepth_ = 0;
     own_.clear();
@@ -123,10 +122,10 @@ void Connection::Run_Once(std::string_view sql) {
     statement.Step();
 }
 
-void Connection::Run_Quietly(const char* sql) noexcept {
-    if (!Is_Open()) return;
+bool Connection::Run_Quietly(const char* sql) noexcept {
+    if (!Is_Open()) return false;
     if (session_.Log()) session_.Log()(sql, {});
-    sqlite3_exec(Handle(), sql, nullptr, nullptr, nullptr);
+    return sqlite3_exec(Handle(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 std::string Connection::Single_Text(std::string_view sql) {
@@ -164,36 +163,46 @@ void Connection::Forget_What_Others_Changed() {
     if (shapes_ && Single_Text("PRAGMA data_version") != shapesVersion_) Forget_Shapes();
 }
 
+void Connection::Begin_Transaction(JobKind kind) {
+    Run(kind == JobKind::Changing ? "BEGIN IMMEDIATE" : "BEGIN");
+    try {
+        // The state that a job for reading sees is that of its first read.
+        if (kind == JobKind::Reading) Run("SELECT Count(*) FROM sqlite_schema");
+        Forget_What_Others_Changed();
+    } catch (...) {
+        Run_Quietly("ROLLBACK");
+        throw;
+    }
+}
+
 void Connection::Begin_Job(JobKind kind) {
-    Handle();
+    Require_Whole_Job();
     if (jobDepth_ == 0) {
-        Run(kind == JobKind::Changing ? "BEGIN IMMEDIATE" : "BEGIN");
-        try {
-            // The state that a job for reading sees is that of its first read.
-            if (kind == JobKind::Reading) Run("SELECT Count(*) FROM sqlite_schema");
-            Forget_What_Others_Changed();
-        } catch (...) {
-            Run_Quietly("ROLLBACK");
-            throw;
-        }
+        Begin_Transaction(kind);
+    } else {
+        Run("SAVEPOINT job");
     }
     ++jobDepth_;
 }
 
-void Connection::End_Job() {
-    if (!Is_Open() || jobDepth_ == 0 || --jobDepth_ > 0) return;
-    if (jobLost_) {
-        const DbError reason = *jobLost_;
-        jobLost_.reset();
-        throw reason;
+void Connection::Keep_Job() {
+    Require_Whole_Job();
+    Run(jobDepth_ == 1 ? "COMMIT" : "RELEASE job");
+    --jobDepth_;
+}
+
+void Connection::Roll_Back_Job() noexcept {
+    if (!Is_Open() || jobDepth_ == 0) return;
+    const bool isOutermost = --jobDepth_ == 0;
+    if (!jobLost_) {
+        if (isOutermost) {
+            Run_Quietly("ROLLBACK");
+        } else if (!Run_Quietly("ROLLBACK TO job") || !Run_Quietly("RELEASE job")) {
+            Lose_Job(Given_Up());  // the outer job must not keep a part of this one
+        }
     }
-    try {
-        Run("COMMIT");
-    } catch (...) {
-        if (sqlite3_get_autocommit(Handle()) == 0) Run_Quietly("ROLLBACK");
-        Forget_Shapes();
-        throw;
-    }
+    if (isOutermost) jobLost_.reset();
+    Forget_Shapes();
 }
 
 void Connection::Write_Job_Ahead() {
@@ -204,12 +213,6 @@ void Connection::Write_Job_Ahead() {
     // What went out before the disk was full is taken back with the next reading: now.
     Run_Quietly("SELECT 1 FROM sqlite_schema");
     throw error;
-}
-
-void Connection::Roll_Back_Job() {
-    if (!Is_Open() || jobDepth_ == 0) return;
-    if (!jobLost_) Lose_Job(Given_Up());
-    if (--jobDepth_ == 0) jobLost_.reset();
 }
 
 void Connection::Lose_Job(const DbError& reason) {

@@ -40,7 +40,7 @@ class Connection {
     void Refuse_Changes();
     bool Has_Rebuilt_Index() const { return rebuiltIndex_; }
     void Note_Rebuilt_Index() { rebuiltIndex_ = true; }
-    // Commits a job under way.
+    // Takes a job under way back.
     void Close();
 
     // The shapes of the tables, read from the file when they are first asked for.
@@ -59,8 +59,8 @@ class Connection {
     // Statements of the engine's own, without parameters and rows: one that comes often, and one that does not.
     void Run(std::string_view sql);
     void Run_Once(std::string_view sql);
-    // As Run_Once, its failure passed over: for ways out that must not throw.
-    void Run_Quietly(const char* sql) noexcept;
+    // As Run_Once, for ways out that must not throw: false where it failed.
+    bool Run_Quietly(const char* sql) noexcept;
     // The single value of a pragma, or of another statement that gives one.
     std::string Single_Text(std::string_view sql);
     PlanCache& Plans() { return plans_; }
@@ -71,11 +71,11 @@ class Connection {
     // must not reach the file in pieces.
     void Require_Whole_Job() const;
 
+    // The outermost job is the transaction, a job within it a savepoint.
     void Begin_Job(JobKind kind);
-    // The outermost job commits; throws what stands in its way, with nothing changed.
-    void End_Job();
-    void Roll_Back_Job();
-    bool Is_Outermost_Job() const { return jobDepth_ == 1; }
+    // Throws what stands in the way. The job is then still under way, and to be taken back.
+    void Keep_Job();
+    void Roll_Back_Job() noexcept;
     void Write_Job_Ahead();
 
     // True where another connection has committed to the file since the last call. What is known of the tables is read
@@ -85,6 +85,7 @@ class Connection {
     void Set_Log(StatementLog log) { session_.Set_Log(std::move(log)); }
 
   private:
+    void Begin_Transaction(JobKind kind);
     void Forget_What_Others_Changed();
     void Note_Failure(int result, const DbError& error);
     void Lose_Job(const DbError& reason);

@@ -158,7 +158,8 @@ class Database {
     // True where another program, or another connection of this one, has committed to the file since the last call, or
     // since the file was opened. Cheap enough for every time that a window comes up.
     bool Changed_Elsewhere();
-    // Ends every recordset. A closed handle stays as an object whose operations throw DatabaseClosed.
+    // Ends every recordset, and takes a job under way back. A closed handle stays as an object whose operations throw
+    // DatabaseClosed.
     void Close();
 
     // One action statement; the rows it changed.
@@ -220,10 +221,11 @@ struct DBEngine {
     static bool Has_Room_For_Journal(const std::string& path);
 };
 
-// A long job: one transaction. It commits at the end of its block; an exception that leaves the outermost job takes the
-// file back to where it was, as a crash, a kill or a power cut does. Where what was done by then is to stay, Commit
-// comes first. Jobs inside a job join it. Roll_Back gives the whole job up; so does a failure of the disk or of the
-// memory. What the job still tries to write is then refused, so that no part of it reaches the file.
+// A long job: one transaction. Where it ends without Keep, by an exception or by a return, the file is as it was
+// before, as after a crash, a kill or a power cut. Jobs nest. An inner one that is not kept takes back its own changes
+// alone, and the outer one goes on. What an inner one keeps reaches the file with the outermost job, or not at all. A
+// failure of the disk or of the memory takes all of them back at once. What they still try to write is refused, a new
+// inner job and Keep too, so that no part of the whole reaches the file.
 class Job {
   public:
     using Kind = JobKind;
@@ -232,16 +234,15 @@ class Job {
     ~Job();
     Job(const Job&) = delete;
     Job& operator=(const Job&) = delete;
-    // Commit now and report a failure (disk full): the destructor can only swallow it.
-    void Commit();
-    // Brings what the job has written so far to the disk, still uncommitted: a disk that is full is found out before
-    // anyone is told of the change. Where somebody reads the file just now, that is left to Commit.
+    // Ends the job, and what it changed stays. Throws what stands in the way (disk full, file closed): the job can then
+    // only be taken back.
+    void Keep();
+    // Brings what the job has written so far to the disk, not yet kept: a disk that is full is found out before anyone
+    // is told of the change. Where somebody reads the file just now, that is left to Keep.
     void Write_Ahead();
-    void Roll_Back();
 
   private:
-    std::shared_ptr<db_detail::Connection> connection_;
-    int exceptions_;  // under way when the job began
+    std::shared_ptr<db_detail::Connection> connection_;  // null once kept
 };
 
 }  // namespace tallmar

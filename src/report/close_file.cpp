@@ -29,13 +29,11 @@ std::string Temporary_File() {
     return Real_Folder(openReport.CRFPath, openReport.CRFDir) + "/" + std::string(kTemporaryName);
 }
 
-// In a folder where each one removes his own files only, a link to another's file would stay for ever.
 bool May_Be_Removed(const std::string& file, const fs::path& folder) {
     struct stat own {
     }, around{};
     if (::stat(file.c_str(), &own) != 0 || ::stat(folder.c_str(), &around) != 0) return false;
-    const uid_t user = ::geteuid();
-    return (around.st_mode & S_ISVTX) == 0 || user == 0 || user == around.st_uid || user == own.st_uid;
+    return May_Remove_Name(::geteuid(), own, around);
 }
 
 // A second name for the report while it is compacted, so that its data keeps a name if somebody takes the first one
@@ -103,6 +101,10 @@ bool Same_Content(const std::string& one, const std::string& other) {
 }
 
 }  // namespace
+
+bool May_Remove_Name(uid_t user, const struct stat& file, const struct stat& folder) {
+    return (folder.st_mode & S_ISVTX) == 0 || user == 0 || user == folder.st_uid || user == file.st_uid;
+}
 
 void Drop_Temporary_File(Leftover what) {
     const std::string temporary = Temporary_File();

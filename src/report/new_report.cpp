@@ -5,7 +5,7 @@
 #include "common/platform.h"
 #include "common/text.h"
 #include "common/worksheets.h"
-#include "report/ag_option.h"
+#include "report/answers.h"
 #include "report/build_worksheet.h"
 #include "report/chart.h"
 #include "report/master.h"
@@ -94,7 +94,7 @@ bool Create_CRF(const std::string& path, const NewReportEntries& entries, const 
     if (made && Report_Is_Open()) {
         Show_New_Report([] {
             The_Platform().Notify(ReportEvent::Opened);
-            Load_AGOption();
+            Load_Answers();
         });
     } else {
         Forget_Report();

@@ -4,7 +4,7 @@
 #include "common/platform.h"
 #include "common/program.h"
 #include "common/sql_text.h"
-#include "report/ag_option.h"
+#include "report/answers.h"
 #include "report/backup.h"
 #include "report/backup_list.h"
 #include "report/chart.h"
@@ -64,7 +64,7 @@ void Tell_Rebuilt_Index() {
 // What the file says is kept while it is open.
 void Load_Values() {
     Load_HeaderLines();
-    Load_AGOption();
+    Load_Answers();
     openReport.entryAge.Report_Opened(openReport.CRFPath);
 }
 

@@ -182,7 +182,7 @@ void Upgrade_CRF() {
     Job job(db);
     Start_Msg_Log(kLogPrefix);
     Run_Steps();
-    job.Commit();
+    job.Keep();  // of a worksheet whose step failed, too: the others are up to date
     End_Msg_Log(kLogPrefix);
 }
 

@@ -12,7 +12,7 @@ void Upgrade_CRF();
 // The same for an open report that is a copy of the program's own: no file is made, and no message shown.
 void Upgrade_Copy();
 // The same for a report whose fiscal year was moved (FYStart, FYEnd), inside the job that moves it: no copy, no log.
-// Throws what a step throws; the job must then be rolled back.
+// Throws what a step throws; the job must then not be kept.
 void Follow_Fiscal_Year();
 
 }  // namespace tallmar

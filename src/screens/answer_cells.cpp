@@ -33,8 +33,8 @@ constexpr BoxText kLowOrNo{kTitle, "Please enter L or N."};
 constexpr BoxText kVoluntaryOrNot{kTitle, "Please enter V or I."};
 constexpr BoxText kStatementKind{kTitle, "Please enter A, C or R."};
 
-constexpr Date kFirstCertification{24289};  // 7/1/1966
-constexpr Date kLastDate{2958465};          // 12/31/9999
+constexpr Date kFirstCertification = Date_Of(1966, 7, 1);
+constexpr Date kLastDate = Date_Of(9999, 12, 31);
 constexpr int kControlTypes = 13;
 constexpr int kOptions = 2;
 

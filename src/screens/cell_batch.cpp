@@ -220,7 +220,7 @@ std::vector<std::optional<Refusal>> Enter_Cells(std::span<const CellText> cells,
     batch.Enter(std::span(order).first(first));
     batch.Renumber();
     batch.Enter(std::span(order).subspan(first));
-    job.Commit();
+    job.Keep();  // refused cells and all: the others are stored
     return outcomes;
 }
 

@@ -195,11 +195,11 @@ BlockOutcome Enter_Block(OpenForm& form, std::span<const BlockRow> rows) {
         BlockEntry entry(form, outcome);
         for (const BlockRow& row : rows) entry.Enter_Row(row);
         form.Follow_Changes();
-    } catch (const DbError&) {  // rows that were stored stay, and can be taken back
-        job.Commit();
+    } catch (const DbError&) {
+        job.Keep();  // rows that were stored stay, and can be taken back
         throw;
     }
-    job.Commit();
+    job.Keep();
     return outcome;
 }
 

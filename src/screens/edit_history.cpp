@@ -173,11 +173,10 @@ UndoOutcome EditHistory::Take_Step(std::vector<Step>& from, std::vector<Step>& t
         done = Take_Back(step, outcome);
     } catch (const DbError&) {
         form_.Discard_Row();
-        job.Roll_Back();
         from.push_back(step);
         throw;
     }
-    job.Commit();
+    job.Keep();
     if (done > 0) to.push_back(Reversed(step));
     outcome.text = Step_Text(step, done, word);
     return outcome;

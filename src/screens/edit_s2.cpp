@@ -2,13 +2,13 @@
 #include <array>
 
 #include "common/variant.h"
-#include "report/ag_option.h"
 #include "report/open_report.h"
 #include "screens/answer_cells.h"
 #include "screens/cell_check.h"
 #include "screens/forms.h"
 #include "screens/identity_cells.h"
 #include "screens/lock_reasons.h"
+#include "structure/ag_option.h"
 
 namespace tallmar {
 

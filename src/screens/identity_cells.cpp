@@ -7,9 +7,9 @@
 #include "common/sql_text.h"
 #include "common/variant.h"
 #include "report/backup.h"
-#include "report/edit_key.h"
 #include "report/open_report.h"
 #include "screens/cell_check.h"
+#include "structure/edit_key.h"
 
 namespace tallmar {
 
@@ -121,15 +121,21 @@ bool Store_Identity_Row(const RowPlace& place) {
         if (Is_Entered(row, kFirst)) identity.facilityName = Nz_Str(row[kFirst]);
         if (Is_Entered(row, kSecond)) identity.providerNumber = Nz_Str(row[kSecond]);
     }
-    Keep_Backup();
-    Job job(db);
-    for (const auto& [field, value] : entered) {
-        if (isIdentity(field)) continue;
-        db.Execute(Sql("UPDATE S2 SET ", field, "=", value, " WHERE LineNum = ", row.Line(), ";"));
+    const auto storeOthers = [&] {
+        for (const auto& [field, value] : entered) {
+            if (isIdentity(field)) continue;
+            db.Execute(Sql("UPDATE S2 SET ", field, "=", value, " WHERE LineNum = ", row.Line(), ";"));
+        }
+    };
+    if (identity != Present_Identity() || !Stands_On_S2(identity, row)) {
+        Store_Identity(identity, storeOthers);
+        return true;
     }
     // An entry equal to what stands is no change.
-    if (identity != Present_Identity() || !Stands_On_S2(identity, row)) Store_Identity(identity);
-    job.Commit();
+    Keep_Backup();
+    Job job(db);
+    storeOthers();
+    job.Keep();
     return true;
 }
 

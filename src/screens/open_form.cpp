@@ -296,15 +296,8 @@ bool OpenForm::Restore_Row(const DiscardedRow& discarded) {
 Currency OpenForm::Add_Row(Currency current) {
     Job job(db);
     const TableState before = Read_State(table_, form_.where);
-    Currency line;
-    try {
-        line = form_.lines.add(item_, current);
-    } catch (const DbError&) {
-        // Lines may have moved already. The job may be a paste's: what that has stored stays.
-        Put_Back(Difference(before, Read_State(table_, form_.where)));
-        throw;
-    }
-    job.Commit();
+    const Currency line = form_.lines.add(item_, current);
+    job.Keep();
     StoredChange change{.line = line, .what = Sql("line ", Line_Text(line), " added")};
     change.rows = Difference(before, Read_State(table_, form_.where));
     Note_Rows(*change.rows);
@@ -317,13 +310,8 @@ bool OpenForm::Remove_Row(Currency line, const EntryTalk& talk) {
     Job job(db);
     const TableState before = Read_State(table_, form_.where);
     const std::vector<TableState> sides = Read_Sides(form_.rows.sides, line);
-    try {
-        form_.lines.remove(item_, line);
-    } catch (const DbError&) {
-        job.Roll_Back();
-        throw;
-    }
-    job.Commit();
+    form_.lines.remove(item_, line);
+    job.Keep();
     StoredChange change{.line = line, .what = Sql("line ", Line_Text(line), " removed")};
     change.rows = Difference(before, Read_State(table_, form_.where));
     // A line of the form's own stays.

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "report/edit_key.h"
 #include "screens/view/worksheet_form.h"
+#include "structure/edit_key.h"
 
 class QMdiSubWindow;
 

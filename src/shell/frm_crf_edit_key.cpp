@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "common/platform.h"
-#include "report/edit_key.h"
 #include "shell/entry_fields.h"
+#include "structure/edit_key.h"
 
 namespace tallmar {
 

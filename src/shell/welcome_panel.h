@@ -15,8 +15,6 @@ class WelcomePanel : public QWidget {
   public:
     explicit WelcomePanel(QWidget* parent = nullptr);
 
-    QGroupBox& Frame() const { return *fraWelcome_; }
-
   signals:
     void New_Requested();
     void Open_Requested();

@@ -1,6 +1,7 @@
 // Statements with every name resolved and every expression typed: what the binder makes and the generator writes.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>

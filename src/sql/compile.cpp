@@ -1,4 +1,5 @@
 #include "common/db_error.h"
+#include "common/text.h"
 #include "sql/binder.h"
 #include "sql/generator.h"
 #include "sql/lexer.h"

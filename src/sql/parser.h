@@ -1,6 +1,7 @@
 // Statement text to syntax tree.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "sql/tree.h"

@@ -4,6 +4,7 @@
 // ready; otherwise parse -> bind -> generate make the plan. Executing a plan binds the literals and steps.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -1,6 +1,7 @@
 // Bound expressions and tables as SQLite text, parameters and all.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 

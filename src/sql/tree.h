@@ -1,6 +1,7 @@
 // The syntax tree of a statement. Places are byte offsets in the statement's text; they take no part in comparison.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>

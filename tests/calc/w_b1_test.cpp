@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "calc/stat_columns.h"
 #include "common/platform.h"
 #include "db/replay.h"
 #include "report/open_report.h"

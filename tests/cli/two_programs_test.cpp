@@ -54,7 +54,7 @@ class OtherProgram {
             if (write(tells, &byte, 1) != 1) return 2;
             while (read(told, &byte, 1) > 0) {
             }
-            job.Commit();
+            job.Keep();
             return 0;
         } catch (const std::exception&) {
             return 1;

@@ -14,7 +14,7 @@ namespace {
 class ExecuteTest : public DbTest {
   protected:
     void SetUp() override {
-        const Job job(db);
+        Job job(db);
         Make_Table(db, "A",
                    {{"LineNum", FieldType::Currency}, {"Col_1", FieldType::Currency}, {"t", FieldType::Text, 5}});
         Run("CREATE UNIQUE INDEX ndx ON A (LineNum) WITH DISALLOW NULL");
@@ -22,6 +22,7 @@ class ExecuteTest : public DbTest {
             Run("INSERT INTO A (LineNum, Col_1, t) VALUES " + std::string(values));
         }
         Make_Table(db, "B", {{"LineNum", FieldType::Currency}, {"Add", FieldType::Currency}});
+        job.Keep();
     }
 };
 

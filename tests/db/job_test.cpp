@@ -28,14 +28,29 @@ class JobTest : public DbTest {
     }
 };
 
-TEST_F(JobTest, AJobReachesTheFileWhenItEnds) {
-    {
-        Job job(db);
-        Run("INSERT INTO A (x) VALUES (2)");
-        EXPECT_EQ(Content(), "1;2;");
-        EXPECT_EQ(In_The_File(), "1;");
-    }
+TEST_F(JobTest, AJobReachesTheFileWhenItIsKept) {
+    Job job(db);
+    Run("INSERT INTO A (x) VALUES (2)");
+    EXPECT_EQ(Content(), "1;2;");
+    EXPECT_EQ(In_The_File(), "1;");
+    job.Keep();
     EXPECT_EQ(In_The_File(), "1;2;");
+    job.Keep();  // once is enough
+    Run("INSERT INTO A (x) VALUES (3)");
+    EXPECT_EQ(In_The_File(), "1;2;3;");
+}
+
+TEST_F(JobTest, AJobNotKeptLeavesNothing) {
+    {
+        const Job job(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        Make_Table(db, "B", {{"x", FieldType::Long}});
+    }
+    EXPECT_EQ(Content(), "1;");
+    EXPECT_FALSE(db.TableDefs().Has("B"));
+    EXPECT_EQ(In_The_File(), "1;");
+    Run("INSERT INTO A (x) VALUES (3)");
+    EXPECT_EQ(In_The_File(), "1;3;");
 }
 
 TEST_F(JobTest, AJobThatAnExceptionEndsIsTakenBack) {
@@ -51,76 +66,89 @@ TEST_F(JobTest, AJobThatAnExceptionEndsIsTakenBack) {
     EXPECT_EQ(In_The_File(), "1;3;");
 }
 
-TEST_F(JobTest, AnInnerJobLeavesAnExceptionToTheOuterOne) {
-    {
-        Job outer(db);
-        try {
-            Job inner(db);
-            Run("INSERT INTO A (x) VALUES (2)");
-            Run("UPDATE Nowhere SET x = 1");
-            FAIL();
-        } catch (const DbError&) {
-        }
-        Run("INSERT INTO A (x) VALUES (3)");
-    }
-    EXPECT_EQ(In_The_File(), "1;2;3;");
-}
-
-TEST_F(JobTest, WhatIsCommittedBeforeAnExceptionStays) {
+TEST_F(JobTest, WhatIsKeptBeforeAnExceptionStays) {
     try {
         Job job(db);
         Run("INSERT INTO A (x) VALUES (2)");
-        job.Commit();
+        job.Keep();
         throw std::bad_alloc();
     } catch (const std::bad_alloc&) {
     }
     EXPECT_EQ(In_The_File(), "1;2;");
 }
 
-TEST_F(JobTest, AJobWithinAJobJoinsIt) {
+TEST_F(JobTest, WhatAnInnerJobKeepsReachesTheFileWithTheOuterOne) {
     Job outer(db);
     {
         Job inner(db);
         Run("INSERT INTO A (x) VALUES (2)");
-        inner.Commit();
+        inner.Keep();
     }
     EXPECT_EQ(In_The_File(), "1;");
-    outer.Commit();
+    outer.Keep();
     EXPECT_EQ(In_The_File(), "1;2;");
 }
 
-TEST_F(JobTest, AJobRolledBackLeavesNothing) {
+TEST_F(JobTest, AnInnerJobKeptGoesWithAnOuterOneThatIsNot) {
     {
-        Job job(db);
+        const Job outer(db);
+        Job inner(db);
         Run("INSERT INTO A (x) VALUES (2)");
-        Make_Table(db, "B", {{"x", FieldType::Long}});
-        job.Roll_Back();
-        EXPECT_EQ(Content(), "1;");
+        inner.Keep();
     }
-    EXPECT_FALSE(db.TableDefs().Has("B"));
+    EXPECT_EQ(Content(), "1;");
     EXPECT_EQ(In_The_File(), "1;");
+}
+
+TEST_F(JobTest, AnInnerJobNotKeptTakesItsOwnChangesBackAlone) {
+    Job outer(db);
+    Run("INSERT INTO A (x) VALUES (2)");
+    {
+        const Job inner(db);
+        Run("INSERT INTO A (x) VALUES (3)");
+        Make_Table(db, "B", {{"x", FieldType::Long}});
+        Job innermost(db);
+        Run("INSERT INTO A (x) VALUES (4)");
+        innermost.Keep();
+    }
+    EXPECT_EQ(Content(), "1;2;");
+    EXPECT_FALSE(db.TableDefs().Has("B"));
+    Run("INSERT INTO A (x) VALUES (5)");
+    outer.Keep();
+    EXPECT_EQ(In_The_File(), "1;2;5;");
+}
+
+TEST_F(JobTest, AnExceptionOfAnInnerJobTakesBackThatJobAlone) {
+    Job outer(db);
+    try {
+        const Job inner(db);
+        Run("INSERT INTO A (x) VALUES (2)");
+        Run("UPDATE Nowhere SET x = 1");
+        FAIL();
+    } catch (const DbError&) {
+    }
     Run("INSERT INTO A (x) VALUES (3)");
+    outer.Keep();
     EXPECT_EQ(In_The_File(), "1;3;");
 }
 
-TEST_F(JobTest, AnInnerJobRolledBackGivesTheWholeJobUp) {
+// A recordset that was opened before goes on behind an inner job that is not kept.
+TEST_F(JobTest, ARecordsetOutlivesAnInnerJobThatIsNotKept) {
+    Run("INSERT INTO A (x) VALUES (2)");
+    Job outer(db);
+    Recordset rows = db.OpenRecordset("SELECT * FROM A ORDER BY x");
     {
-        Job outer(db);
-        Run("INSERT INTO A (x) VALUES (2)");
-        {
-            Job inner(db);
-            Run("INSERT INTO A (x) VALUES (3)");
-            inner.Roll_Back();
-        }
-        EXPECT_EQ(Content(), "1;");
-        EXPECT_EQ(Code_Of([&] { Run("INSERT INTO A (x) VALUES (4)"); }), DbErrorCode::InvalidOperation);
-        EXPECT_EQ(Code_Of([&] { outer.Commit(); }), DbErrorCode::InvalidOperation);
+        const Job inner(db);
+        Run("UPDATE A SET x = x + 10");
     }
-    EXPECT_EQ(In_The_File(), "1;");
-    Job next(db);
-    Run("INSERT INTO A (x) VALUES (5)");
-    next.Commit();
-    EXPECT_EQ(In_The_File(), "1;5;");
+    EXPECT_EQ(rows["x"], Value(1));
+    rows.MoveNext();
+    EXPECT_EQ(rows["x"], Value(2));
+    rows.Edit();
+    rows.Fields("x").Set(Value(3));
+    rows.Update();
+    outer.Keep();
+    EXPECT_EQ(In_The_File(), "1;3;");
 }
 
 TEST_F(JobTest, ATableMadeInAJobIsKnownToItsNextStatement) {
@@ -138,17 +166,16 @@ TEST_F(JobTest, AStatementThatFailsWithinAJobChangesNothing) {
     Run("INSERT INTO A (x) VALUES (2)");
     EXPECT_EQ(Code_Of([&] { Run("UPDATE A SET x = 9"); }), DbErrorCode::DuplicateKey);
     EXPECT_EQ(Content(), "1;2;");
-    job.Commit();
+    job.Keep();
     EXPECT_EQ(In_The_File(), "1;2;");
 }
 
-TEST_F(JobTest, AFileClosedWithinAJobKeepsWhatTheJobDid) {
-    {
-        Job job(db);
-        Run("INSERT INTO A (x) VALUES (2)");
-        db.Close();
-    }
-    EXPECT_EQ(In_The_File(), "1;2;");
+TEST_F(JobTest, AFileClosedWithinAJobIsAsItWasBefore) {
+    Job job(db);
+    Run("INSERT INTO A (x) VALUES (2)");
+    db.Close();
+    EXPECT_EQ(Code_Of([&] { job.Keep(); }), DbErrorCode::DatabaseClosed);
+    EXPECT_EQ(In_The_File(), "1;");
 }
 
 TEST_F(JobTest, AClosedFileHasNoJobs) {
@@ -188,7 +215,7 @@ TEST_F(JobTest, AJobKeepsItsLockThoughTheFileIsOpenedOnceMore) {
     EXPECT_TRUE(Is_Locked(path));
     EXPECT_EQ(In_The_File(), "1;");
     EXPECT_TRUE(Is_Locked(path));
-    job.Commit();
+    job.Keep();
     EXPECT_FALSE(Is_Locked(path));
 }
 
@@ -204,11 +231,12 @@ TEST_F(JobTest, KilledAtAnyMomentTheFileHoldsWholeJobs) {
             try {
                 Database mine = DBEngine::OpenDatabase(path);
                 while (true) {
-                    const Job job(mine);
+                    Job job(mine);
                     mine.Execute("UPDATE A SET x = x + 1");
                     mine.Execute("SELECT * INTO C FROM A");
                     mine.Execute("UPDATE B SET x = x + 1");
                     mine.Execute("DROP TABLE C");
+                    job.Keep();
                 }
             } catch (...) {
             }

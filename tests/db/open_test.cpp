@@ -32,7 +32,7 @@ class OpenTest : public DbTest {
             const std::string line = std::to_string(i);
             Run("INSERT INTO A VALUES (" + line + ", 'line " + line + "', " + line + ".5, #10/1/2015 8:05:00#)");
         }
-        job.Commit();
+        job.Keep();
         dump = Dump(db);
         db.Close();
         bytes = Bytes_Of(path);

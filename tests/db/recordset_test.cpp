@@ -10,7 +10,7 @@ namespace {
 class RecordsetTest : public DbTest {
   protected:
     void SetUp() override {
-        const Job job(db);
+        Job job(db);
         Make_Table(db, "A",
                    {{"LineNum", FieldType::Currency},
                     {"Label", FieldType::Text, 10},
@@ -23,6 +23,7 @@ class RecordsetTest : public DbTest {
         Run("INSERT INTO A (LineNum, Label, Col_1) VALUES (1, 'one', 10)");
         Run("INSERT INTO A (LineNum, Label, Col_1) VALUES (2.5, 'half', 25)");
         Run("INSERT INTO A (LineNum, Label, Col_1) VALUES (5, 'five', 10)");
+        job.Keep();
     }
     static std::string Label(const Recordset& rs) { return rs["Label"].To_Text(); }
     std::string Labels() { return Rows(db, "SELECT Label FROM A"); }

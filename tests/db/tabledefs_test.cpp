@@ -9,10 +9,11 @@ namespace {
 class TableDefsTest : public DbTest {
   protected:
     void SetUp() override {
-        const Job job(db);
+        Job job(db);
         Make_Table(db, "A", {{"LineNum", FieldType::Currency}, {"Label", FieldType::Text, 40}});
         Run("CREATE UNIQUE INDEX ndx ON A (LineNum)");
         Run("INSERT INTO A (LineNum, Label) VALUES (5.01, 'first')");
+        job.Keep();
     }
 };
 

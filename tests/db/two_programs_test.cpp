@@ -34,12 +34,13 @@ class TwoProgramsTest : public DbTest {
 TEST_F(TwoProgramsTest, AJobForReadingSeesOneState) {
     const ShortWait wait;
     Database other = DBEngine::OpenDatabase(path);
-    Job reading(db, Job::Kind::Reading);
-    EXPECT_EQ(Rows(db, "A"), "1;");
-    // The other one may prepare its change, and is told that it has to wait.
-    EXPECT_EQ(Code_Of([&] { other.Execute("UPDATE A SET x = 2"); }), DbErrorCode::Locked);
-    EXPECT_EQ(Rows(db, "A"), "1;");
-    reading.Commit();
+    {
+        const Job reading(db, Job::Kind::Reading);
+        EXPECT_EQ(Rows(db, "A"), "1;");
+        // The other one may prepare its change, and is told that it has to wait.
+        EXPECT_EQ(Code_Of([&] { other.Execute("UPDATE A SET x = 2"); }), DbErrorCode::Locked);
+        EXPECT_EQ(Rows(db, "A"), "1;");
+    }
     other.Execute("UPDATE A SET x = 2");
     EXPECT_EQ(Rows(db, "A"), "2;");
 }
@@ -57,7 +58,7 @@ TEST_F(TwoProgramsTest, AChangeWaitsForTheOtherToBeDone) {
         other.Execute("UPDATE A SET x = x + 10");
         const bool told = ::write(ready[1], "r", 1) == 1;
         ::usleep(50'000);
-        job.Commit();
+        job.Keep();
         ::_exit(told ? 0 : 1);
     }
     char byte = 0;
@@ -102,7 +103,7 @@ TEST_F(TwoProgramsTest, ACopyHoldsTheStateBeforeTheJobUnderWay) {
     int status = -1;
     ::waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    job.Commit();
+    job.Keep();
     EXPECT_EQ(In_The_File(copy), "1;");
     EXPECT_EQ(In_The_File(path), "2;");
 }
@@ -117,7 +118,7 @@ TEST_F(TwoProgramsTest, AFileWithAJobUnderWayIsNotReplaced) {
     EXPECT_EQ(Code_Of([&] { DBEngine::CompactDatabase(path, path); }), DbErrorCode::Locked);
     Database created = DBEngine::CreateDatabase(path, "");
     EXPECT_EQ(Code_Of([&] { DBEngine::Finish_Creation(created); }), DbErrorCode::Locked);
-    job.Commit();
+    job.Keep();
     EXPECT_EQ(In_The_File(path), "2;");
 }
 
@@ -144,7 +145,7 @@ TEST_F(TwoProgramsTest, AReportWithNewContentIsSeenByWhoHasItOpen) {
     Job job(db);
     EXPECT_EQ(Rows(db, "A"), "new|2.5;");
     Run("INSERT INTO A (y) VALUES ('newer')");
-    job.Commit();
+    job.Keep();
     EXPECT_EQ(Rows(other, "SELECT y FROM A"), "new;newer;");
 }
 
@@ -276,7 +277,7 @@ TEST_F(TwoProgramsTest, AChangeUnderWayIsToldWhenItIsDone) {
         Job job(other);
         other.Execute("UPDATE A SET x = 2");
         EXPECT_FALSE(db.Changed_Elsewhere());
-        job.Commit();
+        job.Keep();
     }
     EXPECT_TRUE(db.Changed_Elsewhere());
     db.Close();

@@ -290,6 +290,7 @@ int Run_File(const Regime& regime, const std::string& file, const std::string& f
         std::cout << "  in: " << block.Statement() << "\n";
         ++failures;
     }
+    if (run.job) run.job->Keep();
     std::cout << blocks.size() << " blocks, " << failures << " failed\n";
     return blocks.empty() || failures > 0 ? 1 : 0;
 }

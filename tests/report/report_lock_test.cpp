@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "catalogue.h"
-#include "report/edit_key.h"
+#include "structure/edit_key.h"
 #include "support/other_window.h"
 #include "support/report_test.h"
 

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <functional>
 #include <utility>
@@ -46,7 +47,6 @@ TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
     openReport.ProviderName = openReport.ProviderNumber = openReport.FormNum = "";
     openReport.FYStart = openReport.FYEnd = Date{};
     openReport.HeaderLine1 = "old";
-    openReport.AGOption = 2;
     ASSERT_TRUE(Report_Open(report));
     EXPECT_EQ(openReport.FormNum, "1728");
     EXPECT_EQ(openReport.ProviderNumber, "14-7100");
@@ -54,9 +54,27 @@ TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
     EXPECT_EQ(openReport.FYStart, Date_Of(2015, 10, 1));
     EXPECT_EQ(openReport.FYEnd, Date_Of(2016, 9, 30));
     EXPECT_EQ(openReport.HeaderLine1, "");
-    EXPECT_EQ(openReport.AGOption, 0);
     EXPECT_EQ(openReport.CRFTitle, "Agency.CRF");
     EXPECT_EQ(openReport.CRFDir, folder.Path());
+}
+
+TEST_F(StoreTest, EachFamilyLoadsItsAnswersWhenAReportIsOpened) {
+    static int loads = 0;
+    static constexpr std::array kFamilies{
+        WorksheetFamily{.items = "S2",
+                        .level = 0,
+                        .years = Years::Always,
+                        .inNewReport = true,
+                        .build = nullptr,
+                        .load = [] { ++loads; }},
+        WorksheetFamily{.items = "A", .level = 0, .years = Years::Always, .inNewReport = true, .build = nullptr}};
+    Install_Catalogue(kFamilies);
+    loads = 0;
+    New_Report();
+    EXPECT_EQ(loads, 1) << "a new report is open, too";
+    Report_Release();
+    ASSERT_TRUE(Report_Open(report));
+    EXPECT_EQ(loads, 2);
 }
 
 TEST_F(StoreTest, WindowHearsOfTheOpening) {
@@ -455,32 +473,6 @@ TEST_F(StoreTest, AnotherFileThatTookTheReportsNameTakesNothingElse) {
     EXPECT_TRUE(Report_Close());
     EXPECT_EQ(Bytes(report), "somebody's");
     EXPECT_TRUE(Bytes(folder.File("QVRTemp.CRF")) == before);
-}
-
-TEST_F(StoreTest, NoSecondNameIsMadeThatCouldNotBeRemoved) {
-    if (::geteuid() != 0) GTEST_SKIP() << "another person's file needs the administrator";
-    constexpr uid_t kOther = 65534, kUser = 65533;
-    New_Report();
-    Report_Release();
-    fs::permissions(folder.Path(), fs::perms::all | fs::perms::sticky_bit);
-    fs::permissions(report, fs::perms::all);
-    ASSERT_EQ(::chown(folder.Path().c_str(), kOther, kOther), 0);
-    ASSERT_EQ(::chown(report.c_str(), kOther, kOther), 0);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        if (::setuid(kUser) != 0) _exit(4);
-        bool wasThere = false;
-        platform.onEvents = [&] { wasThere = wasThere || fs::exists(folder.File("QVRTemp.CRF")); };
-        std::string trouble;
-        const bool closed = Report_Open(report) && Report_Close(trouble);
-        _exit(!closed ? 2 : wasThere ? 3 : trouble.empty() ? 0 : 5);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_EQ(Files(), std::vector<std::string>{"Agency.CRF"});
 }
 
 TEST_F(StoreTest, TemporaryFileStaysWhileTheReportDoesNotOpen) {

@@ -2,12 +2,12 @@
 #include "report/entry_age.h"
 
 #include "calc/driver.h"
-#include "report/edit_key.h"
 #include "report/open_report.h"
 #include "screens/cell_block.h"
 #include "screens/edit_history.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
+#include "structure/edit_key.h"
 
 namespace tallmar {
 

@@ -2,11 +2,14 @@
 #include <filesystem>
 
 #include "report/open_report.h"
+#include "report/paths.h"
 #include "report/registry.h"
+#include "report/store.h"
 #include "screens/cell_block.h"
 #include "screens/edit_history.h"
 #include "screens/entry_test.h"
 #include "screens/forms.h"
+#include "support/short_wait.h"
 
 namespace tallmar {
 
@@ -66,6 +69,24 @@ TEST(EnterIdentity, AFacilityNameHasEightToThirtySixCharacters) {
     EXPECT_EQ(Answer_To("S2", "2", "1", " The \"New\" Harbor "), kStored);
     EXPECT_CELL("S2", 2, 1, "The \"New\" Harbor");
     Expect_Identity(r, kNumber, "The \"New\" Harbor", fy2016);
+}
+
+// Somebody reads the file when the row is left.
+TEST(EnterIdentity, AChangeThatTheFileDoesNotTakeLeavesTheIdentityAsItWas) {
+    const ShortWait wait;
+    Report r(fy2016);
+    ASSERT_TRUE(Finish_CRF());
+    Database other = DBEngine::OpenDatabase(Native_Path(openReport.CRFPath));
+    OpenForm form(kEditS2, "S2");
+    ASSERT_TRUE(form.Go_To(2_cur));
+    ASSERT_TRUE(form.Enter(*form.Find_Column("2"), "157200").stored);
+    {
+        const Job reading(other, Job::Kind::Reading);
+        EXPECT_FALSE(form.Leave_Row().stored);
+    }
+    Expect_Identity(r, kNumber, kName, fy2016);
+    EXPECT_TRUE(form.Leave_Row().stored);
+    Expect_Identity(r, "15-7200", kName, fy2016);
 }
 
 TEST(EnterIdentity, TheCertificationDateBesideThemIsAnAnswerLikeAnyOther) {

@@ -8,7 +8,7 @@
 #include "catalogue.h"
 #include "common/sql_text.h"
 #include "common/variant.h"
-#include "report/ag_option.h"
+#include "report/answers.h"
 #include "report/build_worksheet.h"
 #include "report/message_log.h"
 #include "report/new_report.h"
@@ -79,7 +79,7 @@ Report::Report(const FiscalYear& year) {
     Take_Path(folder_.File("report.CRF"));
     if (!CreateCRF()) throw std::runtime_error("no report was made");
     Assemble_CRF(Sample_Entries(), year);
-    Load_AGOption();
+    Load_Answers();
     End_Msg_Log("NewCRF");
     if (!platform.batches.empty())
         ADD_FAILURE() << "the new report has messages:" << Listed(Messages_Since(platform, 0));

@@ -54,7 +54,6 @@ class WorksheetForm : public QWidget {
     void Open_Requested(tallmar::FormMode mode, const QString& item);
     // cmdRecalculate. An edit form has stored its row; it then asks for its view.
     void Recalculate_Requested();
-    void Print_Requested();
     // A search of all worksheets has its next hit in another form.
     void Found_Elsewhere(const tallmar::FoundCell& cell, const QString& text, tallmar::FormMode mode);
     // The first change of a cell since the form opened or its rows were stored: an open view is stale.

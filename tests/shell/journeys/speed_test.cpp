@@ -56,7 +56,7 @@ void Use_Wide_Chart() {
                 Sql("UPDATE B1 SET CC_", static_cast<int>(column.Scaled() / 100), " = 10 WHERE LineNum = ", line, ";"));
         }
     }
-    job.Commit();
+    job.Keep();
 }
 
 // The longest time in which the window neither painted nor answered.

@@ -1,4 +1,4 @@
-#include "report/edit_key.h"
+#include "structure/edit_key.h"
 
 #include "support/report_test.h"
 

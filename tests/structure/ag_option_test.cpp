@@ -1,6 +1,8 @@
-#include "report/ag_option.h"
+#include "structure/ag_option.h"
 
+#include "calc/w_s2.h"
 #include "report/chart.h"
+#include "structure/cc_group.h"
 #include "support/report_test.h"
 
 namespace tallmar {
@@ -124,6 +126,13 @@ TEST_F(AgOptionTest, KilledWorksheetIsLeftAlone) {
     Edit_Worksheets("A1", "Kill");
     SplitAG();
     EXPECT_EQ(Column("SELECT LineNum FROM A1;"), "5");
+}
+
+TEST_F(AgOptionTest, WhatWasExchangedBeforeAnErrorStaysExchanged) {
+    db.TableDefs().Delete("B1");
+    EXPECT_THROW(SplitAG(), DbError);
+    EXPECT_EQ(Column("SELECT LineNum FROM A ORDER BY LineNum;"), "5.01 6");
+    EXPECT_EQ(Column("SELECT LineNum FROM CostCenters WHERE Int(LineNum)=5;"), "5");
 }
 
 TEST_F(AgOptionTest, Option1MakesLine5A501) {

@@ -1,6 +1,7 @@
 // The identity of an open report changed: provider number, fiscal year and name, in Master and on S-2.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "common/platform.h"
@@ -19,8 +20,8 @@ struct Identity {
 };
 Identity Present_Identity();
 // Writes Master and S-2, and brings the worksheets to the fiscal year, in one step of the file and after a backup.
-// Requires that the identity was checked. Throws DbError; nothing has changed then.
-void Store_Identity(const Identity& identity);
+// `first` is part of that step. Requires that the identity was checked. Throws DbError; nothing has changed then.
+void Store_Identity(const Identity& identity, const std::function<void()>& first = {});
 
 // What is asked before the start of the fiscal year moves: which worksheets come and which go with their data. Empty:
 // none does.

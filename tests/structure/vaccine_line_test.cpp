@@ -1,5 +1,5 @@
 // Line 13.2 of a report whose fiscal year came to have it after the report was built.
-#include "calc/vaccine_line.h"
+#include "structure/vaccine_line.h"
 
 #include <map>
 

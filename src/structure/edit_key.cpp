@@ -1,4 +1,4 @@
-#include "report/edit_key.h"
+#include "structure/edit_key.h"
 
 #include "common/format.h"
 #include "common/platform.h"
@@ -64,18 +64,18 @@ std::string Change_Of_Year_Question(Date start) {
                "; no longer used: ", move.removed.empty() ? kNone : move.removed, ".  Do you wish to continue?");
 }
 
-void Store_Identity(const Identity& identity) {
+void Store_Identity(const Identity& identity, const std::function<void()>& first) {
     Keep_Backup();
     const Identity before = Present_Identity();
     Job job(db);
     try {
+        if (first) first();
         Write_Identity(identity);
         Take_Identity(identity);
         Follow_Fiscal_Year();
-        job.Commit();
+        job.Keep();
     } catch (...) {
         Take_Identity(before);
-        job.Roll_Back();
         throw;
     }
     openReport.FormNum = "1728";

@@ -8,7 +8,7 @@ namespace tallmar {
 
 // Of A, B1 and Cp3. True, too, where the fiscal year or the chart does not have the line.
 bool Has_Vaccine_Line(const Item& item);
-// Requires that it does not. Throws DbError.
+// Requires that it does not, and that the chart has the line. Throws DbError.
 void Add_Vaccine_Line(const Item& item);
 
 }  // namespace tallmar

@@ -1,13 +1,14 @@
-#include "calc/vaccine_line.h"
+#include "structure/vaccine_line.h"
 
 #include <array>
 #include <stdexcept>
 
-#include "calc/w_b1.h"
+#include "calc/stat_columns.h"
 #include "calc/w_c.h"
 #include "calc/worksheet.h"
 #include "common/dates.h"
 #include "common/sql_text.h"
+#include "structure/line_references.h"
 
 namespace tallmar {
 
@@ -33,32 +34,32 @@ void Add_To_Cp3() {
 }
 
 struct VaccineRow {
-    std::string_view item;
-    Currency line;
+    std::string_view table;
     void (*add)();
 };
 constexpr std::array kRows{
-    VaccineRow{"A", 13.2_cur, Add_To_A},
-    VaccineRow{"B1", 13.2_cur, Add_To_B1},
-    VaccineRow{"Cp3", 16.2_cur, Add_To_Cp3},
+    VaccineRow{"A", Add_To_A},
+    VaccineRow{"B1", Add_To_B1},
+    VaccineRow{"Cp3", Add_To_Cp3},
 };
 
 const VaccineRow& Row_Of(const Item& item) {
     for (const VaccineRow& row : kRows) {
-        if (row.item == item.Name()) return row;
+        if (row.table == item.Name()) return row;
     }
     throw std::invalid_argument("no vaccine line: " + item.Name());
 }
 
-bool Has_Line(std::string_view table, Currency line) {
-    return static_cast<bool>(db.Read_Row(Sql("SELECT LineNum FROM ", table, " WHERE LineNum = ", line, ";")));
+bool Any_Row(std::string_view table, std::string_view where) {
+    return static_cast<bool>(db.Read_Row(Sql("SELECT LineNum FROM ", table, " WHERE ", where, ";")));
 }
 
 }  // namespace
 
 bool Has_Vaccine_Line(const Item& item) {
-    return openReport.FYEnd < kVaccineLineFrom || !Has_Line("CostCenters", 13.2_cur) ||
-           Has_Line(item.Name(), Row_Of(item).line);
+    if (openReport.FYEnd < kVaccineLineFrom || !Any_Row("CostCenters", "LineNum = 13.2")) return true;
+    const std::string_view table = Row_Of(item).table;
+    return Any_Row(table, Where_Names(*Row_Reference(table), 13.2_cur));
 }
 
 void Add_Vaccine_Line(const Item& item) {
