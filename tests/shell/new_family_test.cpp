@@ -8,6 +8,7 @@
 #include "catalogue.h"
 #include "screens/cell_batch.h"
 #include "screens/dispatch.h"
+#include "screens/total_rows.h"
 #include "shell/menu_tree.h"
 #include "support/report_test.h"
 
@@ -17,7 +18,8 @@ namespace {
 
 // The module.
 constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 40}, Column{"Col_1"}};
-constexpr std::array<FixedRow, 3> kRows{{{1_cur, "Gifts", "0"}, {2_cur, "Grants", "0"}, {3_cur, "Sum", "0"}}};
+constexpr std::array<FixedRow, 3> kRows{
+    {{1_cur, "Gifts", "0"}, {2_cur, "Grants", "0"}, {3_cur, "Sum", "0", LineKind::Total}}};
 constexpr std::array<std::string_view, 1> kTotals{"Col_1"};
 
 void Build_Z(const Item& item) {
@@ -33,7 +35,7 @@ constexpr FormDescription kEditZ{.name = "frmEditZ", .where = "LineNum < 3", .co
 constexpr FormDescription kViewZ{.name = "frmViewZ", .columns = kFormColumns, .readOnly = true};
 
 // The two rows.
-constexpr WorksheetFamily kFacts{"Zp1", 12, Years::Always, true, Build_Z, Calc_Z};
+constexpr WorksheetFamily kFacts{"Zp1", 12, Years::Always, true, Build_Z, Calc_Z, kRows};
 constexpr WorksheetForms kForms{"Zp1", &kEditZ, &kViewZ, "Gifts and Grants"};
 
 class NewFamilyTest : public ReportTest {
@@ -73,6 +75,10 @@ TEST_F(NewFamilyTest, ItsFormsAreOpenedAndWalkedTo) {
     EXPECT_EQ(Form_To_Open(FormMode::View, "Zp1"), &kViewZ);
     EXPECT_EQ(Next_Worksheet("Edit Worksheet S3p4", Direction::Next), "Zp1");
     EXPECT_EQ(Next_Worksheet("View Worksheet Zp1", Direction::Previous), "S3p4");
+}
+
+TEST_F(NewFamilyTest, ItsTotalIsSetApart) {
+    EXPECT_EQ(Total_Rows("Zp1", FormRows(kViewZ, "Zp1")), (std::vector<bool>{false, false, true}));
 }
 
 TEST_F(NewFamilyTest, IsInBothMenus) {
