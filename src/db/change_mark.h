@@ -16,7 +16,8 @@ struct ChangeMark {
     bool operator==(const ChangeMark&) const = default;
 };
 
-// While two marks are equal every row is as it was. Throws DbError as reading a row does.
+// While two marks are equal every row is as it was, but one that was read inside a job that was then taken back. Throws
+// DbError as reading a row does.
 ChangeMark Change_Mark(const Database& database);
 
 }  // namespace tallmar

@@ -113,6 +113,8 @@ class EditGrid : public GridView {
 
     void Close_Editor();
     void Leave_By(int key, Qt::KeyboardModifiers modifiers);
+    struct CellKey;
+    const CellKey* Find_Key(const QKeyEvent& event) const;
     bool Type_Key(QKeyEvent* event);
     bool Editor_Key(QKeyEvent& event);
     // From entry to entry: down or up the column, or along the row and on to the next.

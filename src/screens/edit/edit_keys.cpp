@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "report/open_report.h"
@@ -104,6 +106,35 @@ bool EditGrid::Editor_Key(QKeyEvent& event) {
     return opens;
 }
 
+// A key on a cell, with all of `with` held and none of `without`.
+struct EditGrid::CellKey {
+    Qt::Key key;
+    Qt::KeyboardModifiers with, without;
+    void (*does)(EditGrid& grd, bool shift);
+};
+
+const EditGrid::CellKey* EditGrid::Find_Key(const QKeyEvent& event) const {
+    constexpr auto kAny = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
+    static constexpr CellKey kKeys[] = {
+        {Qt::Key_F2, {}, {}, [](EditGrid& grd, bool) { grd.Edit_Cell(); }},
+        {Qt::Key_Backspace, {}, {}, [](EditGrid& grd, bool) { grd.Edit_Cell(""); }},
+        {Qt::Key_Delete, {}, {}, [](EditGrid& grd, bool) { grd.Clear_Cells(); }},
+        {Qt::Key_Return, {}, {}, [](EditGrid& grd, bool shift) { grd.Enter(shift); }},
+        {Qt::Key_Enter, {}, {}, [](EditGrid& grd, bool shift) { grd.Enter(shift); }},
+        {Qt::Key_Tab, {}, Qt::ControlModifier, [](EditGrid& grd, bool shift) { grd.Tab(shift); }},
+        {Qt::Key_Backtab, {}, Qt::ControlModifier, [](EditGrid& grd, bool) { grd.Tab(true); }},
+        {Qt::Key_Down, Qt::AltModifier, {}, [](EditGrid& grd, bool) { grd.Open_Choices(); }},
+        {Qt::Key_F4, {}, kAny, [](EditGrid& grd, bool) { grd.Open_Choices(); }},
+        {Qt::Key_Escape, {}, {}, [](EditGrid& grd, bool) { grd.Discard_Row(); }},
+    };
+    if (event.key() == Qt::Key_Escape && !Entries().Form().Has_Entries()) return nullptr;
+    const auto found = std::ranges::find_if(kKeys, [&](const CellKey& row) {
+        const Qt::KeyboardModifiers held = event.modifiers();
+        return event.key() == row.key && (held & row.with) == row.with && (held & row.without) == Qt::NoModifier;
+    });
+    return found == std::end(kKeys) ? nullptr : found;
+}
+
 void EditGrid::keyPressEvent(QKeyEvent* event) {
     event->accept();
     if (model() == nullptr || asking_) return;
@@ -116,42 +147,14 @@ void EditGrid::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste)) return Paste();
     if (event->matches(QKeySequence::Undo)) return Undo();
     if (event->matches(QKeySequence::Redo)) return Redo();
-    const bool shift = (event->modifiers() & Qt::ShiftModifier) != 0;
-    const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
-    const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
-    if (currentIndex().isValid()) {
-        switch (event->key()) {
-            case Qt::Key_F2:
-                return Edit_Cell();
-            case Qt::Key_Backspace:
-                return Edit_Cell("");
-            case Qt::Key_Delete:
-                return Clear_Cells();
-            case Qt::Key_Return:
-            case Qt::Key_Enter:
-                addOffered_ = offered;
-                return Enter(shift);
-            case Qt::Key_Tab:
-                if (control) break;
-                return Tab(shift);
-            case Qt::Key_Backtab:
-                if (control) break;
-                return Tab(true);
-            case Qt::Key_Down:
-                if (!alt) break;
-                return Open_Choices();
-            case Qt::Key_F4:
-                if (shift || control || alt) break;
-                return Open_Choices();
-            case Qt::Key_Escape:
-                if (!Entries().Form().Has_Entries()) break;
-                return Discard_Row();
-            default:
-                break;
-        }
-        if (Type_Key(event)) return;
-    } else if (Is_Typed(*event)) {
-        return Type_First(event->text());
+    if (!currentIndex().isValid()) {
+        if (Is_Typed(*event)) return Type_First(event->text());
+    } else if (const CellKey* key = Find_Key(*event)) {
+        // Any other key takes the offer back.
+        addOffered_ = offered && (key->key == Qt::Key_Return || key->key == Qt::Key_Enter);
+        return key->does(*this, (event->modifiers() & Qt::ShiftModifier) != 0);
+    } else if (Type_Key(event)) {
+        return;
     }
     GridView::keyPressEvent(event);
 }

@@ -93,7 +93,7 @@ void GridFoot::paintEvent(QPaintEvent*) {
     bold.setBold(true);
     painter.setFont(bold);
     const QPoint corner = mapFromGlobal(grd_.viewport()->mapToGlobal(QPoint()));
-    const int frozen = grd_.Frozen_Width();
+    const int frozen = grd_.Frozen().Width();
     const int margin = QFontMetrics(bold).averageCharWidth();
     painter.fillRect(rect(), Total_Tone(palette()));
     painter.setPen(palette().color(QPalette::Text));

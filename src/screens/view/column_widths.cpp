@@ -1,5 +1,6 @@
 #include "screens/view/column_widths.h"
 
+#include <QFontMetrics>
 #include <algorithm>
 #include <charconv>
 
@@ -7,7 +8,6 @@
 #include "screens/cell_text.h"
 #include "screens/view/grid_head.h"
 #include "screens/view/grid_model.h"
-#include "screens/view/grid_view.h"
 
 namespace tallmar {
 
@@ -23,8 +23,7 @@ constexpr const char* kUsualLine = "99.99";
 constexpr int kUsualText = 16;
 constexpr int kFirstRows = 40, kLastRows = 8;
 
-int Contents_Width(const GridView& grd, int column, const QFontMetrics& metrics) {
-    const GridModel& model = grd.Model();
+int Contents_Width(const GridModel& model, int column, const QFontMetrics& metrics) {
     const int rows = model.rowCount();
     int width = 0;
     for (int row = 0; row < rows; ++row) {
@@ -70,21 +69,20 @@ ColumnWidths Widths_Of(std::string_view text) {
     return widths;
 }
 
-ColumnWidths Fitting_Widths(const GridView& grd) {
-    const GridModel& model = grd.Model();
-    QFont bold = grd.font();
+ColumnWidths Fitting_Widths(const GridModel& model, const GridHead& head, const QFont& font) {
+    QFont bold = font;
     bold.setBold(true);
     const QFontMetrics metrics(bold);
-    const double character = QFontMetricsF(grd.font()).averageCharWidth();
+    const double character = QFontMetricsF(font).averageCharWidth();
     const double longText = model.columnCount() <= kFewColumns ? kLongTextOfFew : kLongText;
     ColumnWidths widths;
     for (int i = 0; i < model.columnCount(); ++i) {
         const GridColumn& column = model.Column(i);
         const bool figure = Is_Figure(column);
         const int usual = Usual_Width(column, metrics);
-        double wanted = std::max(Contents_Width(grd, i, metrics), usual) / character + 2;
+        double wanted = std::max(Contents_Width(model, i, metrics), usual) / character + 2;
         if (!figure) wanted = std::min(wanted, longText);
-        widths[column.field] = std::max(wanted, grd.Head().Width_For(i) / character);
+        widths[column.field] = std::max(wanted, head.Width_For(i) / character);
     }
     return widths;
 }

@@ -1,6 +1,7 @@
 // The widths of a grid's columns in average characters, so that they hold for every font and zoom.
 #pragma once
 
+#include <QFont>
 #include <map>
 #include <string>
 #include <string_view>
@@ -9,7 +10,8 @@
 
 namespace tallmar {
 
-class GridView;
+class GridHead;
+class GridModel;
 
 using ColumnWidths = std::map<std::string, double, LessText>;  // by field
 
@@ -18,6 +20,6 @@ std::string Widths_Text(const ColumnWidths& widths);
 // Parts that make no sense are left out.
 ColumnWidths Widths_Of(std::string_view text);
 // Wide enough for heads and for what the first and the last rows hold; long texts are wrapped.
-ColumnWidths Fitting_Widths(const GridView& grd);
+ColumnWidths Fitting_Widths(const GridModel& model, const GridHead& head, const QFont& font);
 
 }  // namespace tallmar

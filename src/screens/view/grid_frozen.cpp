@@ -14,56 +14,21 @@ namespace tallmar {
 
 namespace {
 
-// The share of the window that they may take, in percent.
-constexpr int kMostShare = 60;
 constexpr int kEdgeShare = 60;
 // What lies beneath them is out of sight far to the left, and still found again there.
 constexpr int kFarLeft = 10'000'000;
 
 }  // namespace
 
-std::vector<int> GridView::Frozen_Columns() const {
-    if (model() == nullptr || Model().Frozen() == 0) return {};
-    const int room = viewport()->width() * kMostShare / 100;
-    const int name = Model().Frozen() - 1;
-    int all = 0;
-    for (int i = 0; i <= name; ++i) all += columnWidth(i);
-    std::vector<int> columns;
-    if (name > 0 && all > room && columnWidth(0) + columnWidth(name) <= room) return {0, name};
-    int width = 0;
-    for (int i = 0; i <= name && (width += columnWidth(i)) <= room; ++i) columns.push_back(i);
-    return columns;
-}
-
-int GridView::Frozen_Before(int column) const {
-    int width = 0;
-    for (const int frozen : Frozen_Columns()) width += frozen < column ? columnWidth(frozen) : 0;
-    return width;
-}
-
-int GridView::Frozen_Left(int column) const {
-    return std::max(columnViewportPosition(column), Frozen_Before(column));
-}
-
-int GridView::Frozen_Width() const {
-    const std::vector<int> columns = Frozen_Columns();
-    return columns.empty() ? 0 : Frozen_Left(columns.back()) + columnWidth(columns.back());
-}
-
-bool GridView::Is_Shifted() const {
-    return horizontalOffset() > 0 && Frozen_Width() > 0;
-}
-
 QRect GridView::visualRect(const QModelIndex& index) const {
     QRect rect = QTableView::visualRect(index);
-    if (!index.isValid() || !Is_Shifted()) return rect;
-    const std::vector<int> frozen = Frozen_Columns();
-    if (std::ranges::find(frozen, index.column()) != frozen.end()) {
-        rect.moveLeft(Frozen_Left(index.column()));
+    if (!index.isValid() || !frozen_.Is_Shifted()) return rect;
+    if (frozen_.Has(index.column())) {
+        rect.moveLeft(frozen_.Left(index.column()));
         return rect;
     }
-    for (const int column : frozen) {
-        const int left = Frozen_Left(column);
+    for (const int column : frozen_.Columns()) {
+        const int left = frozen_.Left(column);
         // What goes beneath one of them is cut off there.
         if (column < index.column()) rect.setLeft(std::max(rect.left(), left + columnWidth(column)));
         if (column > index.column()) rect.setRight(std::min(rect.right(), left - 1));
@@ -72,30 +37,21 @@ QRect GridView::visualRect(const QModelIndex& index) const {
 }
 
 QModelIndex GridView::indexAt(const QPoint& at) const {
-    if (!Is_Shifted()) return QTableView::indexAt(at);
+    if (!frozen_.Is_Shifted()) return QTableView::indexAt(at);
     if (at.x() < -kFarLeft / 2) return QTableView::indexAt(at + QPoint(kFarLeft, 0));
-    return QTableView::indexAt(at - QPoint(Frozen_Shift(at.x()), 0));
-}
-
-int GridView::Frozen_Shift(int x) const {
-    for (const int column : Frozen_Columns()) {
-        const int left = Frozen_Left(column);
-        if (x >= left && x < left + columnWidth(column)) return left - columnViewportPosition(column);
-    }
-    return 0;
+    return QTableView::indexAt(at - QPoint(frozen_.Shift(at.x()), 0));
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!index.isValid()) return;
-    const std::vector<int> frozen = Frozen_Columns();
-    if (std::ranges::find(frozen, index.column()) != frozen.end()) {
+    if (frozen_.Has(index.column())) {
         const int across = horizontalScrollBar()->value();
         QTableView::scrollTo(index, hint);
         horizontalScrollBar()->setValue(across);
         return;
     }
     QTableView::scrollTo(index, hint);
-    const int hidden = Frozen_Before(index.column()) - columnViewportPosition(index.column());
+    const int hidden = frozen_.Before(index.column()) - columnViewportPosition(index.column());
     if (hidden > 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
 }
 
@@ -114,20 +70,20 @@ void GridView::resizeEvent(QResizeEvent* event) {
 }
 
 QRegion GridView::visualRegionForSelection(const QItemSelection& selection) const {
-    return Is_Shifted() ? QRegion(viewport()->rect()) : QTableView::visualRegionForSelection(selection);
+    return frozen_.Is_Shifted() ? QRegion(viewport()->rect()) : QTableView::visualRegionForSelection(selection);
 }
 
 void GridView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (model() != nullptr && Is_Shifted()) Paint_Frozen(event->rect());
+    if (model() != nullptr && frozen_.Is_Shifted()) Paint_Frozen(event->rect());
 }
 
 void GridView::Paint_Frozen(const QRect& part) {
-    for (const int column : Frozen_Columns()) Paint_Frozen_Column(column, part);
+    for (const int column : frozen_.Columns()) Paint_Frozen_Column(column, part);
 }
 
 void GridView::Paint_Frozen_Column(int column, const QRect& part) {
-    const int left = Frozen_Left(column);
+    const int left = frozen_.Left(column);
     const QRect clip = QRect(left, 0, columnWidth(column), viewport()->height()) & part;
     if (clip.isEmpty()) return;
     QPainter painter(viewport());
@@ -148,8 +104,7 @@ void GridView::Paint_Frozen_Column(int column, const QRect& part) {
         itemDelegateForIndex(index)->paint(&painter, option, index);
     }
     // Where the others go beneath.
-    const std::vector<int> frozen = Frozen_Columns();
-    if (std::ranges::find(frozen, column + 1) != frozen.end()) return;
+    if (frozen_.Has(column + 1)) return;
     painter.setPen(Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), kEdgeShare));
     const int edge = left + columnWidth(column) - 1;
     const int end = verticalHeader()->length() - verticalOffset();

@@ -8,14 +8,14 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "screens/view/frozen_columns.h"
 #include "screens/view/grid_model.h"
-#include "screens/view/grid_view.h"
 
 namespace tallmar {
 
 namespace {
 
-// A label that stands alone in its column may take this many lines before the column is made wider.
+// A label may take this many lines before the column is made wider.
 constexpr int kWantedLines = 4;
 // One as short as this stays on one line: "Line #".
 constexpr int kShortLabel = 8;
@@ -23,7 +23,8 @@ constexpr int kLabelFlags = int(Qt::AlignHCenter) | int(Qt::TextWordWrap);
 
 }  // namespace
 
-GridHead::GridHead(GridView* grd) : QHeaderView(Qt::Horizontal, grd), grd_(*grd) {
+GridHead::GridHead(QTableView* table, const FrozenColumns& frozen)
+    : QHeaderView(Qt::Horizontal, table), table_(*table), frozen_(frozen) {
     setSectionsClickable(false);
     setSectionResizeMode(QHeaderView::Interactive);
     setMinimumSectionSize(fontMetrics().averageCharWidth() * 2);
@@ -99,7 +100,7 @@ void GridHead::paintSection(QPainter* painter, const QRect& rect, int logicalInd
     }
     const int flags = kLabelFlags | int(number.isEmpty() ? Qt::AlignBottom : Qt::AlignTop);
     painter->drawText(room, flags, Label(logicalIndex));
-    if (grd_.currentIndex().isValid() && grd_.currentIndex().column() == logicalIndex) {
+    if (table_.currentIndex().isValid() && table_.currentIndex().column() == logicalIndex) {
         const int thick = std::max(2, metrics.height() / 8);
         painter->fillRect(QRect(rect.left(), rect.bottom() + 1 - thick, rect.width(), thick),
                           option.palette.color(QPalette::Highlight));
@@ -112,14 +113,14 @@ void GridHead::paintEvent(QPaintEvent* event) {
     if (offset() == 0) return;
     QPainter painter(viewport());
     painter.setFont(font());
-    for (const int column : grd_.Frozen_Columns()) {
-        paintSection(&painter, QRect(grd_.Frozen_Left(column), 0, sectionSize(column), viewport()->height()), column);
+    for (const int column : frozen_.Columns()) {
+        paintSection(&painter, QRect(frozen_.Left(column), 0, sectionSize(column), viewport()->height()), column);
     }
 }
 
 // Over the columns that stay in sight the mouse means these, wherever the others have been scrolled to.
 int GridHead::Shift_At(int x) const {
-    return offset() == 0 ? 0 : grd_.Frozen_Shift(x);
+    return offset() == 0 ? 0 : frozen_.Shift(x);
 }
 
 int GridHead::Column_At(int x) const {

@@ -3,23 +3,25 @@
 #pragma once
 
 #include <QHeaderView>
+#include <QTableView>
 
 namespace tallmar {
 
-class GridView;
+class FrozenColumns;
 
 class GridHead : public QHeaderView {
     Q_OBJECT
 
   public:
-    explicit GridHead(GridView* grd);
+    // Of a table that shows a GridModel; `frozen` are its columns, and outlive the heads.
+    GridHead(QTableView* table, const FrozenColumns& frozen);
 
     QSize sizeHint() const override;
     // The least width at which no word of the head is broken and the label takes no more than a few lines.
     int Width_For(int column) const;
     // Shows the whole head beside it.
     void Show_Whole(int column) const;
-    // Lays the heads over their lines anew: labels, widths or the font changed.
+    // Lays the heads over their lines again: labels, widths or the font changed.
     void Layout_Grid_Head();
 
   protected:
@@ -38,7 +40,8 @@ class GridHead : public QHeaderView {
     int Shift_At(int x) const;
     int Column_At(int x) const;
 
-    GridView& grd_;
+    QTableView& table_;
+    const FrozenColumns& frozen_;
     mutable int height_ = 0;  // 0: to be worked out
     int shift_ = 0;           // of the mouse while a button is down
     int pressed_ = -1;

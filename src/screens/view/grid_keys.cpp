@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QWheelEvent>
+#include <algorithm>
+#include <array>
 #include <map>
 
 #include "common/format.h"
@@ -26,7 +28,33 @@ constexpr int kWheelNotch = 120;
 // Of a selection.
 constexpr std::string_view kWholeSum = "#,##0;(#,##0)", kSum = "#,##0.00;(#,##0.00)";
 
-// A cell that holds what parts cells stands in quotes, as spreadsheets write it.
+// A key that does the same wherever the cursor is.
+struct GridKey {
+    QKeySequence::StandardKey standard;  // UnknownKey: `key` with `modifiers`, whatever else is held
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    void (*does)(GridView& grd);
+};
+void Zoom_In(GridView& grd) {
+    grd.Set_Zoom(grd.Zoom() + kZoomStep);
+}
+constexpr std::array kGridKeys{
+    GridKey{QKeySequence::Copy, {}, {}, [](GridView& grd) { grd.Copy(); }},
+    GridKey{QKeySequence::ZoomIn, {}, {}, Zoom_In},
+    GridKey{QKeySequence::UnknownKey, Qt::Key_Equal, Qt::ControlModifier, Zoom_In},
+    GridKey{QKeySequence::ZoomOut, {}, {}, [](GridView& grd) { grd.Set_Zoom(grd.Zoom() - kZoomStep); }},
+    GridKey{QKeySequence::UnknownKey, Qt::Key_0, Qt::ControlModifier, [](GridView& grd) { grd.Set_Zoom(100); }},
+};
+
+const GridKey* Find_Key(const QKeyEvent& event) {
+    const auto found = std::ranges::find_if(kGridKeys, [&](const GridKey& row) {
+        if (row.standard != QKeySequence::UnknownKey) return event.matches(row.standard);
+        return event.key() == row.key && (event.modifiers() & row.modifiers) == row.modifiers;
+    });
+    return found == kGridKeys.end() ? nullptr : &*found;
+}
+
+// A cell that holds what parts cells is in quotes, as spreadsheets write it.
 QString Copied(QString text) {
     if (!text.contains('\t') && !text.contains('\n') && !text.contains('\r') && !text.contains('"')) return text;
     return '"' + text.replace('"', "\"\"") + '"';
@@ -60,76 +88,67 @@ QModelIndex GridView::Last_Stop(int row, int column, int rowStep, int columnStep
     return last;
 }
 
+QModelIndex GridView::End_Of_Row(int row, bool home) const {
+    return home ? Last_Stop(row, Model().columnCount(), 0, -1) : Last_Stop(row, -1, 0, 1);
+}
+
+QModelIndex GridView::End_Of_Grid(bool home) const {
+    const int rows = Model().rowCount();
+    QModelIndex found;
+    for (int i = 0; i < rows && !found.isValid(); ++i) found = End_Of_Row(home ? i : rows - 1 - i, home);
+    return found;
+}
+
 QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    struct Step {
+        CursorAction action;
+        int row, column;
+    };
+    static constexpr std::array kSteps{Step{MoveUp, -1, 0}, Step{MoveDown, 1, 0}, Step{MoveLeft, 0, -1},
+                                       Step{MoveRight, 0, 1}};
     const bool control = (modifiers & Qt::ControlModifier) != 0;
     const QModelIndex at = currentIndex();
-    const bool toEnd = action == MoveHome || action == MoveEnd;
-    if (!at.isValid() || (!toEnd && !control)) return QTableView::moveCursor(action, modifiers);
-    const int rows = Model().rowCount();
-    const int columns = Model().columnCount();
-    QModelIndex found;
-    switch (action) {
-        case MoveHome:
-            if (!control) return Last_Stop(at.row(), columns, 0, -1);
-            for (int row = 0; row < rows && !found.isValid(); ++row) found = Last_Stop(row, columns, 0, -1);
-            return found;
-        case MoveEnd:
-            if (!control) return Last_Stop(at.row(), -1, 0, 1);
-            for (int row = rows - 1; row >= 0 && !found.isValid(); --row) found = Last_Stop(row, -1, 0, 1);
-            return found;
-        case MoveUp:
-            return Last_Stop(at.row(), at.column(), -1, 0);
-        case MoveDown:
-            return Last_Stop(at.row(), at.column(), 1, 0);
-        case MoveLeft:
-            return Last_Stop(at.row(), at.column(), 0, -1);
-        case MoveRight:
-            return Last_Stop(at.row(), at.column(), 0, 1);
+    if (at.isValid() && (action == MoveHome || action == MoveEnd)) {
+        return control ? End_Of_Grid(action == MoveHome) : End_Of_Row(at.row(), action == MoveHome);
+    }
+    const auto step = std::ranges::find(kSteps, action, &Step::action);
+    if (!at.isValid() || !control || step == kSteps.end()) return QTableView::moveCursor(action, modifiers);
+    return Last_Stop(at.row(), at.column(), step->row, step->column);
+}
+
+// The keys of the form and of the main window, and Tab from the last cell on to the next control.
+bool GridView::Is_Forms_Key(const QKeyEvent& event) const {
+    const QModelIndex at = currentIndex();
+    switch (event.key()) {
+        case Qt::Key_Tab:
+            return !at.isValid() || at == Model().index(Model().rowCount() - 1, Model().columnCount() - 1);
+        case Qt::Key_Backtab:
+            return !at.isValid() || at == Model().index(0, 0);
+        case Qt::Key_Escape:
+        case Qt::Key_F3:
+            return state() != EditingState;
         default:
-            return QTableView::moveCursor(action, modifiers);
+            return event.key() == Qt::Key_F && (event.modifiers() & Qt::ControlModifier) != 0;
     }
 }
 
-void GridView::keyPressEvent(QKeyEvent* event) {
-    const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
-    if (event->matches(QKeySequence::Copy)) return Copy();
-    if (event->matches(QKeySequence::ZoomIn) || (control && event->key() == Qt::Key_Equal)) {
-        return Set_Zoom(zoom_ + kZoomStep);
-    }
-    if (event->matches(QKeySequence::ZoomOut)) return Set_Zoom(zoom_ - kZoomStep);
-    if (control && event->key() == Qt::Key_0) return Set_Zoom(100);
-    if (model() == nullptr) return QTableView::keyPressEvent(event);
-    if (event->key() == Qt::Key_F1 && (event->modifiers() & Qt::ShiftModifier) != 0 && currentIndex().isValid()) {
-        return head_->Show_Whole(currentIndex().column());
-    }
-
+bool GridView::Enter_Key(const QKeyEvent& event) {
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!isEnter || (event.modifiers() & Qt::ControlModifier) != 0 || state() == EditingState) return false;
+    const bool up = (event.modifiers() & Qt::ShiftModifier) != 0;
     const QModelIndex at = currentIndex();
-    const bool first = !at.isValid() || (at.row() == 0 && at.column() == 0);
-    const bool last = !at.isValid() || (at.row() + 1 == Model().rowCount() && at.column() + 1 == Model().columnCount());
-    switch (event->key()) {
-        case Qt::Key_Tab:
-            // From the last cell on to the next control.
-            return last ? event->ignore() : QTableView::keyPressEvent(event);
-        case Qt::Key_Backtab:
-            return first ? event->ignore() : QTableView::keyPressEvent(event);
-        case Qt::Key_Return:
-        case Qt::Key_Enter: {
-            if (control || state() == EditingState) return QTableView::keyPressEvent(event);
-            const bool up = (event->modifiers() & Qt::ShiftModifier) != 0;
-            const QModelIndex next = at.isValid() ? at.siblingAtRow(at.row() + (up ? -1 : 1)) : QModelIndex();
-            if (next.isValid()) setCurrentIndex(next);
-            return;
-        }
-        case Qt::Key_Escape:
-        case Qt::Key_F3:
-            if (state() != EditingState) return event->ignore();
-            break;
-        default:
-            // The keys of the form and of the main window.
-            if (control && event->key() == Qt::Key_F) return event->ignore();
-            break;
-    }
-    QTableView::keyPressEvent(event);
+    const QModelIndex next = at.isValid() ? at.siblingAtRow(at.row() + (up ? -1 : 1)) : QModelIndex();
+    if (next.isValid()) setCurrentIndex(next);
+    return true;
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (const GridKey* key = Find_Key(*event)) return key->does(*this);
+    if (model() == nullptr) return QTableView::keyPressEvent(event);
+    const bool isHelp = event->key() == Qt::Key_F1 && (event->modifiers() & Qt::ShiftModifier) != 0;
+    if (isHelp && currentIndex().isValid()) return head_->Show_Whole(currentIndex().column());
+    if (Is_Forms_Key(*event)) return event->ignore();
+    if (!Enter_Key(*event)) QTableView::keyPressEvent(event);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

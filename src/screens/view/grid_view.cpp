@@ -22,7 +22,7 @@ constexpr int kMostLines = 5;
 
 }  // namespace
 
-GridView::GridView(QWidget* parent) : QTableView(parent), head_(new GridHead(this)) {
+GridView::GridView(QWidget* parent) : QTableView(parent), head_(new GridHead(this, frozen_)) {
     setObjectName("grd");
     setHorizontalHeader(head_);
     verticalHeader()->hide();
@@ -102,7 +102,7 @@ void GridView::Scale() {
 
 void GridView::Set_Widths() {
     if (model() == nullptr) return;
-    if (own_.empty()) own_ = Fitting_Widths(*this);
+    if (own_.empty()) own_ = Fitting_Widths(Model(), *head_, font());
     const double character = QFontMetricsF(font()).averageCharWidth();
     sizing_ = true;
     for (int i = 0; i < Model().columnCount(); ++i) {

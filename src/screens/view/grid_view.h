@@ -9,6 +9,7 @@
 #include "common/currency.h"
 #include "screens/cell_search.h"
 #include "screens/view/column_widths.h"
+#include "screens/view/frozen_columns.h"
 
 class QMenu;
 
@@ -43,15 +44,8 @@ class GridView : public QTableView {
     // The cells that the search finds, row by row.
     std::vector<QModelIndex> Find_All(const CellSearch& search) const;
 
-    // The columns that stay in sight while the others are scrolled: the model's, as far as they leave room for those.
-    // Line and name are the last to go.
-    std::vector<int> Frozen_Columns() const;
-    // Where such a column is now: it moves with the others until it would go out of sight.
-    int Frozen_Left(int column) const;
-    // How far the column of theirs at this place is from its place among the others; 0 elsewhere.
-    int Frozen_Shift(int x) const;
-    // Where the others begin.
-    int Frozen_Width() const;
+    // The columns that stay in sight while the others are scrolled.
+    const FrozenColumns& Frozen() const { return frozen_; }
     // Widths that the person chose, by field; the others are the grid's own.
     const ColumnWidths& Chosen_Widths() const { return chosen_; }
     void Choose_Widths(ColumnWidths widths);
@@ -92,11 +86,14 @@ class GridView : public QTableView {
     virtual bool Is_Stop(const QModelIndex& index) const { return index.isValid(); }
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
+    // The first or the last stop of a row, and of the grid.
+    QModelIndex End_Of_Row(int row, bool home) const;
+    QModelIndex End_Of_Grid(bool home) const;
     // The last stop on the way from a cell, which does not count itself; invalid where there is none.
     QModelIndex Last_Stop(int row, int column, int rowStep, int columnStep) const;
 
   private:
-    // Where the cursor stands and what is in sight.
+    // Where the cursor is and what is in sight.
     struct Place {
         Currency line;
         int row, column, across, down;
@@ -110,12 +107,13 @@ class GridView : public QTableView {
     void Set_Heights();
     void Take_Width(int column, int width);
     void Widen_For(const QModelIndex& from, const QModelIndex& to);
-    bool Is_Shifted() const;
-    // The width of those of them that are before the column.
-    int Frozen_Before(int column) const;
+    bool Is_Forms_Key(const QKeyEvent& event) const;
+    // Enter goes down the column, with Shift up. False for another key.
+    bool Enter_Key(const QKeyEvent& event);
     void Paint_Frozen(const QRect& part);
     void Paint_Frozen_Column(int column, const QRect& part);
 
+    FrozenColumns frozen_{*this};
     GridHead* head_;
     int zoom_ = 100;
     int wheel_ = 0;  // eighths of a degree that were turned and not used yet

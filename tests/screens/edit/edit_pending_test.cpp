@@ -1,4 +1,4 @@
-// A row under edit: how it is marked, given up, brought back, and stored when no key comes.
+// A row under edit: how it is marked, discarded, restored, and stored when no key comes.
 #include "report/open_report.h"
 #include "screens/edit/edit_test.h"
 
@@ -130,8 +130,8 @@ TEST(EditPending, EscapeWithoutEntriesTakesNothingBack) {
     EXPECT_CELL("A", 6, 1, 1_cur);
 }
 
-// A view may have been opened after the row was given up.
-TEST(EditPending, TheFirstChangeIsToldAnewAfterTheRowWasGivenUp) {
+// A view may have been opened after the row was discarded.
+TEST(EditPending, TheFirstChangeIsToldAgainAfterTheRowWasDiscarded) {
     Report r(fy2016);
     Screen a("A");
     a.At(6, 1);

@@ -251,7 +251,7 @@ TEST(EditOthers, AChangedCellIsOverwrittenOnlyByThePersonsWord) {
     EXPECT_CELL("A", 6, 1, 99_cur);
 }
 
-TEST(EditOthers, ALineThatIsGoneIsToldAndGivenUp) {
+TEST(EditOthers, ALineThatIsGoneIsToldAndDiscarded) {
     Report r(fy2016);
     Screen s("A5");
     s.Button("cmdAdd")->click();

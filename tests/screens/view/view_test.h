@@ -66,4 +66,8 @@ inline std::vector<std::string> Worksheets_Of_Report() {
     return items;
 }
 
+inline QModelIndex At(const WorksheetForm& form, Currency line, std::string_view field) {
+    return form.Model().index(form.Model().Row_Of(line), form.Model().Column_Of(field));
+}
+
 }  // namespace tallmar
