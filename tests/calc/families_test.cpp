@@ -1,10 +1,10 @@
 // Every worksheet of the older and of the newer forms: its lines, and the calculation of a report of them all.
-#include "calc/worksheets_fixture.h"
+#include "support/report_test.h"
 
 namespace tallmar {
 namespace {
 
-class WorksheetFamilies : public WorksheetTest, public testing::WithParamInterface<const char*> {};
+class WorksheetFamilies : public ReportTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(WorksheetFamilies, LineNumbersAreUnique) {
     Begin(fy1999, {GetParam()});

@@ -1,11 +1,11 @@
 #include "calc/w_a4.h"
 
-#include "calc/worksheets_fixture.h"
+#include "support/report_test.h"
 
 namespace tallmar {
 namespace {
 
-class WorksheetA4 : public WorksheetTest {
+class WorksheetA4 : public ReportTest {
   protected:
     void SetUp() override { Begin(fy2016, {"A4"}); }
     static void Add_Entry(Currency line, const char* code, const char* up = "6", const char* down = "Null") {
@@ -14,56 +14,56 @@ class WorksheetA4 : public WorksheetTest {
     }
     // Entries 1 to 29 and then hundredths, by their codes.
     static void Add_Entries(int count) {
-        for (int i = 0; i < count; ++i) Put("A4", Add_A4_Row(), "Explanation", Sql("entry ", i + 1));
+        for (int i = 0; i < count; ++i) Cell("A4", Add_A4_Row(), "Explanation", Sql("entry ", i + 1));
     }
 };
 
 TEST_F(WorksheetA4, BeginsWithItsTotal) {
     EXPECT_EQ(Lines("A4"), "30");
-    EXPECT_CELL("A4", 30_cur, "Explanation", "TOTAL RECLASSIFICATIONS");
-    EXPECT_CELL("A4", 30_cur, "Col_7", 0);
+    EXPECT_CELL("A4", 30, "Explanation", "TOTAL RECLASSIFICATIONS");
+    EXPECT_CELL("A4", 30, 7, 0);
     Calc_A4();
-    EXPECT_CELL("A4", 30_cur, "Col_4", 0);
+    EXPECT_CELL("A4", 30, 4, 0);
 }
 
 TEST_F(WorksheetA4, TotalTakesEntriesBehindLine29) {
     Add_Entry(1_cur, "A");
     Add_Entry(29.01_cur, "B");
-    Put("A4", 29.01_cur, "Col_7", Null);
+    Cell("A4", 29.01, 7, Null);
     Calc_A4();
-    EXPECT_CELL("A4", 30_cur, "Col_4", 200);
-    EXPECT_CELL("A4", 30_cur, "Col_7", 100);
+    EXPECT_CELL("A4", 30, 4, 200);
+    EXPECT_CELL("A4", 30, 7, 100);
 }
 
 TEST_F(WorksheetA4, SyncRefreshesNamesAfterARename) {
     Add_Entry(1_cur, "A", "6", "7");
     Sync_A4();
-    EXPECT_CELL("A4", 1_cur, "Col_2", "Skilled Nursing Care");
-    EXPECT_CELL("A4", 1_cur, "Col_5", "Physical Therapy");
+    EXPECT_CELL("A4", 1, 2, "Skilled Nursing Care");
+    EXPECT_CELL("A4", 1, 5, "Physical Therapy");
     db.Execute("UPDATE CostCenters SET CCName = 'Nursing' WHERE LineNum = 6;");
     Sync_A4();
-    EXPECT_CELL("A4", 1_cur, "Col_2", "Nursing");
+    EXPECT_CELL("A4", 1, 2, "Nursing");
 }
 
 TEST_F(WorksheetA4, SyncKeepsTheNameOfANumberThatLeftTheChart) {
     Add_Entry(1_cur, "A", "77", "78");
-    Put("A4", 1_cur, "Col_2", "Wound Care");
-    Put("A4", 1_cur, "Col_5", "Telehealth");
+    Cell("A4", 1, 2, "Wound Care");
+    Cell("A4", 1, 5, "Telehealth");
     Sync_A4();
-    EXPECT_CELL("A4", 1_cur, "Col_2", "Wound Care");
-    EXPECT_CELL("A4", 1_cur, "Col_5", "Telehealth");
+    EXPECT_CELL("A4", 1, 2, "Wound Care");
+    EXPECT_CELL("A4", 1, 5, "Telehealth");
 }
 
 TEST_F(WorksheetA4, SyncClearsASideWithoutACostCenter) {
     Add_Entry(1_cur, "A", "0", "7");
     Add_Entry(2_cur, "A", "6", "Null");
     Sync_A4();
-    EXPECT_SHADED("A4", 1_cur, "Col_3");
-    EXPECT_SHADED("A4", 1_cur, "Col_4");
-    EXPECT_CELL("A4", 1_cur, "Col_7", 100);
-    EXPECT_CELL("A4", 2_cur, "Col_4", 100);
-    EXPECT_SHADED("A4", 2_cur, "Col_7");
-    EXPECT_CELL("A4", 30_cur, "Col_4", 0);
+    EXPECT_SHADED("A4", 1, 3);
+    EXPECT_SHADED("A4", 1, 4);
+    EXPECT_CELL("A4", 1, 7, 100);
+    EXPECT_CELL("A4", 2, 4, 100);
+    EXPECT_SHADED("A4", 2, 7);
+    EXPECT_CELL("A4", 30, 4, 0);
 }
 
 TEST_F(WorksheetA4, AddGoesOnInHundredthsBehindLine29) {
@@ -72,8 +72,8 @@ TEST_F(WorksheetA4, AddGoesOnInHundredthsBehindLine29) {
     Add_Entries(27);
     EXPECT_EQ(Add_A4_Row(), 29.01_cur);
     EXPECT_EQ(Add_A4_Row(), 29.02_cur);
-    EXPECT_CELL("A4", 29.02_cur, "Col_4", 0);
-    EXPECT_SHADED("A4", 29.02_cur, "Col_3");
+    EXPECT_CELL("A4", 29.02, 4, 0);
+    EXPECT_SHADED("A4", 29.02, 3);
 }
 
 TEST_F(WorksheetA4, AddStopsBeforeTheTotal) {
@@ -92,18 +92,18 @@ TEST_F(WorksheetA4, DeleteClosesTheGapAcrossLine29) {
     Delete_A4_Row(2_cur);
     EXPECT_EQ(Lines("A4", "LineNum < 4"), "1 2 3");
     EXPECT_EQ(Lines("A4", "LineNum > 27"), "28 29 29.01 30");
-    EXPECT_CELL("A4", 2_cur, "Explanation", "entry 3");
-    EXPECT_CELL("A4", 29_cur, "Explanation", "entry 30");
-    EXPECT_CELL("A4", 29.01_cur, "Explanation", "entry 31");
-    EXPECT_CELL("A4", 30_cur, "Explanation", "TOTAL RECLASSIFICATIONS");
+    EXPECT_CELL("A4", 2, "Explanation", "entry 3");
+    EXPECT_CELL("A4", 29, "Explanation", "entry 30");
+    EXPECT_CELL("A4", 29.01, "Explanation", "entry 31");
+    EXPECT_CELL("A4", 30, "Explanation", "TOTAL RECLASSIFICATIONS");
 }
 
 TEST_F(WorksheetA4, DeleteBehindLine29LeavesTheWholeLines) {
     Add_Entries(32);
     Delete_A4_Row(29.01_cur);
     EXPECT_EQ(Lines("A4", "LineNum > 27"), "28 29 29.01 29.02 30");
-    EXPECT_CELL("A4", 29_cur, "Explanation", "entry 29");
-    EXPECT_CELL("A4", 29.01_cur, "Explanation", "entry 31");
+    EXPECT_CELL("A4", 29, "Explanation", "entry 29");
+    EXPECT_CELL("A4", 29.01, "Explanation", "entry 31");
 }
 
 TEST_F(WorksheetA4, DeleteClosesTheGapWhateverTheOrderOfEntry) {
@@ -112,7 +112,7 @@ TEST_F(WorksheetA4, DeleteClosesTheGapWhateverTheOrderOfEntry) {
     Add_Entry(1_cur, "A");
     Delete_A4_Row(1_cur);
     EXPECT_EQ(Lines("A4"), "1 2 30");
-    EXPECT_EQ(List("A4", "Col_1"), "B C -");
+    EXPECT_EQ(List("A4", 1), "B C -");
 }
 
 TEST_F(WorksheetA4, ClosingOrdersByCodeAndThenAsTheyStood) {
@@ -122,8 +122,8 @@ TEST_F(WorksheetA4, ClosingOrdersByCodeAndThenAsTheyStood) {
     Add_Entry(4_cur, "A", "9");
     Renumber_A4();
     EXPECT_EQ(Lines("A4"), "1 2 3 4 30");
-    EXPECT_EQ(List("A4", "Col_1"), "A A B B -");
-    EXPECT_EQ(List("A4", "Col_3"), "7 9 6 8 -");
+    EXPECT_EQ(List("A4", 1), "A A B B -");
+    EXPECT_EQ(List("A4", 3), "7 9 6 8 -");
 }
 
 TEST_F(WorksheetA4, ClosingDropsRowsWithoutACostCenter) {
@@ -131,17 +131,17 @@ TEST_F(WorksheetA4, ClosingDropsRowsWithoutACostCenter) {
     Add_Entry(2_cur, "A", "Null", "7");
     Renumber_A4();
     EXPECT_EQ(Lines("A4"), "1 30");
-    EXPECT_CELL("A4", 1_cur, "Col_6", 7);
+    EXPECT_CELL("A4", 1, 6, 7);
 }
 
 TEST_F(WorksheetA4, ClosingNumbersBeyondLine29InHundredths) {
     Add_Entries(31);
     db.Execute("UPDATE A4 SET Col_1='B', Col_3=6 WHERE LineNum < 30;");
-    Put("A4", 29.02_cur, "Col_1", "A");
+    Cell("A4", 29.02, 1, "A");
     Renumber_A4();
     EXPECT_EQ(Lines("A4", "LineNum > 27"), "28 29 29.01 29.02 30");
-    EXPECT_CELL("A4", 1_cur, "Explanation", "entry 31");
-    EXPECT_CELL("A4", 29.02_cur, "Explanation", "entry 30");
+    EXPECT_CELL("A4", 1, "Explanation", "entry 31");
+    EXPECT_CELL("A4", 29.02, "Explanation", "entry 30");
 }
 
 TEST_F(WorksheetA4, ClosingAnEmptyWorksheetChangesNothing) {

@@ -1,13 +1,13 @@
 #include "calc/w_a5.h"
 
-#include "calc/worksheets_fixture.h"
+#include "support/report_test.h"
 
 namespace tallmar {
 namespace {
 
 constexpr const char* kUserLines = "LineNum >= 13 And LineNum < 21";
 
-class WorksheetA5 : public WorksheetTest {
+class WorksheetA5 : public ReportTest {
   protected:
     void Begin_A5(const FiscalYear& year) { Begin(year, {"A5", "A6pB"}); }
     static void Add_Line(Currency line) { Add_Row("A5", "LineNum, Description", Sql(line, ",'", line, "'")); }
@@ -25,39 +25,39 @@ class WorksheetA5 : public WorksheetTest {
 TEST_F(WorksheetA5, FixedLines) {
     Begin_A5(fy2016);
     EXPECT_EQ(Lines("A5"), "1 2 3 4 5 6 7 8 9 10 10.1 10.2 11 12 21");
-    EXPECT_EQ(List("A5", "Col_1"), "B B B A A-6 B B A A A-8-3 A-8-3 A-8-3 A A -");
-    EXPECT_CELL("A5", 7_cur, "Description", "Income from imposition of of interest, finance, or penalty charges");
-    EXPECT_CELL("A5", 10.2_cur, "Col_3", "Speech Pathology");
-    EXPECT_CELL("A5", 10.2_cur, "Col_4", 9);
-    EXPECT_CELL("A5", 21_cur, "Col_2", 0);
-    EXPECT_SHADED("A5", 1_cur, "Col_4");
+    EXPECT_EQ(List("A5", 1), "B B B A A-6 B B A A A-8-3 A-8-3 A-8-3 A A -");
+    EXPECT_CELL("A5", 7, "Description", "Income from imposition of of interest, finance, or penalty charges");
+    EXPECT_CELL("A5", 10.2, 3, "Speech Pathology");
+    EXPECT_CELL("A5", 10.2, 4, 9);
+    EXPECT_CELL("A5", 21, 2, 0);
+    EXPECT_SHADED("A5", 1, 4);
 }
 
 TEST_F(WorksheetA5, LineFiveIsTheRelatedOrganizationTotalReversed) {
     Begin_A5(fy2016);
-    Put("A6pB", 4_cur, "Col_6", 125);
-    Put("A5", 1_cur, "Col_2", -25);
+    Cell("A6pB", 4, 6, 125);
+    Cell("A5", 1, 2, -25);
     Calc_A5();
-    EXPECT_CELL("A5", 5_cur, "Col_2", -125);
-    EXPECT_CELL("A5", 21_cur, "Col_2", -150);
+    EXPECT_CELL("A5", 5, 2, -125);
+    EXPECT_CELL("A5", 21, 2, -150);
 }
 
 TEST_F(WorksheetA5, ShadedRelatedOrganizationTotalIsZero) {
     Begin_A5(fy2016);
-    Put("A6pB", 4_cur, "Col_6", Null);
-    Put("A5", 5_cur, "Col_2", 9);
+    Cell("A6pB", 4, 6, Null);
+    Cell("A5", 5, 2, 9);
     Calc_A5();
-    EXPECT_CELL("A5", 5_cur, "Col_2", 0);
+    EXPECT_CELL("A5", 5, 2, 0);
 }
 
 TEST_F(WorksheetA5, TherapyLimitationEndsInOctober2000) {
     Begin_A5(Year("10/1/2000", "9/30/2001"));
     Add_Limitation("A83p5P", 100);
-    Put("A5", 10_cur, "Col_2", 1);
-    Put("A5", 10.1_cur, "Col_2", 2);
-    Put("A5", 10.2_cur, "Col_2", 3);
+    Cell("A5", 10, 2, 1);
+    Cell("A5", 10.1, 2, 2);
+    Cell("A5", 10.2, 2, 3);
     Calc_A5();
-    EXPECT_EQ(List("A5", "Col_2", "Int(LineNum)=10"), "0 0 0");
+    EXPECT_EQ(List("A5", 2, "Int(LineNum)=10"), "0 0 0");
 }
 
 TEST_F(WorksheetA5, TherapyLimitationComesReversedFromItsLetter) {
@@ -66,15 +66,15 @@ TEST_F(WorksheetA5, TherapyLimitationComesReversedFromItsLetter) {
     Add_Limitation("A83p5O", 20.5);
     Add_Limitation("A83p5S", -3);
     Calc_A5();
-    EXPECT_EQ(List("A5", "Col_2", "Int(LineNum)=10"), "-100 -20.5 3");
-    EXPECT_CELL("A5", 21_cur, "Col_2", -117.5);
+    EXPECT_EQ(List("A5", 2, "Int(LineNum)=10"), "-100 -20.5 3");
+    EXPECT_CELL("A5", 21, 2, -117.5);
 }
 
 TEST_F(WorksheetA5, TherapyWithoutALimitationWorksheetIsZero) {
     Begin_A5(fy1999);
-    Put("A5", 10_cur, "Col_2", 1);
+    Cell("A5", 10, 2, 1);
     Calc_A5();
-    EXPECT_CELL("A5", 10_cur, "Col_2", 0);
+    EXPECT_CELL("A5", 10, 2, 0);
 }
 
 TEST_F(WorksheetA5, LimitationTableWithoutItsRegistryRowIsDroppedAndNotUsed) {
@@ -82,7 +82,7 @@ TEST_F(WorksheetA5, LimitationTableWithoutItsRegistryRowIsDroppedAndNotUsed) {
     Add_Limitation("A83p5P", 100);
     db.Execute("DELETE * FROM Worksheets WHERE Item = 'A83p5P';");
     Calc_A5();
-    EXPECT_CELL("A5", 10_cur, "Col_2", 0);
+    EXPECT_CELL("A5", 10, 2, 0);
     EXPECT_FALSE(db.TableDefs().Has("A83p5P"));
 }
 

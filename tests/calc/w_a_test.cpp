@@ -7,12 +7,12 @@
 #include "calc/w_a4.h"
 #include "calc/w_a5.h"
 #include "calc/w_a6.h"
-#include "calc/worksheets_fixture.h"
+#include "support/report_test.h"
 
 namespace tallmar {
 namespace {
 
-class WorksheetA : public WorksheetTest {
+class WorksheetA : public ReportTest {
   protected:
     void Begin_A(const FiscalYear& year) {
         Begin(year, {"A", "A4", "A5", "A6pA", "A6pB"});
@@ -29,66 +29,66 @@ class WorksheetA : public WorksheetTest {
 TEST_F(WorksheetA, RowsAreTheChartAndLine29) {
     Begin_A(fy2016);
     EXPECT_EQ(Lines("A"), "1 2 3 4 5 6 7 8 9 10 11 12 13 13.2 14 15 16 17 18 19 20 21 22 23 23.2 29");
-    EXPECT_CELL("A", 5_cur, "CCName", "Administrative & General");
-    EXPECT_CELL("A", 23.2_cur, "CCGroup", 2320);
-    EXPECT_CELL("A", 29_cur, "CCName", "Total");
-    EXPECT_SHADED("A", 29_cur, "CCNum");
-    EXPECT_SHADED("A", 29_cur, "CCGroup");
+    EXPECT_CELL("A", 5, "CCName", "Administrative & General");
+    EXPECT_CELL("A", 23.2, "CCGroup", 2320);
+    EXPECT_CELL("A", 29, "CCName", "Total");
+    EXPECT_SHADED("A", 29, "CCNum");
+    EXPECT_SHADED("A", 29, "CCGroup");
 }
 
 TEST_F(WorksheetA, CapitalLinesTakeNoSalariesBenefitsAndContracts) {
     Begin_A(fy2016);
     for (const char* shaded : {"Col_1", "Col_2", "Col_4"}) {
-        EXPECT_SHADED("A", 1_cur, shaded);
-        EXPECT_SHADED("A", 2_cur, shaded);
-        EXPECT_CELL("A", 3_cur, shaded, 0);
-        EXPECT_CELL("A", 29_cur, shaded, 0);
+        EXPECT_SHADED("A", 1, shaded);
+        EXPECT_SHADED("A", 2, shaded);
+        EXPECT_CELL("A", 3, shaded, 0);
+        EXPECT_CELL("A", 29, shaded, 0);
     }
     for (const char* open : {"Col_3", "Col_5", "Col_6", "Col_7", "Col_8", "Col_9", "Col_10"}) {
-        EXPECT_CELL("A", 1_cur, open, 0);
+        EXPECT_CELL("A", 1, open, 0);
     }
 }
 
 TEST_F(WorksheetA, FromOctober2000OnTypedSalariesStay) {
     Begin_A(Year("10/1/2000", "9/30/2001"));
     Build("A1");
-    Put("A1", 6_cur, "Col_9", 777);
-    Put("A", 6_cur, "Col_1", 1000);
+    Cell("A1", 6, 9, 777);
+    Cell("A", 6, 1, 1000);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_1", 1000);
-    EXPECT_CELL("A", 6_cur, "Col_10", 1000);
+    EXPECT_CELL("A", 6, 1, 1000);
+    EXPECT_CELL("A", 6, 10, 1000);
 }
 
 TEST_F(WorksheetA, BeforeOctober2000CompensationGivesThreeColumns) {
     Begin_A(Year("9/30/2000", "9/29/2001"));
-    Put("A", 6_cur, "Col_1", 1);
-    Put("A1", 6_cur, "Col_9", 300);
-    Put("A2", 6_cur, "Col_9", 40);
-    Put("A3", 6_cur, "Col_9", 5);
-    Put("A", 6_cur, "Col_3", 1000);
+    Cell("A", 6, 1, 1);
+    Cell("A1", 6, 9, 300);
+    Cell("A2", 6, 9, 40);
+    Cell("A3", 6, 9, 5);
+    Cell("A", 6, 3, 1000);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_1", 300);
-    EXPECT_CELL("A", 6_cur, "Col_2", 40);
-    EXPECT_CELL("A", 6_cur, "Col_4", 5);
-    EXPECT_CELL("A", 6_cur, "Col_6", 1345);
+    EXPECT_CELL("A", 6, 1, 300);
+    EXPECT_CELL("A", 6, 2, 40);
+    EXPECT_CELL("A", 6, 4, 5);
+    EXPECT_CELL("A", 6, 6, 1345);
 }
 
 TEST_F(WorksheetA, CapitalLinesStillAddUpWhereCompensationIsShaded) {
     Begin_A(fy1999);
-    Put("A", 1_cur, "Col_1", 9);
-    Put("A", 1_cur, "Col_5", 250);
+    Cell("A", 1, 1, 9);
+    Cell("A", 1, 5, 250);
     Calc_A();
-    EXPECT_SHADED("A", 1_cur, "Col_1");
-    EXPECT_CELL("A", 1_cur, "Col_6", 250);
-    EXPECT_CELL("A", 1_cur, "Col_10", 250);
-    EXPECT_CELL("A", 29_cur, "Col_1", 0);
+    EXPECT_SHADED("A", 1, 1);
+    EXPECT_CELL("A", 1, 6, 250);
+    EXPECT_CELL("A", 1, 10, 250);
+    EXPECT_CELL("A", 29, 1, 0);
 }
 
 TEST_F(WorksheetA, ReclassificationOntoItsOwnLineNetsToZero) {
     Begin_A(fy2016);
     Reclassify(1, "6", "6", 500);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_7", 0);
+    EXPECT_CELL("A", 6, 7, 0);
 }
 
 TEST_F(WorksheetA, AllReclassificationsOfALineAddUp) {
@@ -97,10 +97,10 @@ TEST_F(WorksheetA, AllReclassificationsOfALineAddUp) {
     Reclassify(2, "6", "7", 30);
     Reclassify(3, "5", "6", 4);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_7", 526);
-    EXPECT_CELL("A", 5_cur, "Col_7", -496);
-    EXPECT_CELL("A", 7_cur, "Col_7", -30);
-    EXPECT_CELL("A", 29_cur, "Col_7", 0);
+    EXPECT_CELL("A", 6, 7, 526);
+    EXPECT_CELL("A", 5, 7, -496);
+    EXPECT_CELL("A", 7, 7, -30);
+    EXPECT_CELL("A", 29, 7, 0);
 }
 
 TEST_F(WorksheetA, IncreaseWithoutOtherSidePostsTheIncreaseOnly) {
@@ -108,16 +108,16 @@ TEST_F(WorksheetA, IncreaseWithoutOtherSidePostsTheIncreaseOnly) {
     Add_Row("A4", "LineNum, Col_1, Col_3, Col_4, Col_7", "1, 'A', 6, 500, 900");
     Calc_A();
     EXPECT_EQ(Lines("A", "Col_7 <> 0"), "6 29");
-    EXPECT_CELL("A", 29_cur, "Col_7", 500);
+    EXPECT_CELL("A", 29, 7, 500);
 }
 
 TEST_F(WorksheetA, ReclassificationsBehindLine29Post) {
     Begin_A(fy2016);
     Add_Row("A4", "LineNum, Col_1, Col_3, Col_4", "29.01, 'A', 6, 500");
-    Put("A4", 30_cur, "Col_3", 6);
-    Put("A4", 30_cur, "Col_4", 10000);
+    Cell("A4", 30, 3, 6);
+    Cell("A4", 30, 4, 10000);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_7", 500);
+    EXPECT_CELL("A", 6, 7, 500);
 }
 
 TEST_F(WorksheetA, ReferenceToALineThatIsNotThereIsSilent) {
@@ -129,21 +129,21 @@ TEST_F(WorksheetA, ReferenceToALineThatIsNotThereIsSilent) {
 
 TEST_F(WorksheetA, LineFiveOfA5NeverReachesA) {
     Begin_A(fy2016);
-    Put("A5", 5_cur, "Col_2", 500);
-    Put("A5", 5_cur, "Col_4", 6);
-    Put("A5", 1_cur, "Col_2", -20);
-    Put("A5", 1_cur, "Col_4", 6);
+    Cell("A5", 5, 2, 500);
+    Cell("A5", 5, 4, 6);
+    Cell("A5", 1, 2, -20);
+    Cell("A5", 1, 4, 6);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_9", -20);
+    EXPECT_CELL("A", 6, 9, -20);
 }
 
 TEST_F(WorksheetA, UserLinesOfA5PostAndItsTotalDoesNot) {
     Begin_A(fy2016);
     Add_Row("A5", "LineNum, Col_2, Col_4", "20.99, 70, 6");
-    Put("A5", 21_cur, "Col_2", 70);
-    Put("A5", 21_cur, "Col_4", 6);
+    Cell("A5", 21, 2, 70);
+    Cell("A5", 21, 4, 6);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_9", 70);
+    EXPECT_CELL("A", 6, 9, 70);
 }
 
 TEST_F(WorksheetA, RelatedOrganizationAmountReachesAOnce) {
@@ -151,39 +151,39 @@ TEST_F(WorksheetA, RelatedOrganizationAmountReachesAOnce) {
     Add_Row("A6pB", "LineNum, Col_1, Col_4, Col_5", "1, 6, 1000, 850");
     Calc_A6pB();
     Calc_A5();
-    Put("A5", 5_cur, "Col_4", 6);
+    Cell("A5", 5, 4, 6);
     Calc_A();
-    EXPECT_CELL("A5", 5_cur, "Col_2", -150);
-    EXPECT_CELL("A", 6_cur, "Col_9", -150);
+    EXPECT_CELL("A5", 5, 2, -150);
+    EXPECT_CELL("A", 6, 9, -150);
 }
 
 TEST_F(WorksheetA, TherapyAdjustmentsPostToTheirCostCenters) {
     Begin_A(fy2016);
-    Put("A5", 10_cur, "Col_2", -1);
-    Put("A5", 10.1_cur, "Col_2", -2);
-    Put("A5", 10.2_cur, "Col_2", -3);
+    Cell("A5", 10, 2, -1);
+    Cell("A5", 10.1, 2, -2);
+    Cell("A5", 10.2, 2, -3);
     Calc_A();
-    EXPECT_EQ(List("A", "Col_9", "LineNum In(7,8,9)"), "-1 -2 -3");
+    EXPECT_EQ(List("A", 9, "LineNum In(7,8,9)"), "-1 -2 -3");
 }
 
 TEST_F(WorksheetA, NegativeTotalsStay) {
     Begin_A(fy2016);
-    Put("A", 6_cur, "Col_5", -100);
+    Cell("A", 6, 5, -100);
     Calc_A();
-    EXPECT_CELL("A", 6_cur, "Col_10", -100);
-    EXPECT_CELL("A", 29_cur, "Col_10", -100);
+    EXPECT_CELL("A", 6, 10, -100);
+    EXPECT_CELL("A", 29, 10, -100);
 }
 
 TEST_F(WorksheetA, SublinesCountInTheTotal) {
     Begin(fy2016);
     Add_Cost_Center(5.01_cur, "Billing");
     for (const char* item : {"A", "A4", "A5", "A6pB"}) Build(item);
-    Put("A", 5.01_cur, "Col_5", 10);
-    Put("A", 13.2_cur, "Col_5", 200);
-    Put("A", 29_cur, "Col_5", 9999);
+    Cell("A", 5.01, 5, 10);
+    Cell("A", 13.2, 5, 200);
+    Cell("A", 29, 5, 9999);
     Calc_A();
-    EXPECT_CELL("A", 29_cur, "Col_5", 210);
-    EXPECT_CELL("A", 29_cur, "Col_10", 210);
+    EXPECT_CELL("A", 29, 5, 210);
+    EXPECT_CELL("A", 29, 10, 210);
 }
 
 // The form's instructions in plain arithmetic, without a statement in sight.
@@ -240,7 +240,7 @@ class RandomWorksheetA : public WorksheetA, public testing::WithParamInterface<u
         static constexpr std::array kLines{1_cur, 3_cur, 5_cur, 5.01_cur, 6_cur, 13.2_cur, 23_cur, 23.2_cur, 27_cur};
         return kLines[static_cast<std::size_t>(Number(0, static_cast<int>(kLines.size()) - 1))];
     }
-    static Value Cell(const std::optional<Currency>& amount) { return amount ? Value(*amount) : Value(Null); }
+    static Value Amount_Of(const std::optional<Currency>& amount) { return amount ? Value(*amount) : Value(Null); }
 };
 
 TEST_P(RandomWorksheetA, AgreesWithPlainArithmetic) {
@@ -254,25 +254,25 @@ TEST_P(RandomWorksheetA, AgreesWithPlainArithmetic) {
         const Currency line = chart["LineNum"].To_Currency();
         for (std::size_t c = 1; c <= 5; ++c) {
             const std::optional<Currency> amount = plain.lines[line][c] = Amount();
-            Put("A", line, Sql("Col_", static_cast<int>(c)).c_str(), Cell(amount));
+            Cell("A", line, static_cast<int>(c), Amount_Of(amount));
         }
     }
     std::vector<Posting> up, down, a5, a6;
     for (int n = Number(0, 29); n > 0; --n) {
         up.push_back({Currency(n), Reference(), Amount()});
         down.push_back({Currency(n), Reference(), Amount()});
-        Add_Row(
-            "A4", "LineNum, Col_3, Col_4, Col_6, Col_7",
-            Sql(n, ",", up.back().to, ",", Cell(up.back().amount), ",", down.back().to, ",", Cell(down.back().amount)));
+        Add_Row("A4", "LineNum, Col_3, Col_4, Col_6, Col_7",
+                Sql(n, ",", up.back().to, ",", Amount_Of(up.back().amount), ",", down.back().to, ",",
+                    Amount_Of(down.back().amount)));
     }
     for (const Currency line : {1_cur, 4_cur, 5_cur, 10_cur, 10.1_cur, 12_cur}) {
         a5.push_back({line, Reference(), Amount()});
-        Put("A5", line, "Col_4", a5.back().to);
-        Put("A5", line, "Col_2", Cell(a5.back().amount));
+        Cell("A5", line, 4, a5.back().to);
+        Cell("A5", line, 2, Amount_Of(a5.back().amount));
     }
     for (int n = 1; n <= 3; ++n) {
         a6.push_back({Currency(n), Reference(), Amount()});
-        Add_Row("A6pB", "LineNum, Col_1, Col_6", Sql(n, ",", a6.back().to, ",", Cell(a6.back().amount)));
+        Add_Row("A6pB", "LineNum, Col_1, Col_6", Sql(n, ",", a6.back().to, ",", Amount_Of(a6.back().amount)));
     }
     // What stood on A-5's other therapy line has an amount of 0.
 
@@ -281,12 +281,12 @@ TEST_P(RandomWorksheetA, AgreesWithPlainArithmetic) {
 
     for (const auto& [line, row] : plain.lines) {
         for (std::size_t c = 1; c <= 10; ++c) {
-            EXPECT_EQ(Get("A", line, Sql("Col_", static_cast<int>(c)).c_str()), Cell(row[c]))
+            EXPECT_EQ(Cell("A", line, static_cast<int>(c)), Amount_Of(row[c]))
                 << "line " << line.To_Text() << " column " << c;
         }
     }
     for (std::size_t c = 1; c <= 10; ++c) {
-        EXPECT_EQ(Get("A", 29_cur, Sql("Col_", static_cast<int>(c)).c_str()), Value(plain.Total(c))) << "column " << c;
+        EXPECT_EQ(Cell("A", 29, static_cast<int>(c)), Value(plain.Total(c))) << "column " << c;
     }
 }
 

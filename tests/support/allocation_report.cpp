@@ -4,12 +4,8 @@
 
 #include "calc/w_a.h"
 #include "calc/w_b1.h"
-#include "common/dates.h"
 #include "common/sql_text.h"
-#include "report/chart.h"
 #include "report/master.h"
-#include "report/open_report.h"
-#include "report/registry.h"
 
 namespace tallmar {
 
@@ -30,48 +26,36 @@ std::string Insert_Cost_Center(const oracle::CostCenter& cc) {
 }  // namespace
 
 AllocationReport::AllocationReport() {
-    Open();
-    Build();
+    Begin_Chart();
+    Build_Allocation();
 }
 
 AllocationReport::AllocationReport(const std::vector<oracle::CostCenter>& chart) {
-    Open();
-    db.Execute("DELETE * FROM CostCenters;");
-    for (const oracle::CostCenter& cc : chart) db.Execute(Insert_Cost_Center(cc));
-    Build();
+    Begin_Chart();
+    Execute("DELETE * FROM CostCenters;");
+    for (const oracle::CostCenter& cc : chart) Execute(Insert_Cost_Center(cc));
+    Build_Allocation();
     for (const oracle::CostCenter& cc : chart) {
         Net(Number_Of(cc.line), cc.netExpenses ? Value(Currency::From_Scaled(*cc.netExpenses)) : Value{});
     }
 }
 
-AllocationReport::~AllocationReport() {
-    openReport = {};
-}
-
-void AllocationReport::Open() {
-    openReport = {};
-    openReport.FYStart = Date_Of(2015, 10, 1);
-    openReport.FYEnd = Date_Of(2016, 9, 30);
-    openReport.FormNum = "1728";
-    openReport.ProviderNumber = "14-7100";
-    openReport.ProviderName = "Tallmar Home Care";
-    db = DBEngine::CreateDatabase(folder_.File("Report.CRF"), ";LANGID=0x0409;CP=1252;COUNTRY=0");
-    Build_Worksheets();
+void AllocationReport::Begin_Chart() {
+    Begin(fy2016);
     Build_Master();
-    Build_CC();
 }
 
-void AllocationReport::Build() {
+void AllocationReport::Build_Allocation() {
     Build_A();
     Build_B1();
 }
 
 void AllocationReport::Net(Currency line, const Value& amount) {
-    db.Execute(Sql("UPDATE A SET Col_10 = ", amount, " WHERE LineNum = ", line, ";"));
+    Cell("A", line, 10, amount);
 }
 
 void AllocationReport::Statistic(Currency line, std::string_view column, const Value& statistic) {
-    db.Execute(Sql("UPDATE B1 SET ", column, " = ", statistic, " WHERE LineNum = ", line, ";"));
+    Cell("B1", line, column, statistic);
 }
 
 void AllocationReport::Statistics(std::initializer_list<Currency> lines, std::string_view column,
@@ -80,26 +64,20 @@ void AllocationReport::Statistics(std::initializer_list<Currency> lines, std::st
 }
 
 void AllocationReport::Override(Currency row, std::string_view column, double amount) {
-    db.Execute(Sql("INSERT INTO B1X (RowCCNum, ColCCNum, Amount) VALUES (", row, ",'", column, "',", amount, ");"));
+    Add_Row("B1X", "RowCCNum, ColCCNum, Amount", Sql(row, ",'", column, "',", amount));
 }
 
 void AllocationReport::Link(Currency from, Currency to) {
-    db.Execute(Sql("INSERT INTO StatLinks (FromCCNum, ToCCNum) VALUES (", from, ",", to, ");"));
+    Add_Row("StatLinks", "FromCCNum, ToCCNum", Sql(from, ",", to));
 }
 
-Value AllocationReport::Cell(std::string_view table, Currency line, std::string_view column) const {
-    const Row row = db.Read_Row(Sql("SELECT ", column, " FROM ", table, " WHERE LineNum = ", line, ";"));
-    EXPECT_TRUE(row) << table << " has no such line";
-    return row ? row[0] : Value{};
-}
-
-double AllocationReport::B(Currency line, std::string_view column) const {
+double AllocationReport::B(Currency line, std::string_view column) {
     const Value cell = Cell("B", line, column);
     EXPECT_FALSE(cell.Is_Null()) << column;
     return cell.Is_Null() ? 0 : cell.To_Double();
 }
 
-double AllocationReport::B1(Currency line, std::string_view column) const {
+double AllocationReport::B1(Currency line, std::string_view column) {
     const Value cell = Cell("B1", line, column);
     EXPECT_FALSE(cell.Is_Null()) << column;
     return cell.Is_Null() ? 0 : cell.To_Double();

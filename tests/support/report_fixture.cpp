@@ -10,9 +10,12 @@
 #include "common/variant.h"
 #include "report/answers.h"
 #include "report/build_worksheet.h"
+#include "report/chart.h"
 #include "report/message_log.h"
 #include "report/new_report.h"
 #include "report/open_report.h"
+#include "report/registry.h"
+#include "report/run_log.h"
 #include "report/store.h"
 
 namespace tallmar {
@@ -24,6 +27,12 @@ NewReportEntries Sample_Entries() {
     entries.providerNumber = "14-7100";
     entries.facilityName = "Prairie Home Health";
     return entries;
+}
+
+void Begin_File(const TempFolder& folder) {
+    Install_Catalogue(All_Families());
+    Take_Path(folder.File("report.CRF"));
+    if (!CreateCRF()) throw std::runtime_error("no report was made");
 }
 
 std::string Listed(const std::vector<Platform::BatchMessage>& messages) {
@@ -75,9 +84,7 @@ bool Same_Value(const Value& found, const Value& expected) {
 }  // namespace
 
 Report::Report(const FiscalYear& year) {
-    Install_Catalogue(All_Families());
-    Take_Path(folder_.File("report.CRF"));
-    if (!CreateCRF()) throw std::runtime_error("no report was made");
+    Begin_File(folder);
     Assemble_CRF(Sample_Entries(), year);
     Load_Answers();
     End_Msg_Log("NewCRF");
@@ -86,7 +93,22 @@ Report::Report(const FiscalYear& year) {
 }
 
 Report::~Report() {
-    Forget_Report();
+    openReport = {};
+    Install_Catalogue({});
+}
+
+void Report::Begin(const FiscalYear& year, std::initializer_list<const char*> items) {
+    Begin_File(folder);
+    const NewReportEntries entries = Sample_Entries();
+    openReport.FormNum = entries.formNum;
+    openReport.ProviderNumber = entries.providerNumber;
+    openReport.ProviderName = entries.facilityName;
+    openReport.FYStart = year.start;
+    openReport.FYEnd = year.end;
+    Build_Worksheets();
+    Build_Log();
+    Build_CC();
+    for (const char* item : items) Build(item);
 }
 
 void Report::Cell(std::string_view item, const LineRef& line, const ColumnRef& column, const Value& value) {
@@ -94,7 +116,7 @@ void Report::Cell(std::string_view item, const LineRef& line, const ColumnRef& c
     if (changed != 1) ADD_FAILURE() << Place(item, line, column) << ": " << changed << " rows";
 }
 
-Value Report::Cell(std::string_view item, const LineRef& line, const ColumnRef& column) const {
+Value Report::Cell(std::string_view item, const LineRef& line, const ColumnRef& column) {
     const auto value = Read_Cell(item, line, column);
     if (!value) ADD_FAILURE() << Place(item, line, column) << ": no such row";
     return value.value_or(Null);
@@ -104,9 +126,40 @@ std::int64_t Report::Execute(std::string_view sql) {
     return db.Execute(sql);
 }
 
-Value Report::Read(std::string_view select) const {
+void Report::Add_Row(std::string_view item, std::string_view fields, std::string_view values) {
+    db.Execute(Sql("INSERT INTO ", item, " (", fields, ") VALUES (", values, ");"));
+}
+
+void Report::Add_Cost_Center(Currency line, std::string_view name) {
+    Add_Row("CostCenters", "LineNum,LineType,CCNum,CCGroup,CCType,MaxLines,CCName",
+            Sql(line, ",'S',", line, ",", static_cast<int>(line.Scaled() / 100), ",'A',9,", Quoted(name)));
+}
+
+Value Report::Read(std::string_view select) {
     const Row row = db.Read_Row(select);
     return row ? row[0] : Value(Null);
+}
+
+std::int32_t Report::Count(std::string_view table) {
+    return Read(Sql("SELECT Count(*) FROM ", table, ";")).To_Long();
+}
+
+std::string Report::Column(std::string_view select) {
+    std::string joined;
+    Recordset rows = db.OpenRecordset(select, RecordsetType::Snapshot);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const Value value = rows.Fields(0).Value();
+        joined += (joined.empty() ? "" : " ") + (value.Is_Null() ? "-" : value.To_Text());
+    }
+    return joined;
+}
+
+std::string Report::List(std::string_view item, const ColumnRef& column, std::string_view where) {
+    return Column(Sql("SELECT ", column.name, " FROM ", item, " WHERE ", where, " ORDER BY LineNum;"));
+}
+
+std::string Report::Lines(std::string_view item, std::string_view where) {
+    return List(item, "LineNum", where);
 }
 
 void Report::Calc() {

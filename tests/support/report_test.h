@@ -18,18 +18,14 @@
 #include "report/registry.h"
 #include "report/store.h"
 #include "report/upgrade.h"
-#include "support/fake_platform.h"
-#include "support/temp_folder.h"
+#include "support/report_fixture.h"
 
 namespace tallmar {
 
-class ReportTest : public ::testing::Test {
+// Its tests are inside the report: Cell("A", 5, 3, 1200); Calc(). No catalogue is installed until a report is begun
+// with one.
+class ReportTest : public ::testing::Test, protected Report {
   protected:
-    ~ReportTest() override {
-        openReport = {};
-        Install_Catalogue({});
-    }
-
     // An empty database in `db`, in memory.
     void Empty_Database() {
         Take_Path(folder.File("Empty.CRF"));
@@ -44,17 +40,6 @@ class ReportTest : public ::testing::Test {
         ASSERT_TRUE(Create_CRF(folder.File(name), entries, {start, end}));
     }
 
-    static Value Read(std::string_view select) { return db.Read_Row(select)[0]; }
-    static std::int32_t Count(std::string_view table) {
-        return Read(Sql("SELECT Count(*) FROM ", table, ";")).To_Long();
-    }
-    // One column of a SELECT, joined by blanks.
-    static std::string Column(std::string_view select) {
-        std::string joined;
-        Recordset rows = db.OpenRecordset(select, RecordsetType::Snapshot);
-        for (; !rows.Eof(); rows.MoveNext()) joined += (joined.empty() ? "" : " ") + rows.Fields(0).Value().To_Text();
-        return joined;
-    }
     static std::string Bytes(const std::string& path) {
         std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
@@ -69,9 +54,6 @@ class ReportTest : public ::testing::Test {
         std::ranges::sort(names);
         return names;
     }
-
-    FakePlatform platform;
-    TempFolder folder;
 };
 
 }  // namespace tallmar
