@@ -185,7 +185,8 @@ TEST(CatalogueTest, LinesAreThoseOfTheForm) {
 TEST(CatalogueTest, WorksheetsOfSomeYearsAreKeptForTheUndoOfS2) {
     for (const WorksheetFamily& family : All_Families()) {
         const auto isKept = [&](const SideTable& side) { return side.tables.Matches(Stem_Of(family.items)); };
-        EXPECT_EQ(std::ranges::any_of(kEditS2.sides, isKept), family.years != Years::Always) << family.items.Text();
+        EXPECT_EQ(std::ranges::any_of(kEditS2.rows.sides, isKept), family.years != Years::Always)
+            << family.items.Text();
     }
 }
 

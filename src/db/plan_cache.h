@@ -10,6 +10,7 @@
 
 #include "db/prepared_statement.h"
 #include "db/shapes.h"
+#include "db/statement_cache.h"
 #include "sql/plan.h"
 
 namespace tallmar::db_detail {
@@ -36,8 +37,6 @@ struct CachedPlan {
     std::vector<WriteStatement> writes;
     std::unordered_map<std::string, PreparedStatement> others;  // seeks and deletions, by their text
 };
-
-inline constexpr std::size_t kStatementCacheSize = 1024;
 
 class PlanCache {
   public:

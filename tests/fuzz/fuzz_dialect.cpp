@@ -17,7 +17,7 @@ const sql::Schema& Fixed_Schema() {
     static const sql::Schema schema = [] {
         sql::Schema tables;
         for (const char* name : {"A", "B", "T", "CostCenters", "A4", "Cp3"}) {
-            TableShape shape;
+            sql::TableShape shape;
             shape.name = name;
             shape.fields = {
                 {"LineNum", FieldType::Currency}, {"CCNum", FieldType::Currency}, {"CCName", FieldType::Text, 40},
