@@ -33,7 +33,7 @@ constexpr std::array<std::string_view, 9> kTotalsWithConsultants{"Col_1", "Col_2
 
 struct Analysis {
     std::string_view item;
-    std::span<const std::string_view> totals;  // column 9, the line total, stands last
+    std::span<const std::string_view> totals;  // column 9, the line total, is last
     std::string_view zeroes;                   // columns that begin at 0 ...
     std::string_view shaded;                   // ... but for these lines
 };

@@ -15,7 +15,7 @@ extern const std::array<FixedRow, 1> kLinesA4;
 void Build_A4();
 void Calc_A4();
 
-// Clears the sides without a cost center number and takes the names anew from the chart.
+// Clears the sides without a cost center number and takes the names from the chart again.
 void Sync_A4();
 
 // The line of the next new row.
@@ -24,8 +24,8 @@ Currency Next_A4_Line();
 Currency Add_A4_Row();
 // Deletes the entry and closes the gap.
 void Delete_A4_Row(Currency line);
-// What the form does as it closes: rows without a cost center go, the others are numbered anew in the order of their
-// codes, within a code as they stood.
+// What the form does as it closes: rows without a cost center go, the others are renumbered in the order of their
+// codes, within a code in their former order.
 void Renumber_A4();
 
 }  // namespace tallmar

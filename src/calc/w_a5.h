@@ -15,7 +15,7 @@ void Build_A5();
 // Line 5 from A-6 Part B, the therapy lines from A-8-3 (0 from 10/1/2000 on), the total.
 void Calc_A5();
 
-// A user's line .01 behind `after`; lines that stand in its way move up by .01. Where `after` is none of the user's
+// A user's line .01 behind `after`; lines in its way move up by .01. Where `after` is none of the user's
 // lines the new one goes behind the last of them, the first becoming 13. Returns the line; throws DuplicateKey where
 // it would reach the total.
 Currency Add_A5_Row(Currency after);

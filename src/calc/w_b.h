@@ -13,7 +13,7 @@ extern const std::array<FixedRow, 1> kLinesB;
 // The table from the chart, filled. A chart without capital cost centers is reported, and the build goes on.
 // Throws DbError: TableExists, UnknownField where a general service cost center of line 6 or above has no column.
 void Build_B();
-// The rows of an empty B from the chart: 0 wherever an amount can come to stand, Null elsewhere.
+// The rows of an empty B from the chart: 0 wherever there can be an amount, Null elsewhere.
 void Fill_B();
 
 }  // namespace tallmar

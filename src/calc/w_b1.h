@@ -21,7 +21,7 @@ void Build_StatLinks();
 
 // Copies each linked column from the line after the recipient's own down to 28.99, then replays the overrides.
 void Apply_StatLinks();
-// Writes the overrides into B1; those of a column that B1 has not are deleted.
+// Writes the overrides into B1; those of a column that B1 does not have are deleted.
 void Apply_B1X();
 
 // The whole step-down: fills B and the totals of B1. Requires AGOption. A fixed line that is missing is reported, and

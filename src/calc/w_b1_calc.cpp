@@ -22,7 +22,7 @@ namespace tallmar {
 
 namespace {
 
-constexpr int kFirstColumn = 5;  // of B1: the statistics begin; of B: NetExpenses stands there
+constexpr int kFirstColumn = 5;  // of B1: the statistics begin; of B: NetExpenses
 constexpr Currency kTotalLine = 29_cur;
 constexpr Currency kCostLine = 30_cur;
 constexpr Currency kUnitLine = 31_cur;
@@ -160,7 +160,7 @@ void Store_Statistic(std::string_view column, double value, Currency line) {
     db.Execute(Sql("UPDATE B1 SET ", column, " = ", value, " WHERE LineNum = ", line, ";"));
 }
 
-// SubTotal, once, when the pass stands at its position in B. The tables line up on the first column of line 5.
+// SubTotal, once, when the pass is at its position in B. The tables line up on the first column of line 5.
 void Calc_B_SubTotal(Allocation& b, int position) {
     const int count = static_cast<int>(b.fields.size());
     if (position >= count || Field_Name(b.fields, position) != "SubTotal") return;
@@ -315,7 +315,7 @@ int Calc_Column(const Statistics& b1, Allocation& b, int position) {
     Store_Statistic(column, Read_Number(Sql("SELECT SUM(", Guarded(column), ") as SumTot FROM B1 WHERE ", Below(cc))),
                     cc);
 
-    // A column that has no line allocates from wherever the pass stands.
+    // A column that has no line allocates from where the pass is.
     const int ownRecord = Find_Line(b.lines, cc);
     if (ownRecord >= 0) b.record = ownRecord;
     const double cost = Cost_To_Allocate(b, cc);

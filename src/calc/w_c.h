@@ -29,7 +29,7 @@ void Build_Cp2(const Item& item);
 void Calc_Cp2(const Item& item);
 // A split period has two lines a discipline and a total of its own; the others have neither.
 bool Cp2_Fits_Period(const Item& item);
-// Builds the table anew with what was keyed in it. Visits of a line that is no longer there count in the line before.
+// Builds the table again with what was keyed in it. Visits of a line that is no longer there count in the line before.
 void Fit_Cp2(const Item& item);
 // "Cp2m0160" for the MSA code "160", "Cp2c16580" for a CBSA code.
 std::string Cp2_Item_Of_MSA(std::string_view code);

@@ -17,7 +17,7 @@ constexpr std::array kColumns{
 
 constexpr const char* kAmounts = "0,0,0,0";
 constexpr const char* kTotal = "Null,Null,Null,Null";
-// A fund balance stands in the column of its fund only.
+// A fund balance is in the column of its fund only.
 constexpr const char* kGeneralFund = "0,Null,Null,Null";
 constexpr const char* kSpecificFund = "Null,0,Null,Null";
 constexpr const char* kEndowmentFund = "Null,Null,0,Null";

@@ -11,7 +11,7 @@ namespace {
 constexpr std::array kColumns{Column{"LineNum"}, Column{"Description", FieldType::Text, 60}, Column{"Col_1"},
                               Column{"Col_2"}};
 
-// Detail stands in the first column, totals in the second.
+// Detail is in the first column, totals are in the second.
 constexpr const char* kDetail = "0,Null";
 constexpr const char* kTotal = "Null,0";
 

@@ -21,7 +21,7 @@ constexpr std::array kColumns{
 
 constexpr const char* kFields = "LineNum,LineLabel,Col_1";
 
-// Special purpose lines of the chart, 24 to 28, stand as 3, 3.5, 4, 5 and 6. This runs before lines 24 and on of the
+// Special purpose lines of the chart, 24 to 28, are lines 3, 3.5, 4, 5 and 6. This runs before lines 24 and on of the
 // worksheet's own are there.
 constexpr std::array kFromChart{
     "INSERT INTO S2 (LineNum, LineLabel) SELECT LineNum, CCName FROM CostCenters "

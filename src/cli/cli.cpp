@@ -45,7 +45,7 @@ std::string Is_Named(const std::string& file) {
     return file.empty() ? "a report needs a name" : "";
 }
 
-// The platform and the catalogue stand only while a command runs: what was installed before comes back.
+// The platform and the catalogue are installed only while a command runs: what was installed before comes back.
 class Installed {
   public:
     explicit Installed(Platform& platform) : before_(Install_Platform(&platform)) { Install_Catalogue(All_Families()); }

@@ -20,7 +20,7 @@ constexpr std::size_t kFields = 4;  // Item, LineNum, Column, Value
 
 struct CellList {
     std::vector<CellText> cells;
-    std::vector<long> lines;  // where in the file each cell stands
+    std::vector<long> lines;  // where in the file each cell is
 };
 
 bool Is_Head(const CsvRecord& record) {

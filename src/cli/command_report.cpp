@@ -1,4 +1,4 @@
-// The commands that make, copy and compact a report, and the one that tells what it is.
+// The commands that make, copy and compact a report, and the one that describes it.
 #include <array>
 #include <iomanip>
 

@@ -1,4 +1,4 @@
-// The command line's door to the outside: message boxes become lines on standard error, dialogs have no use.
+// The command line's platform: message boxes become lines on standard error, dialogs have no use.
 #pragma once
 
 #include <optional>
@@ -37,7 +37,7 @@ class ConsolePlatform final : public Platform {
     void Progress(std::string_view text) override;
     void Do_Events() override {}
     Date Now() override;
-    // Nothing is remembered between two commands: every setting stands at its default.
+    // Nothing is remembered between two commands: every setting has its default.
     std::string Get_Setting(std::string_view, std::string_view, std::string_view, std::string_view otherwise) override {
         return std::string(otherwise);
     }
@@ -65,7 +65,7 @@ class ConsolePlatform final : public Platform {
 std::string One_Line(std::string_view text);
 // The per-user data folder of the system, or empty where the user has no home. A relative XDG_DATA_HOME does not count.
 std::string User_Data_Folder();
-// The folder the running program stands in.
+// The folder of the running program.
 std::string Executable_Folder();
 
 }  // namespace tallmar

@@ -22,7 +22,7 @@ void Keep_Standard_Numbers() {
 
 int main(int argc, char** argv) {
     Keep_Standard_Numbers();
-    // Who reads the results may go away: that is a failed write, told and answered by 1, and no end in mid-job.
+    // Who reads the results may go away: that is a failed write, reported and answered by 1, and no end in mid-job.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         std::ios::sync_with_stdio(false);

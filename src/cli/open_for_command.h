@@ -8,7 +8,7 @@
 
 namespace tallmar {
 
-// Opens the report as the menu does; a file that cannot be opened has been told in a message box. Released at the end
+// Opens the report as the menu does; a file that cannot be opened has had its message box. Released at the end
 // without compaction, whatever happens.
 class OpenedReport {
   public:

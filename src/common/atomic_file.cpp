@@ -153,7 +153,7 @@ class TemporaryName {
         }
         if (errno == EEXIST) return false;
         if (errno != EINVAL && errno != ENOSYS) Fail(errno, path_);
-        // A file system without such a step: whoever else makes this file holds the temporary name first.
+        // A file system without such a step: another program that makes this file holds the temporary name first.
         if (::access(path_.c_str(), F_OK) == 0) return false;
         Rename_Over();
         return true;

@@ -9,7 +9,7 @@
 namespace tallmar {
 
 // Throws std::system_error with the system's own words: no such folder, no permission (also where the file that
-// stands there is read only), disk full. Nothing has changed then. A link at `path` stays a link; owner, group and
+// is there is read only), disk full. Nothing has changed then. A link at `path` stays a link; owner, group and
 // rights of the old file pass to the new one, as far as the user may give them. EBUSY where another program is
 // replacing the same file.
 void Write_File_Atomically(const std::string& path, std::string_view bytes);

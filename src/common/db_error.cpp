@@ -11,7 +11,7 @@ namespace {
 
 enum class Scope : std::uint8_t { Statement, File };
 
-// `plain` is the text where there is nothing to name; "{}" stands for what is named.
+// `plain` is the text where there is nothing to name; "{}" is replaced by what is named.
 struct DbErrorText {
     DbErrorCode code;
     std::string_view plain;

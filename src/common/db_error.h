@@ -59,7 +59,7 @@ class DbError : public std::runtime_error {
     explicit DbError(DbErrorCode code, std::string_view argument = {});
     // The reason follows the code's text: "The file 'a' cannot be opened: it is a folder".
     DbError(DbErrorCode code, std::string_view argument, std::string_view reason);
-    // The statement's text and where in it, as a byte offset, the trouble stands: the description quotes the place.
+    // The statement's text and where in it, as a byte offset, the trouble is: the description quotes the place.
     DbError(DbErrorCode code, std::string_view argument, std::string_view statement, std::size_t offset);
     // "Overflow in A, line 29, column Col_5"
     DbError(DbErrorCode code, DbPlace where);

@@ -14,7 +14,7 @@ namespace tallmar {
 
 namespace {
 
-// One step of a format text: a code, or a character that stands for itself.
+// One step of a format text: a code, or a literal character.
 struct Step {
     std::string text;
     bool literal = false;
@@ -83,7 +83,7 @@ Digits Rounded(std::string_view text, std::size_t places) {
     return result;
 }
 
-// Where a section's point, digit places and separators stand.
+// Where a section has its point, digit places and separators.
 struct NumberLayout {
     std::size_t point = 0;  // index of the point, or the number of steps
     std::size_t places = 0, wholePlaces = 0;

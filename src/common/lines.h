@@ -42,7 +42,7 @@ enum class LineKind : std::uint8_t {
 struct FixedRow {
     Currency line;
     const char* label;   // null: the label is Null
-    const char* values;  // the rest of the row as it stands in the statement: "0,0,Null"; empty: no further fields
+    const char* values;  // the rest of the row as the statement writes it: "0,0,Null"; empty: no further fields
     LineKind kind = LineKind::Entry;
 };
 

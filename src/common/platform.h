@@ -1,5 +1,6 @@
-// The one door to the outside: message boxes, dialogs, pointer, progress, settings, clock. Nothing else in the house
-// shows a box, asks the time or reads a setting. Implementations: the desktop's, the console's, the tests' fake.
+// The one interface to the outside: message boxes, dialogs, pointer, progress, settings, clock. Nothing else in the
+// program shows a box, asks the time or reads a setting. Implementations: the desktop's, the console's, the tests'
+// fake.
 #pragma once
 
 #include <cstdint>
@@ -24,12 +25,12 @@ enum : int {
     kInformation = 64,
     kDefaultButton2 = 256,
 };
-// What a message box answers. 0 stands for a question asked while a log runs: neither answer.
+// What a message box answers. 0 is for a question asked while a log runs: neither answer.
 enum class Answer : int { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 struct FileDialog {
     std::string directory;  // where it starts
-    std::string fileName;   // what stands in the name field
+    std::string fileName;   // what is in the name field at first
     std::string title;
     std::string defaultExtension;
     std::string filter;

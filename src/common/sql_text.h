@@ -29,7 +29,7 @@ void Append_Sql(std::string& sql, double part);
 // quotes in it doubled, a date between # signs.
 void Append_Sql(std::string& sql, const Value& part);
 
-// Sql("UPDATE A5 SET Col_2=", amount, " WHERE LineNum = ", line, ";"). Texts stand as they are: what a person typed
+// Sql("UPDATE A5 SET Col_2=", amount, " WHERE LineNum = ", line, ";"). Texts go in unchanged: what a person typed
 // goes through Quoted.
 template <class... Parts>
 std::string Sql(const Parts&... parts) {

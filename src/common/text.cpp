@@ -132,7 +132,7 @@ std::size_t List_End(std::string_view pattern, std::size_t open) {
     return close == std::string_view::npos ? close : close + 1;
 }
 
-// `list` stands between the brackets; "!" alone is a list of that one character.
+// `list` is what is between the brackets; "!" alone is a list of that one character.
 bool In_List(std::string_view list, char32_t c) {
     const bool none = list.size() > 1 && list.front() == '!';
     if (none) list.remove_prefix(1);
@@ -177,7 +177,7 @@ bool Like(std::string_view text, std::string_view pattern) {
                 starPattern = ++p;
                 starText = t;
             } else {
-                p += 2;  // an empty list stands for nothing
+                p += 2;  // an empty list matches nothing
             }
         }
         if (t == text.size()) return p == pattern.size();
@@ -286,7 +286,7 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
 
 namespace {
 
-// Bytes 80 to 9F of the page; the five that it leaves free stand for the control of their own number.
+// Bytes 80 to 9F of the page; the five that it leaves free mean the control of their own number.
 constexpr std::array<char32_t, 32> kHighControls = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
                                                     0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,

@@ -7,7 +7,7 @@
 namespace tallmar {
 
 // Case folding covers A-Z and the letters of code page 1252 (a-umlaut, e-acute, y-diaeresis, ...); bytes that are no
-// valid UTF-8 stand for themselves.
+// valid UTF-8 mean themselves.
 std::string To_Upper(std::string_view text);
 std::string To_Lower(std::string_view text);
 // <0, 0, >0 without regard to case. A total order: equal only where the folded texts are equal.
@@ -19,7 +19,7 @@ struct LessText {
 };
 bool Same_Text(std::string_view a, std::string_view b);
 // The pattern language of Like: * any run, ? one character, # one digit, [a-c] one of, [!a-c] none of. Without regard
-// to case. A pattern that ends inside [ matches nothing; [] stands for no character, [!] for an exclamation mark.
+// to case. A pattern that ends inside [ matches nothing; [] matches no character, [!] for an exclamation mark.
 bool Like(std::string_view text, std::string_view pattern);
 
 // Blanks (0x20) only, as the dialect's Trim.
@@ -41,7 +41,7 @@ bool Begins_With(std::string_view text, std::string_view prefix);
 // Every `from` replaced.
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 
-// Code page 1252 at the borders of the house. A character that the page has not, or a stray byte, becomes '?'.
+// Code page 1252 at the program's borders. A character that the page does not have, or a stray byte, becomes '?'.
 std::string To_Cp1252(std::string_view utf8);
 std::string From_Cp1252(std::string_view bytes);
 // The characters that the page does not have, each once, in quotes: "'日', '本'".

@@ -11,7 +11,7 @@
 
 namespace tallmar {
 
-// The types of a field. The numbers are stored in no file but stand in the dialect's documents: never renumber.
+// The types of a field. The numbers are stored in no file but the dialect's documents name them: never renumber.
 enum class FieldType : std::uint8_t {
     Boolean = 1,
     Byte = 2,

@@ -1,4 +1,4 @@
-// The pointer waits while one of these lives.
+// The pointer waits during the life of one of these.
 #pragma once
 
 #include "common/platform.h"

@@ -140,7 +140,7 @@ bool Connection::Changed_Elsewhere() {
     try {
         const NoWaiting atOnce(Handle());
         version = Single_Text("PRAGMA data_version");
-    } catch (const DbError&) {  // the next call tells
+    } catch (const DbError&) {  // the next call finds out
     }
     const bool first = dataVersion_.empty();
     if (version == std::exchange(dataVersion_, version) || first) return false;

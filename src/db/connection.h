@@ -36,7 +36,7 @@ class Connection {
     sqlite3* Handle() const { return session_.Handle(); }
     const std::string& Path() const { return session_.Path(); }
     bool Is_Read_Only() const { return readOnly_; }
-    // Of a copy in memory that stands for a file which is read only.
+    // Of a copy in memory of a file that is read only.
     void Refuse_Changes();
     bool Has_Rebuilt_Index() const { return rebuiltIndex_; }
     void Note_Rebuilt_Index() { rebuiltIndex_ = true; }
@@ -48,7 +48,7 @@ class Connection {
     // A table that a statement of ours has just made, changed or removed.
     void Table_Changed(TableShape shape);
     void Table_Removed(std::string_view name);
-    // Everything known of the file is read anew: after a roll-back.
+    // Everything known of the file is read again: after a roll-back.
     void Forget_Shapes();
 
     // The plan of a statement; `lifted` receives its literals.
@@ -65,7 +65,7 @@ class Connection {
     std::string Single_Text(std::string_view sql);
     PlanCache& Plans() { return plans_; }
 
-    // The error that a failing call stands for. Inside a job a failure of the disk ends the job.
+    // The error of a failing call. Inside a job a failure of the disk ends the job.
     DbError Failure(int result) { return session_.Failure(result); }
     // Before anything is written. Throws what ended the transaction of the job under way: what the job still does
     // must not reach the file in pieces.
@@ -79,7 +79,7 @@ class Connection {
     void Write_Job_Ahead();
 
     // True where another connection has committed to the file since the last call. What is known of the tables is read
-    // anew then. False while the file is being changed: the next call tells.
+    // again then. False while the file is being changed: the next call finds out.
     bool Changed_Elsewhere();
 
     void Set_Log(StatementLog log) { session_.Set_Log(std::move(log)); }
@@ -117,7 +117,7 @@ class AllOrNothing {
     bool open_ = true;
 };
 
-// The connection behind a handle, for the parts of the engine that stand outside the classes.
+// The connection behind a handle, for the parts of the engine outside the classes.
 struct Access {
     static Connection& Of(const Database& database);
 };

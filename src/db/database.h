@@ -1,4 +1,4 @@
-// The one road to the data of a report: the operations of the database engine under the system's own names.
+// The one way to the data of a report: the operations of the database engine under the system's own names.
 //
 // A report file is one SQLite file and nothing beside it once closed. Objects here are handles: a Database is copied
 // freely and means the same open file; a Recordset is local to one procedure and ends with it. One thread.
@@ -107,7 +107,7 @@ class Recordset {
     std::shared_ptr<db_detail::RecordsetState> state_;
 };
 
-// The design of a table: of one that stands in the file (Database::TableDefs), or of a new one on its way there.
+// The design of a table: of one that is in the file (Database::TableDefs), or of a new one on its way there.
 class TableDef {
   public:
     const std::string& Name() const { return shape_.name; }
@@ -153,7 +153,7 @@ class Database {
     bool Is_Open() const;
     const std::string& Path() const;
     bool Is_Read_Only() const;
-    // True where the opening found an index damaged and rebuilt it: the user is to be told.
+    // True where the opening found an index damaged and rebuilt it: tell the user.
     bool Has_Rebuilt_Index() const;
     // True where another program, or another connection of this one, has committed to the file since the last call, or
     // since the file was opened. Cheap enough for every time that a window comes up.
@@ -189,7 +189,7 @@ class Database {
 };
 
 struct DBEngine {
-    // An empty report for `path`, open. Until Finish_Creation it lives in memory, so that a killed creation leaves
+    // An empty report for `path`, open. Until Finish_Creation it is in memory, so that a killed creation leaves
     // nothing behind. Throws CannotOpen where no report can be at `path`: no folder, or no room in the name for the
     // engine's journal.
     static Database CreateDatabase(const std::string& path, std::string_view locale);
@@ -210,9 +210,9 @@ struct DBEngine {
     // Packs the report at `from` into `to`. The two may be one file: then it is packed inside, as one change, and who
     // has it open goes on with it. Throws what CopyDatabase throws, and what OpenDatabase throws.
     static void CompactDatabase(const std::string& from, const std::string& to);
-    // The file as it is between two jobs of whoever uses it, placed at `to` as Finish_Creation does; a new file is no
-    // wider in its rights than `from`. Onto itself it does nothing. Throws Locked where one of the two files is being
-    // changed, NotADatabase, CannotOpen, ReadOnly, DiskFull; what is at `to` is untouched then.
+    // The file as it is between two jobs of the programs that use it, placed at `to` as Finish_Creation does; a new
+    // file is no wider in its rights than `from`. Onto itself it does nothing. Throws Locked where one of the two files
+    // is being changed, NotADatabase, CannotOpen, ReadOnly, DiskFull; what is at `to` is untouched then.
     static void CopyDatabase(const std::string& from, const std::string& to);
     // The same to a name that has no file. False, and nothing has changed, where there is one.
     static bool CopyToNewFile(const std::string& from, const std::string& to);

@@ -112,7 +112,7 @@ bool Replace_What_Is_No_Report(std::string_view content, const std::string& path
     }
 }
 
-// Inside the file, in one transaction: whoever has it open goes on with it.
+// Inside the file, in one transaction: programs that have it open go on with it.
 void Pack(Connection& report) {
     if (report.Is_Read_Only()) throw DbError(DbErrorCode::ReadOnly, report.Path());
     // Packing attaches a database in memory, which no statement of a report may.

@@ -17,7 +17,7 @@ struct FileCheck {
 
 // Throws DbError CannotOpen with the reason: missing, a folder, no permission, a side file that is none of ours.
 FileCheck Check_File(const std::string& path);
-// Keeps every program from writing the file while it lives, through SQLite's own handle, which has not read it yet: a
+// Keeps every program from writing the file during its life, through SQLite's own handle, which has not read it yet: a
 // second handle, when it is closed, would end the locks that this process has on the file.
 class HeldStill {
   public:

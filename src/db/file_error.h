@@ -9,7 +9,7 @@ namespace tallmar::db_detail {
 
 // Of opening and reading the file at `path`. `error` is an errno.
 DbError Open_Error(int error, const std::string& path);
-// Of making, writing or replacing it: tells a file that is read only from a folder that is.
+// Of making, writing or replacing it: distinguishes a read-only file from a read-only folder.
 DbError Write_Error(int error, const std::string& path);
 
 }  // namespace tallmar::db_detail

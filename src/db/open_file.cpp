@@ -107,7 +107,7 @@ Seals Seals_Of(Connection& connection) {
     return seals;
 }
 
-// Each index anew from its table. Throws NotADatabase where that does not mend the file; nothing has changed then.
+// Each index again from its table. Throws NotADatabase where that does not mend the file; nothing has changed then.
 void Rebuild_Indexes(Connection& connection) {
     try {
         AllOrNothing steps(connection);
@@ -169,7 +169,7 @@ void Remove_Stale_Journal(Connection& connection, const std::string& journal) {
         ::unlink(journal.c_str());
         connection.Run_Once("COMMIT");
     } catch (const DbError&) {
-        // In use: whoever uses it looks after it.
+        // In use: its user looks after it.
     }
     sqlite3_busy_timeout(connection.Handle(), Busy_Milliseconds());
 }
@@ -229,7 +229,7 @@ std::shared_ptr<Connection> Open_For_Replacing(const std::string& path) {
 void Copy_Pages(Connection& from, Connection& to) {
     sqlite3_backup* backup = sqlite3_backup_init(to.Handle(), "main", from.Handle(), "main");
     if (backup == nullptr) throw to.Failure(sqlite3_errcode(to.Handle()));
-    // No page yet, but the lock of a change: the file must still be the one that bears the name.
+    // No page yet, but the lock of a change: the file must still be the one of that name.
     int moved = 0;
     if (sqlite3_backup_step(backup, 0) == SQLITE_OK) {
         sqlite3_file_control(to.Handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);

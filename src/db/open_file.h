@@ -18,7 +18,7 @@ enum class OpenFor : std::uint8_t {
 // The whole file is checked. Throws what DBEngine::OpenDatabase throws.
 std::shared_ptr<Connection> Open_File(const std::string& path, OpenFor purpose);
 
-// Keeps every other program from committing a change to the report at `path` for as long as the answer lives; those who
+// Keeps every other program from committing a change to the report at `path` during the life of the answer; those who
 // read it go on. Throws what DBEngine::OpenDatabase throws; the content is not checked.
 std::shared_ptr<Connection> Hold_For_Reading(const std::string& path);
 
@@ -26,7 +26,7 @@ std::shared_ptr<Connection> Hold_For_Reading(const std::string& path);
 // report, by its head. Throws what DBEngine::OpenDatabase throws for what is no file, or not to be read.
 std::shared_ptr<Connection> Open_For_Replacing(const std::string& path);
 
-// A new database in memory that bears `path` as its name.
+// A new database in memory with `path` as its name.
 std::shared_ptr<Connection> Open_In_Memory(const std::string& path);
 
 // All pages of `from` as they are, over whatever `to` holds.

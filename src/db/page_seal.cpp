@@ -61,7 +61,7 @@ std::uint32_t First_Checksum(std::span<const unsigned char> page, std::uint32_t 
 void Seal_First_Page(std::span<unsigned char> page) {
     const std::uint32_t counter = Number_At(page, kChangeCounterAt);
     const auto sealed = Read_Seal<std::uint32_t>(page, 4);
-    // 0: the file is written anew, all of it. Else its last writer must have been one that seals.
+    // 0: the whole file is written again. Else its last writer must have been one that seals.
     const bool counts = sealed == 0 || sealed == counter || sealed + 1 == counter;
     Write_Seal(page, 4, counts ? counter : kNotSealed);
     Write_Seal(page, 8, counts ? First_Checksum(page, counter) : 0);

@@ -1,10 +1,10 @@
-// A checksum at the end of each page of a report file. SQLite checks how a file is built and not what stands in it: a
+// A checksum at the end of each page of a report file. SQLite checks how a file is built and not what is in it: a
 // bit that a disk or a copy has flipped in an amount would pass for the amount.
 //
 // The pages of a report leave their last 8 bytes free, and the seal is there: over the page before it and its number.
 // Zeros are no seal. Page 1 shares the place between its own checksum and the change counter of the file as it was
 // sealed: where the two counters differ another program has written the file without sealing it, and no seal of it
-// counts from then on until the whole file is written anew.
+// counts from then on until the whole file is written again.
 #pragma once
 
 #include <sqlite3.h>

@@ -20,7 +20,7 @@ void PlanCache::Put(std::string_view shape, std::shared_ptr<CachedPlan> plan) {
     Trim_To_Capacity();
 }
 
-// A statement that speaks of a table holds its name somewhere; one that holds it by chance is only compiled anew.
+// A statement that speaks of a table holds its name somewhere; one that holds it by chance is only compiled again.
 void PlanCache::Forget(std::string_view table) {
     const std::string name = To_Upper(table);
     for (auto entry = entries_.begin(); entry != entries_.end();) {

@@ -32,7 +32,7 @@ struct WriteStatement {
 struct CachedPlan {
     sql::Plan plan;
     PreparedStatement sql, rows, keys, row, match, apply, again;
-    std::vector<FieldDef> fields;  // of the columns of a SELECT that are fields as they stand
+    std::vector<FieldDef> fields;  // of the columns of a SELECT that are fields, unchanged
     std::unordered_map<std::string, FindStatement> finds;
     std::vector<WriteStatement> writes;
     std::unordered_map<std::string, PreparedStatement> others;  // seeks and deletions, by their text

@@ -16,7 +16,7 @@ namespace tallmar::db_detail {
 
 class Session;
 
-// The key of a row that an outer join has not got.
+// The key of the missing side of an outer join.
 inline constexpr std::int64_t kNoKey = INT64_MIN;
 
 // What a recipe may draw its parameters from.
@@ -26,7 +26,7 @@ struct ParamSource {
     std::span<const StoredValue> columns{};  // new values of a match
 };
 
-// Texts are bound without a copy: what was bound must live until the statement is reset.
+// Texts are bound without a copy: what was bound must exist until the statement is reset.
 class PreparedStatement {
   public:
     PreparedStatement() = default;

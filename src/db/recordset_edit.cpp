@@ -13,7 +13,7 @@ using namespace db_detail;
 
 namespace {
 
-// Sets of fields remembered with a SELECT; past this many they begin anew.
+// Sets of fields remembered with a SELECT; past this many they start over.
 constexpr std::size_t kWritesKept = 32;
 
 void Begin_Changes(RecordsetState& state, EditMode mode) {
@@ -99,7 +99,7 @@ void Write_Changes(RecordsetState& state, Connection& connection) {
     }
     write.Step();
     if (!insert && sqlite3_changes64(connection.Handle()) == 0) throw DbError(DbErrorCode::NoCurrentRecord);
-    // A new row of a join has no partner that is known here: it is not among the rows until they are read anew.
+    // A new row of a join has no partner that is known here: it is not among the rows until they are read again.
     if (insert && state.rows->keyCount == 1) {
         state.rows->keys.push_back(sqlite3_last_insert_rowid(connection.Handle()));
         state.rows->Append();
@@ -125,7 +125,7 @@ void Recordset::AddNew() {
     Begin_Changes(*state_, EditMode::AddNew);
 }
 
-// The record is read again: what is edited is what stands in the file.
+// The record is read again: what is edited is what is in the file.
 void Recordset::Edit() {
     Connection& connection = state_->Open();
     if (!state_->updatable) throw DbError(DbErrorCode::NotUpdatable, state_->source);

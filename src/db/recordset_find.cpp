@@ -15,7 +15,7 @@ using namespace db_detail;
 
 namespace {
 
-// Compiled searches kept with a SELECT; past this many they begin anew.
+// Compiled searches kept with a SELECT; past this many they start over.
 constexpr std::size_t kFindsKept = 64;
 
 FindStatement& Compiled_Find(RecordsetState& state, std::string_view criterion, const std::string& shape) {
@@ -72,7 +72,7 @@ void Find_Backward(RecordsetState& state, std::string_view criterion, std::int64
     Settle(state, best);
 }
 
-// What stands between the first field of the index and the key, and the order in which the wanted row comes first.
+// The comparison of the first field of the index with the key, and the order in which the wanted row comes first.
 struct Comparison {
     std::string_view name;
     bool descending;
@@ -115,7 +115,7 @@ void Recordset::FindLast(std::string_view criterion) {
     Find_Backward(*state_, criterion, state_->rows->Count());
 }
 
-// A table recordset stands for the table as it is: a row that has come since it was opened is found as well.
+// A table recordset means the table as it is: a row that has come since it was opened is found as well.
 void Recordset::Seek(std::string_view comparison, const Value& key) {
     RecordsetState& state = *state_;
     Connection& connection = state.Open();

@@ -71,7 +71,7 @@ const std::vector<Value>& RecordsetState::Record() {
 
 namespace {
 
-// A table's name stands for all of the table.
+// A table's name means all of the table.
 std::string Whole_Select(std::string_view source) {
     const std::string_view name = Trim(source);
     if (name.starts_with('[')) return "SELECT * FROM " + std::string(name);

@@ -39,7 +39,7 @@ class RowList {
     void Set_Gone(std::int64_t position);
     // Rows before `position` that are still there.
     std::int64_t Rank(std::int64_t position) const;
-    // The position of the row with these keys; -1 where the recordset has not got it.
+    // The position of the row with these keys; -1 where the recordset does not have it.
     std::int64_t Position_Of(std::span<const std::int64_t> wanted);
 
   private:

@@ -20,7 +20,7 @@ struct LoggedStatement {
 // Everything that `work` has the engine run, in order. Ends a log that was set before.
 std::vector<LoggedStatement> Record_Statements(Database& database, const std::function<void()>& work);
 
-// Runs the statements on the connection of `database`, past everything that stands above SQLite. Each distinct text is
+// Runs the statements on the connection of `database`, past everything above SQLite. Each distinct text is
 // prepared when it is first run and kept, so that the first run is the cold one. Rows are stepped over.
 class Replay {
   public:

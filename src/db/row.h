@@ -20,7 +20,7 @@ class Row {
         : Row(std::make_shared<const std::vector<std::string>>(std::move(names)), std::move(values)) {}
     // False where the statement gave no row; every value then reads as Null.
     explicit operator bool() const { return !values_.empty(); }
-    // Without regard to case. Throws ItemNotFound for a name that the statement has not.
+    // Without regard to case. Throws ItemNotFound for a name that the statement does not have.
     const Value& operator[](std::string_view name) const;
     const Value& operator[](int position) const;
     // In the order of the statement; null in a row of nothing.

@@ -13,7 +13,7 @@ namespace tallmar::db_detail {
 
 namespace {
 
-// What stands in the schema beside plain tables and their indexes. It is asked for first: to look at the columns of a
+// What is in the schema beside plain tables and their indexes. It is asked for first: to look at the columns of a
 // virtual table would start whatever module it names.
 constexpr std::string_view kForeignSql =
     "SELECT 1 FROM sqlite_schema WHERE type NOT IN ('table', 'index') OR rootpage IS NULL OR rootpage < 2"
@@ -76,7 +76,7 @@ class Reader {
         shape_.fields.push_back({std::string(Text(row.get(), 3)), declared->type, declared->size});
     }
 
-    // The text is compared too: it would tell of defaults, checks, keys and other collations.
+    // The text is compared too: it would show defaults, checks, keys and other collations.
     void Finish_Table() {
         if (shape_.name.empty()) return;
         if (Without_Blanks(text_) != Without_Blanks(Create_Table_Text(shape_))) Refuse();

@@ -37,7 +37,7 @@ class Session {
     void Note_Statement(sqlite3_stmt* statement) { statements_.insert(statement); }
     void End_Statement(sqlite3_stmt* statement);
 
-    // The error that a failing call stands for.
+    // The error of a failing call.
     DbError Failure(int result);
     // `failed` is called with every such error before it is thrown. It must not throw.
     using Failed = std::function<void(int result, const DbError& error)>;

@@ -9,7 +9,7 @@
 
 namespace tallmar::db_detail {
 
-// The error that the connection's last failing call stands for. `path` names the report file.
+// The error of the connection's last failing call. `path` names the report file.
 DbError Error_Of(sqlite3* handle, int result, std::string_view path);
 
 }  // namespace tallmar::db_detail

@@ -1,4 +1,4 @@
-// How tables stand in a report file: the declarations of the columns, and the statements that make them.
+// How a report file holds tables: the declarations of the columns, and the statements that make them.
 #pragma once
 
 #include <optional>
@@ -20,7 +20,7 @@ std::optional<DeclaredType> Parse_Declared_Type(std::string_view declared);
 std::string Column_Text(const FieldDef& field);
 std::string Create_Table_Text(const TableShape& table);
 
-// Index names are a table's own; in the file they bear the table's name, and a mark where Null is refused.
+// Index names are a table's own; in the file they have the table's name, and a mark where Null is refused.
 std::string Stored_Index_Name(std::string_view table, const IndexDef& index);
 std::string Create_Index_Text(std::string_view table, const IndexDef& index);
 // Name and disallowNull of an index of `table`; nothing where it is not named as ours are.

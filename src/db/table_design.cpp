@@ -80,7 +80,7 @@ void Drop_Table(Connection& connection, std::string_view table) {
     connection.Table_Removed(name);
 }
 
-// The indexes bear the table's name: they are made anew.
+// The indexes have the table's name: they are made again.
 void Rename_Table(Connection& connection, std::string_view table, std::string_view newName) {
     connection.Require_Whole_Job();
     Check_Table_Name(newName);

@@ -18,7 +18,7 @@ void Add_Field(Connection& connection, std::string_view table, const FieldDef& f
 void Drop_Field(Connection& connection, std::string_view table, std::string_view field);
 void Rename_Field(Connection& connection, std::string_view table, std::string_view field, std::string_view newName);
 
-// The checks of one more field of a design that has not come to the file yet.
+// The checks of one more field of a design that is not in the file yet.
 void Check_New_Field(const TableShape& shape, const FieldDef& field);
 
 }  // namespace tallmar::db_detail

@@ -35,7 +35,7 @@ Date Taken(const std::string& name) {
     return {};
 }
 
-// Where it is not written down the folder bears the report's name.
+// Where it is not written down the folder has the report's name.
 std::string Report_Of(const fs::path& folder) {
     std::string report;
     std::ifstream file(folder / kBackupReportFile, std::ios::binary);

@@ -1,4 +1,4 @@
-// The backups that are kept, for whoever wants one back. Looking changes nothing.
+// The backups that are kept, to choose one from. Reading the list changes nothing.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace tallmar {
 struct KeptBackup {
     std::string path;
     std::string report;  // the path of the report that it is of, or its bare name where the path is not known
-    Date taken;          // 0 where its name does not tell
+    Date taken;          // 0 where its name does not say
     long number = 0;     // counts over all reports, whatever the clock says; 0 where it has none
     std::uintmax_t size = 0;
 };

@@ -111,7 +111,7 @@ void Drop_Temporary_File(Leftover what) {
     const std::string report = Native_Path(openReport.CRFPath);
     const auto id = Id_Of_Entry(temporary);
     std::error_code ignored;
-    // The report itself may bear the temporary file's name.
+    // The report itself may have the temporary file's name.
     if (!id || fs::weakly_canonical(temporary, ignored) == fs::weakly_canonical(report, ignored)) return;
     const bool isLink = id == Id_Of(report);
     if (isLink || (what == Leftover::LinkOrCopy && Same_Content(temporary, report))) fs::remove(temporary, ignored);

@@ -7,7 +7,7 @@
 
 namespace tallmar {
 
-// Closes `db`, repairs and compacts the file at CRFPath. The answer says what stood in the way; empty where nothing
+// Closes `db`, repairs and compacts the file at CRFPath. The answer says what prevented it; empty where nothing
 // did. Whatever fails leaves the file as it is, without a message; no moment leaves CRFPath missing or half written.
 std::string Close_File();
 

@@ -45,7 +45,7 @@ const EntryBox* Long_Year_Question(const FiscalYear& year);
 
 // Tests the entries in order and stops at the first that fails, with its box. None: all is well, and `year` is set.
 EntryField Check_Entries(NewReportEntries& entries, const char* dateFormat, FiscalYear& year);
-// What an entry tells when the focus leaves it; false after its box. A valid start date fills an empty end date.
+// The check of an entry when the focus leaves it; false after its box. A valid start date fills an empty end date.
 bool Leave_FYStart(NewReportEntries& entries, const char* dateFormat);
 bool Leave_FYEnd(NewReportEntries& entries, const char* dateFormat);
 // Of the identity editor.

@@ -24,7 +24,7 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept {
 
 void FileLock::Release() {
     if (!Is_Held()) return;
-    // Unlinked while it is locked: whoever waits for it finds that the name has gone, and starts anew.
+    // Unlinked while it is locked: whoever waits for it finds that the name has gone, and starts over.
     if (Still_Bears(file_, name_)) ::unlink(name_.c_str());
     ::flock(file_, LOCK_UN);
     ::close(std::exchange(file_, kNone));

@@ -59,7 +59,7 @@ std::string Log_Table(std::string_view prefix) {
     return std::string(prefix) + "ErrLog";
 }
 
-// An old log is emptied and not made anew: with every change of the tables all statements are compiled again.
+// An old log is emptied, not made again: with every change of the tables all statements are compiled again.
 bool Is_Log(const std::string& table) {
     TableDefs tables = db.TableDefs();
     tables.Refresh();

@@ -14,7 +14,7 @@ std::string Folder_Of(std::string_view path);
 std::string File_Title_Of(std::string_view path);
 // The path under which the file system knows the file: every separator is /.
 std::string Native_Path(std::string_view path);
-// The folder that stands for `CRFDir` on disk: the working folder where CRFDir comes from a bare name.
+// The folder on disk that `CRFDir` means: the working folder where CRFDir comes from a bare name.
 std::string Real_Folder(std::string_view path, std::string_view folder);
 // False for drives A and B, which are never remembered.
 bool Is_Remembered_Folder(std::string_view folder);

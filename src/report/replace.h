@@ -6,7 +6,7 @@
 
 namespace tallmar {
 
-// False after a box of the title, where no report may bear the name: it is that of the temporary file, or of a side
+// False after a box of the title, where no report may have the name: it is that of the temporary file, or of a side
 // file of reports, or leaves no room for the names of the side files.
 bool Check_Report_Name(const std::string& path, std::string_view title);
 // True where there is no file at `path`, or a folder, which is never replaced, or the open report itself, or where the

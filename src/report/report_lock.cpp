@@ -62,7 +62,7 @@ bool Is_Empty(int file) {
     struct stat status {};
     return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size == 0;
 }
-// A file of somebody else's that happens to bear the name is none of ours.
+// A file of somebody else's that happens to have the name is not ours.
 bool Is_Ours(int file) {
     return Is_Empty(file) || Begins_With(Content(file), kProgramTitle);
 }

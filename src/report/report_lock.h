@@ -24,7 +24,7 @@ class ReportLock {
     FileLock lock_;
 };
 
-// False after the box, where another program has the report at `path` open: whoever changes it asks first.
+// False after the box, where another program has the report at `path` open: ask before changing it.
 bool Report_Is_Free(const std::string& path);
 
 }  // namespace tallmar

@@ -18,8 +18,8 @@ bool Is_File_Trouble(const std::exception& error) {
     return dbError != nullptr && dbError->Ends_Work();
 }
 
-// What a step's error says in the log, which takes no double quotes. Behind an overflow stand figures of another run:
-// the report goes on with them, and that is not to be seen from the figures.
+// What a step's error says in the log, which takes no double quotes. Behind an overflow the figures are those of
+// another run: the report goes on with them, and that is not to be seen from the figures.
 std::string Text_Of(const Item& item, const std::exception& error) {
     const auto* dbError = dynamic_cast<const DbError*>(&error);
     const bool overflow = dbError != nullptr ? dbError->Code() == DbErrorCode::Overflow

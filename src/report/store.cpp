@@ -193,7 +193,7 @@ bool Report_Save_As(const std::string& path) {
     if (path.empty() || !Report_Is_Open()) return false;
     ReportLock lock;
     if (!lock.Take(path) || !Check_Report_Name(path, kSaveFailedTitle)) return false;
-    std::string trouble;  // the box that is stated for it does not tell it
+    std::string trouble;  // its box does not give it
     const bool copied = Copy_Open_Report(path, trouble);
     if (copied) {
         openReport.CRFTitle = File_Title_Of(path);

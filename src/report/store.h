@@ -10,7 +10,7 @@
 
 namespace tallmar {
 
-// What a report is opened for. Whoever only reads changes nothing, and is not told what the form forbids: a report that
+// What a report is opened for. Reading changes nothing, and gives no message about what the form forbids: a report that
 // is not of the present layout is then brought to it in a copy of the program's own, which `db` is until it is closed.
 enum class OpenFor : std::uint8_t { Reading, Changing };
 
@@ -25,14 +25,14 @@ bool Report_Open_Dialog();
 // report is open under its old name then.
 bool Report_Save_As(const std::string& path);
 // The same for a job without a window: the report is closed, and the copy is not opened. `trouble` takes the reason
-// that the box does not tell.
+// that the box does not give.
 bool Report_Copy_To(const std::string& path, std::string& trouble);
 // The path that the dialog of Save As answers, which offers the present name. Nothing when it was cancelled.
 std::optional<std::string> Ask_Save_As_Path();
 bool Report_Save_As_Dialog();
 // Repairs, compacts and closes. False where the user kept a form open; the report then stays open.
 bool Report_Close();
-// The same; `trouble` takes what stood in the way of the repair and the compaction, and is empty where nothing did.
+// The same; `trouble` takes what prevented the repair and the compaction, and is empty where nothing did.
 bool Report_Close(std::string& trouble);
 // Closes the report as it is, without compaction: the end of a job without a window. A second name of the report that
 // a killed close left behind goes. Nothing happens while no report is open.

@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::string_view kLogPrefix = "Junk";
 
-// A piece of the chain that is due; `item` is what a failure is told of.
+// A piece of the chain that is due; a failure is reported for `item`.
 struct Piece {
     Item item;
     std::function<void()> run;

@@ -45,7 +45,7 @@ std::optional<double> Parse_Digits(std::string_view text) {
     return Parse_Number(digits);
 }
 
-// What stands around the digits, blanks passed over and every minus as '-'.
+// What is around the digits, blanks passed over and every minus as '-'.
 struct Signs {
     std::string before, behind;
 

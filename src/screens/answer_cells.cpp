@@ -55,11 +55,11 @@ constexpr std::array kStatements{
     PopupEntry{"mnuOptionC", "Compiled", "C", "Compiled"},
     PopupEntry{"mnuOptionR", "Reviewed", "R", "Reviewed"},
 };
-// A number alone tells a reader nothing: the cell reads as the list does.
+// A number alone says nothing: the cell reads as the list does.
 constexpr PopupEntry Numbered(std::string_view control, std::string_view caption, std::string_view value) {
     return {control, caption, value, caption};
 }
-// The first character of a caption would not tell 10 to 13 from 1.
+// The first character of a caption would not distinguish 10 to 13 from 1.
 constexpr std::array kControls{
     Numbered("mnu8_1", "1 Voluntary Nonprofit - Church", "1"),
     Numbered("mnu8_2", "2 Voluntary Nonprofit - Other", "2"),
@@ -104,7 +104,7 @@ CellResult Check_List(const AnswerList& list, std::string_view text) {
     return Refuse(*list.refused);
 }
 
-// A choice among numbers is the whole number; an amount stands as typed where it is precise enough. The cell is text,
+// A choice among numbers is the whole number; an amount is kept as typed where it is precise enough. The cell is text,
 // but its amount is money: beyond that the digits would not be those that were typed.
 CellResult Check_Whole(const EntryTalk& talk, std::string_view text, double low, double high, const BoxText* range) {
     const std::optional<double> number = Parse_Amount(text);
@@ -132,7 +132,7 @@ bool All_Digits(std::string_view text) {
     return text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// The code must stand as the electronic report writes it: five digits, or five and four behind a hyphen.
+// The code must be written as in the electronic report: five digits, or five and four behind a hyphen.
 bool Is_Zip(std::string_view text) {
     if (text == "00000-0000") return false;
     if (text.size() == 5) return All_Digits(text);

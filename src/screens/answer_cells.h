@@ -35,7 +35,7 @@ struct AnswerCell {
     AnswerKind kind;
 };
 
-// The first that fits; null for a cell that the line has not.
+// The first that fits; null for a cell that the line does not have.
 const AnswerCell* Find_Answer(std::span<const AnswerCell> cells, Currency line, std::string_view field);
 
 // `length`: of a text.

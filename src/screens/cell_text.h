@@ -22,7 +22,7 @@ std::string Edit_Text(const Value& value);
 bool Is_Shaded(const FormDescription& form, const GridColumn& column, const Value& value);
 // The cell's text is that of a figure: in a column of figures, or an answer that is an amount.
 bool Reads_As_Figure(const FormDescription& form, const CellPlace& place);
-// A numbered column of the form that holds numbers. Figures stand to the right.
+// A numbered column of the form that holds numbers. Figures are aligned to the right.
 bool Is_Figure(const GridColumn& column);
 // The leading columns without a number, up to the first that holds names: line, group, name. They stay in sight. At
 // least one column is left to move.

@@ -14,7 +14,7 @@ namespace tallmar {
 
 namespace {
 
-// Where the item stands in a caption, behind "Edit Worksheet ".
+// Where the item is in a caption, behind "Edit Worksheet ".
 constexpr std::size_t kItemAt = 15;
 constexpr std::string_view kEditWord = "Edit";
 constexpr std::string_view kViewWord = "View";

@@ -1,4 +1,4 @@
-// Which form stands for an item, what its window is called, and which worksheet comes next. A window's caption holds
+// Which form an item has, what its window is called, and which worksheet comes next. A window's caption holds
 // its mode and its item: "Edit Worksheet A6pC", "View Worksheet Cp2m1600".
 #pragma once
 
@@ -25,7 +25,7 @@ FormMode Mode_Of_Caption(std::string_view caption);
 Item Item_Of_Caption(std::string_view caption);
 
 // The neighbour by display name, read from the registry each time. Empty where none is left, and from a form that
-// stands for no worksheet.
+// is no worksheet's.
 std::string Next_Worksheet(std::string_view caption, Direction direction);
 // "Open A-5 For Edit"; empty where there is no neighbour: the button is disabled then.
 std::string Neighbour_Tip(std::string_view caption, Direction direction);

@@ -158,7 +158,7 @@ void Insert_Override(const CellPlace& place, double amount) {
 CellResult Check(const CellPlace& place, std::string_view text) {
     CellResult result = Validate_Number(place.talk, text, place.column.limit);
     if (result.refusal) return result;
-    // What stands is no modification.
+    // An unchanged value is no modification.
     if (result.value.To_Double() == Nz_Double(place.row[place.column.field])) return result;
     const std::string where = Sql(" WHERE ColCCNum = '", place.column.field, "' And RowCCNum=", place.row.Line(), ";");
     const bool overridden = static_cast<bool>(db.Read_Row(Sql("SELECT * FROM B1X", where)));

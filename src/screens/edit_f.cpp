@@ -44,7 +44,7 @@ constexpr std::array kColumns2{
 
 constexpr std::string_view kFunds = "Col_1 Col_2 Col_3 Col_4";
 
-// A fund balance stands in the column of its fund only. The lines of other assets and liabilities are specified in
+// A fund balance is in the column of its fund only. The lines of other assets and liabilities are specified in
 // their description.
 constexpr std::array kEntries{
     EntryCells{{1_cur, 10_cur}, kFunds},  EntryCells{{12_cur, 26_cur}, kFunds},  EntryCells{{28_cur, 31_cur}, kFunds},
@@ -78,7 +78,7 @@ constexpr std::array kDetailLines1{
 };
 constexpr NewRow kNoAmount{"Col_1", "0"};
 
-// Detail stands in the odd columns, the balance of the beginning in the even ones.
+// Detail is in the odd columns, the balance of the beginning in the even ones.
 constexpr std::string_view kDetail = "Col_1 Col_3 Col_5 Col_7";
 constexpr std::string_view kUserDetail = "Description Col_1 Col_3 Col_5 Col_7";
 constexpr std::array kEntries2{

@@ -35,7 +35,7 @@ class EditHistory {
     bool Can_Redo() const { return !undone_.empty(); }
     UndoOutcome Redo();
 
-    // Rows that are stored, added and removed while it lives are one step; `what` names it: "paste".
+    // Rows that are stored, added and removed during its life are one step; `what` names it: "paste".
     class OneStep {
       public:
         OneStep(EditHistory& history, std::string what);

@@ -87,7 +87,7 @@ std::span<const std::string_view> Heads(Currency line) {
     return section == nullptr ? std::span<const std::string_view>() : section->heads;
 }
 
-// The home office has lines of its own only in a chain; what stands there from before can be cleared.
+// The home office has lines of its own only in a chain; what is there from before can be cleared.
 std::string_view Closed(const CellPlace& place) {
     if (place.row.Line() <= 29_cur) return {};
     const bool isChain = Is_Yes(db.Read_Row("Select Col_1 From S2 Where LineNum = 29;")["Col_1"]);
@@ -141,7 +141,7 @@ CellResult Check(const CellPlace& place, std::string_view text) {
     return result;
 }
 
-// What the former answer asks before it stands again.
+// What the former answer asks before it is restored.
 bool May_Undo(const RowPlace& place) {
     const RowUnderEdit& row = place.row;
     if (!row.Entered().contains("Col_1")) return true;

@@ -161,7 +161,7 @@ CellResult Check_Code(const CellPlace& place, std::string_view text) {
     }
 }
 
-// Former codes stand again: those of now go.
+// Former codes are restored: the present ones go.
 bool May_Undo_Codes(const RowPlace& place) {
     const RowUnderEdit& row = place.row;
     return std::ranges::all_of(kCodeKinds, [&](const CodeKind& kind) {

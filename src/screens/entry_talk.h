@@ -9,8 +9,8 @@
 
 namespace tallmar {
 
-// A box as a table holds it: <text>, <places> and <length> stand for what was typed and what the cell takes. `brief`
-// is the reason in a list of many cells.
+// A box as a table holds it: <text>, <places> and <length> are replaced by what was typed and what the cell takes.
+// `brief` is the reason in a list of many cells.
 struct BoxText {
     std::string_view title, text;
     std::string_view brief = {};

@@ -1,4 +1,4 @@
-// What a worksheet's form is, without a window: its rows and columns, what each cell takes, which cells are shut, how
+// What a worksheet's form is, without a window: its rows and columns, what each cell takes, which cells are locked, how
 // rows come and go. The grid of the desktop and `enter` of the command line both work from these descriptions.
 #pragma once
 
@@ -137,7 +137,7 @@ struct SideTable {
     Currency ofLine = {};  // that changes it; 0: any
 };
 
-// A text of one row that stands above the grid and not in it.
+// A text of one row that is shown above the grid and not in it.
 struct TextAbove {
     std::string_view control;  // "tbCounty"
     std::string_view labelControl;
@@ -214,7 +214,7 @@ struct RowRules {
 struct LineRules {
     // Why a line of the table is not among the rows. Null: it is computed.
     std::string_view (*notShown)(Currency line) = nullptr;
-    // The line that Add could make where `line`, which is not there, would stand; nothing where Add makes none.
+    // The line that Add could make where `line`, which is not there, would be; nothing where Add makes none.
     std::optional<Currency> (*next)(const Item&, Currency line) = nullptr;
     NewRow newRow = {};
     // What a row that was made has beyond `newRow`.

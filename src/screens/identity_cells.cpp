@@ -131,7 +131,7 @@ bool Store_Identity_Row(const RowPlace& place) {
         Store_Identity(identity, storeOthers);
         return true;
     }
-    // An entry equal to what stands is no change.
+    // An entry equal to the present value is no change.
     Keep_Backup();
     Job job(db);
     storeOthers();

@@ -292,7 +292,7 @@ bool OpenForm::Restore_Row(const DiscardedRow& discarded) {
     return true;
 }
 
-// Of the rows that the form shows; what stands behind them follows from them.
+// Of the rows that the form shows; what is behind them follows from them.
 Currency OpenForm::Add_Row(Currency current) {
     Job job(db);
     const TableState before = Read_State(table_, form_.where);

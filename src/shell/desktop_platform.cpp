@@ -51,7 +51,7 @@ QString Settings_Key(std::string_view section, std::string_view key) {
     return Qt_Text(section) + '/' + Qt_Text(key);
 }
 
-// The window that a box stands over.
+// The window under a box.
 QWidget* Window_In_Front(FrmMain* main) {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
     return main != nullptr && main->isVisible() ? main : nullptr;

@@ -15,13 +15,13 @@ namespace tallmar {
 
 class FrmMain;
 
-// Where the program's things stand. Tests give places of their own.
+// Where the program keeps its things. Tests give places of their own.
 struct DesktopPlaces {
     std::string settingsFolder;  // <application>.ini
     std::string dataFolder;      // empty: nothing is kept
     std::string programFolder;
     std::function<Date()> now;
-    std::function<bool(const std::string& path)> open;  // by the program that stands for the document; false: none does
+    std::function<bool(const std::string& path)> open;  // by the program for such a document; false: there is none
     std::string documentsFolder = {};                   // empty: there is none
 };
 // Those of the user who runs the program. Requires the QApplication.

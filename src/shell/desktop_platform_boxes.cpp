@@ -74,7 +74,7 @@ QString Box_Text(std::string_view prompt) {
     return Qt_Text(Replace(Replace(prompt, "\r\n", "\n"), "\r", "\n"));
 }
 
-// The folder of a dialog that names none that stands.
+// The folder of a dialog that names none that exists.
 QString Start_Folder(const std::string& folder) {
     const QString native = Qt_Text(Native_Path(folder));
     return QFileInfo(native).isDir() ? native : QDir::homePath();

@@ -12,7 +12,7 @@ class QPushButton;
 
 namespace tallmar {
 
-// Owned by whoever shows it; `parent` is the window that it stands over.
+// Owned by the caller; `parent` is the window under it.
 using DialogPtr = std::unique_ptr<QDialog>;
 
 // The name of its form and its caption, without the "?" of some desktops.

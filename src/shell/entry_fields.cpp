@@ -17,7 +17,7 @@ struct Entry {
     std::string NewReportEntries::*text;
     const char* name;
     const char* label;
-    const char* hint;  // stands in the entry while it is empty
+    const char* hint;  // shown in the entry while it is empty
 };
 constexpr Entry kEntryRows[] = {
     {EntryField::Provider, &NewReportEntries::providerNumber, "txtProviderNum", "&Provider number:", "such as 14-7100"},

@@ -12,7 +12,7 @@ class QFormLayout;
 
 namespace tallmar {
 
-// What an entry tells when the focus leaves it for another entry.
+// The check of an entry when the focus leaves it for another entry.
 struct LeaveCheck {
     EntryField field;
     bool (*leave)(NewReportEntries& entries, const char* dateFormat);
@@ -21,8 +21,8 @@ struct LeaveCheck {
 class EntryFields : public QObject {
   public:
     // Rows for provider number, dates and name at the end of the layout. Belongs to the layout's window. `checks` must
-    // outlive it. No check runs when the focus goes to a button or the window closes, and a text that was told of is
-    // not told of again: nobody is held in an entry.
+    // outlive it. No check runs when the focus goes to a button or the window closes, and a text that had its box gets
+    // no second one: nobody is held in an entry.
     EntryFields(QFormLayout& layout, const char* dateFormat, std::span<const LeaveCheck> checks);
 
     NewReportEntries Read() const;

@@ -10,7 +10,7 @@ WorksheetForm* Make_Form(FormMode mode, const FormDescription& form, const Item&
 }
 
 void Undo_In(WorksheetForm& form) {
-    // It tells where there is nothing to take back.
+    // It says so where there is nothing to take back.
     if (auto* edit = qobject_cast<EditForm*>(&form)) edit->Undo();
 }
 

@@ -298,7 +298,7 @@ void FormWindows::Recalculate(WorksheetForm& form) {
     form.setEnabled(false);
     const bool calculated = Calculate_Report();
     form.setEnabled(true);
-    // A form that is shut loses its focus.
+    // A form that is disabled loses its focus.
     form.Grid().setFocus();
     Reload_All();
     if (edits && calculated) Open_From(form, FormMode::View, form.Worksheet());
@@ -371,7 +371,7 @@ QMdiSubWindow* FormWindows::Window_Of(const WorksheetForm& form) const {
     return qobject_cast<QMdiSubWindow*>(form.parentWidget());
 }
 
-// A form stands in a window of its own, and the two close together, whichever of them is asked to.
+// A form has a window of its own, and the two close together, whichever is closed first.
 bool FormWindows::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::WindowStateChange)
         QMetaObject::invokeMethod(this, &FormWindows::Changed, Qt::QueuedConnection);

@@ -6,7 +6,7 @@
 namespace tallmar {
 
 DialogPtr Make_Create_New_CRF(QWidget* parent);
-// Until a new report stands and is open, or the user gives up: false then. A report that could not be made leaves the
+// Until a new report is made and open, or the user gives up: false then. A report that could not be made leaves the
 // entries on the screen. Requires that no report is open.
 bool Show_Create_New_CRF(QWidget* parent);
 

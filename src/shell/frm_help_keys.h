@@ -15,7 +15,7 @@ struct KeyRow {
 };
 std::span<const KeyRow> Key_Rows();
 
-// `note` stands above the list where it is not empty.
+// `note` is shown above the list where it is not empty.
 DialogPtr Make_Help_Keys(QWidget* parent, const QString& note = {});
 void Show_Help_Keys(QWidget* parent, const QString& note = {});
 

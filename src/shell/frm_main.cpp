@@ -323,7 +323,7 @@ void FrmMain::Fill_Recent_Files() {
     }
 }
 
-// A menu wipes the line at the foot when it leaves an entry: what was told comes back.
+// A menu wipes the line at the foot when it leaves an entry: what was shown comes back.
 bool FrmMain::event(QEvent* event) {
     if (event->type() != QEvent::StatusTip || !static_cast<QStatusTipEvent*>(event)->tip().isEmpty()) {
         return QMainWindow::event(event);
@@ -344,7 +344,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 
 void FrmMain::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) Draw();
-    // Not in the middle of what closed the box that stood over the window.
+    // Not in the middle of what closed the box over the window.
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         QTimer::singleShot(0, this, &FrmMain::Look_For_Changes);
     }

@@ -1,5 +1,5 @@
 // frmMain: the frame of the program. It holds the menus, the welcome panel and the worksheet windows, and shows what
-// the platform is told to show; what the menus do is connected to its signals.
+// the platform is asked to show; what the menus do is connected to its signals.
 #pragma once
 
 #include <QLabel>
@@ -23,7 +23,7 @@ class FrmMain : public QMainWindow {
     Q_OBJECT
 
   public:
-    // Input is shut out while the guard is on: the window then does nothing of its own accord.
+    // Input is kept out while the guard is on: the window then does nothing of its own accord.
     explicit FrmMain(const JobGuard& guard);
 
     FormWindows& Forms() const { return *forms_; }
@@ -96,7 +96,7 @@ class FrmMain : public QMainWindow {
     MenuBar* menus_;
     QString caption_;
     QString told_;
-    std::string reportPath_;   // that was told of
+    std::string reportPath_;   // as shown
     QPointer<QWidget> focus_;  // where it was as the window became busy
 };
 

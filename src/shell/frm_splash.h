@@ -1,4 +1,4 @@
-// frmSplash: what stands on the screen while the program starts.
+// frmSplash: what is on the screen while the program starts.
 #pragma once
 
 #include <QWidget>

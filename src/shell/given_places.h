@@ -1,4 +1,4 @@
-// The places that the program gave its worksheet windows, so that those which the person chose are told apart: only
+// The places that the program gave its worksheet windows, to tell them from those that the person chose: only
 // these are remembered.
 #pragma once
 

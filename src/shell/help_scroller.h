@@ -12,7 +12,7 @@ struct HelpScroll {
     QString text;  // of lblHelp
     bool ticking = true;
 };
-// Empty: "Running", and 14 line breaks stand before the text. "Running": one line break less; none left: the timer
+// Empty: "Running", with 14 line breaks before the text. "Running": one line break less; none left: the timer
 // stops. "Stopped": nothing.
 void Scroll_Help(HelpScroll& scroll);
 

@@ -22,7 +22,7 @@ class JobGuard : public QObject {
     void Turn_On();
     void Turn_Off();
 
-    // Lets input through while it lives.
+    // Lets input through during its life.
     class Pause {
       public:
         explicit Pause(JobGuard& guard);

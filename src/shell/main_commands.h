@@ -21,7 +21,7 @@ void Run_Command(FrmMain& main, std::string_view name);
 // What the person chooses in the window is done from now on.
 void Connect_Commands(FrmMain& main);
 
-// A report by its path: a file that is gone is told, and taken off the list of recent files.
+// A report by its path: a file that is gone brings up a box, and is taken off the list of recent files.
 void Open_Recent(FrmMain& main, const std::string& path);
 // One report file that was dropped on the window; anything else is refused with a box.
 void Open_Dropped(FrmMain& main, const QList<QUrl>& urls);

@@ -92,7 +92,7 @@ void MenuBar::Fill_List(const MenuRow& row, const std::vector<MenuListEntry>& en
     while (list.size() < wanted) {
         QAction* action = Menu(row.parent).addAction(QString());
         action->setObjectName(Qt_Text(row.name) + '(' + QString::number(list.size()) + ')');
-        // The caption tells the worksheet.
+        // The caption names the worksheet.
         connect(action, &QAction::triggered, this, [this, mode, action] {
             emit Worksheet_Chosen(mode, Qt_Text(Item_In_Caption(Plain_Text(action->text()))));
         });

@@ -1,4 +1,4 @@
-// The menu tree as actions of a menu bar. Each action bears the name of its entry.
+// The menu tree as actions of a menu bar. Each action has the name of its entry.
 #pragma once
 
 #include <QAction>

@@ -83,7 +83,7 @@ bool Report_Lets(const MenuRow& row) {
                                         : row.when == MenuWhen::Report && !Is_Empty_Menu(row);
 }
 
-// A menu of worksheets is on where an entry of it is: from the innermost out, since a menu's row stands above its
+// A menu of worksheets is on where an entry of it is: from the innermost out, since a menu's row is above its
 // entries'.
 void Enable_Menus(MenuState& state) {
     const auto& rows = Menu_Rows();

@@ -125,7 +125,7 @@ constexpr std::string_view kNotBuilt[] = {
 enum class OpenKind : std::uint8_t { Worksheet, Menu, List };
 struct OpenRow {
     const char* stem;         // behind "mnuEditOpen", "mnuViewOpen"
-    const char* parent = "";  // stem of the menu it stands in
+    const char* parent = "";  // stem of its menu
     OpenKind kind = OpenKind::Worksheet;
     const char* caption = "";  // of a menu, and of a worksheet that is not called by its display name
     const char* pattern = "";  // of a list

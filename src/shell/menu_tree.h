@@ -15,7 +15,7 @@ enum class MenuKind : std::uint8_t {
     Command,  // its handler is that of its name
     Edit,     // opens the edit form of `item`
     View,     // opens the view form of `item`
-    List,     // stands for one entry a registered worksheet of the pattern `item`
+    List,     // one entry for each registered worksheet of the pattern `item`
 };
 
 // What turns an entry on.
@@ -29,7 +29,7 @@ enum class MenuWhen : std::uint8_t {
 
 struct MenuRow {
     std::string name;     // "mnuReportOpen"; of a separator empty
-    std::string parent;   // empty: it stands on the bar
+    std::string parent;   // empty: it is on the bar
     std::string caption;  // & marks the access key; of a worksheet's entry empty: its display name
     MenuKind kind = MenuKind::Command;
     MenuWhen when = MenuWhen::Always;

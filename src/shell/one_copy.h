@@ -6,13 +6,13 @@
 
 namespace tallmar {
 
-// Holds the place of the one copy for as long as it lives.
+// Holds the place of the one copy during its life.
 class OneCopy {
   public:
     // Takes the place in `folder`, the user's data folder, which is made where it is missing. What a copy left behind
     // that crashed is cleared away.
     explicit OneCopy(const QString& folder);
-    // False where another copy runs. A folder that cannot be written tells nothing, and the program runs.
+    // False where another copy runs. Where the folder cannot be written nothing is known, and the program runs.
     bool Is_First() const { return first_; }
 
   private:

@@ -1,4 +1,4 @@
-// The application: what goes wrong in the handler of an event is told in a box, and the program goes on with its forms
+// The application: what goes wrong in the handler of an event is shown in a box, and the program goes on with its forms
 // and rows as they are.
 #pragma once
 

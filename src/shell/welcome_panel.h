@@ -1,4 +1,4 @@
-// What stands in the main window while no report is open: the frame `fraWelcome` with its three buttons.
+// What the main window shows while no report is open: the frame `fraWelcome` with its three buttons.
 #pragma once
 
 #include <QGroupBox>

@@ -1,4 +1,4 @@
-// Where windows stood last, kept in the settings by the name of the form.
+// Where windows were last, kept in the settings by the name of the form.
 #pragma once
 
 #include <QByteArray>
@@ -15,7 +15,7 @@ struct FormPlace {
 };
 std::optional<FormPlace> Remembered_Place(std::string_view form);
 void Remember_Place(std::string_view form, const FormPlace& place);
-// Moved and, where it must be, made smaller, so that all of it stands inside the area.
+// Moved and, where it must be, made smaller, so that all of it is inside the area.
 QRect Fit_Into(QRect place, QSize area);
 
 // The main window's own geometry, in the form that its toolkit gives it.

@@ -13,7 +13,7 @@
 namespace tallmar::sql {
 
 enum class BoundKind : std::uint8_t {
-    Literal,  // literal `index`, bound as `type` stands in SQLite
+    Literal,  // literal `index`, bound as SQLite holds `type`
     NullWord,
     True,
     False,
@@ -100,7 +100,7 @@ struct BoundStatement {
     TableShape create;        // SelectInto, CreateTable, CreateIndex, DropTable
     std::string table;        // that is written
     int target = 0;           // its place among the tables
-    bool fromSelect = false;  // Insert: the values stand in a row for each row of `select`
+    bool fromSelect = false;  // Insert: one row of values for each row of `select`
     std::vector<BoundValue> values;
 };
 

@@ -17,7 +17,7 @@ constexpr std::size_t Index(Type type) {
 
 std::string_view Name_Of(Type type);
 Type Type_Of(FieldType type);
-// How a value of this type stands in SQLite.
+// How SQLite holds a value of this type.
 Rep Rep_Of(Type type);
 // The type of a field that takes such values: expressions of SELECT, columns of SELECT INTO.
 FieldType Field_Type_Of(Type type);
@@ -55,7 +55,7 @@ const Cell& Negated(Type operand);
 
 // Arguments of functions, and values on their way into fields.
 enum class ArgRule : std::uint8_t {
-    Value,   // any type, as it stands; a Condition as Boolean, a Decimal as Double
+    Value,   // any type, unchanged; a Condition as Boolean, a Decimal as Double
     Number,  // Whole, Currency or Double
     Real,    // Double
     Whole,   // rounded to a Long, halves to even

@@ -282,7 +282,7 @@ BoundPtr Bind(const Expr& expr, const Scope& scope) {
 
 // Fields
 
-// True where the value is a field as it stands whose own type promises what `field` asks.
+// True where the value is a field, unchanged, whose own type promises what `field` asks.
 bool Promises(const Bound& value, const FieldDef& field) {
     if (value.kind != BoundKind::Column) return value.kind == BoundKind::NullWord;
     const FieldDef& source = *value.field;

@@ -13,9 +13,9 @@ struct Scope {
     std::string_view text;
     std::span<const BoundTable> tables;
     std::size_t firstTable = 0;  // where `tables` begin among those of the statement
-    // Aliases that stand for expressions: of ORDER BY and of Find criteria.
+    // Aliases of expressions: of ORDER BY and of Find criteria.
     std::span<const SelectItem> aliases;
-    std::string_view aliasText;  // the text in which the aliases stand
+    std::string_view aliasText;  // the text that has the aliases
     bool mayAggregate = false;
     bool* aggregated = nullptr;  // set where an aggregate was met
 };

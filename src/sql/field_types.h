@@ -26,7 +26,7 @@ struct FieldTypeRow {
     std::int32_t most = std::numeric_limits<std::int32_t>::max();
 };
 
-// In the order of FieldType. The first word of `declared` tells the type when a file is read; the second gives SQLite
+// In the order of FieldType. The first word of `declared` gives the type when a file is read; the second gives SQLite
 // the affinity. Files hold these words: they never change.
 inline constexpr std::array<FieldTypeRow, 11> kFieldTypes = {{
     {FieldType::Boolean, "Boolean", "BOOLEAN INT", Type::Boolean, {"YESNO", "BIT"}},

@@ -54,7 +54,7 @@ bool Lexer::Next(Token& token) {
     return true;
 }
 
-// A text runs to its mark; the mark doubled stands for itself.
+// A text runs to its mark; a doubled mark means the mark itself.
 void Lexer::Between(Token& token, TokenKind kind, char close, bool doubles) {
     const std::size_t start = at_ + 1;
     for (std::size_t i = start; i < statement_.size(); ++i) {

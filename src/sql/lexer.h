@@ -15,13 +15,13 @@ enum class TokenKind : std::uint8_t { Word, Name, Number, Text, Date, Sign, End 
 struct Token {
     TokenKind kind = TokenKind::End;
     bool blankBefore = false;
-    std::string_view text;   // as it stands; of Name, Text and Date what is between the marks, doubled quotes and all
+    std::string_view text;   // as written; of Name, Text and Date what is between the marks, doubled quotes and all
     std::size_t offset = 0;  // where it begins, with its marks
     std::size_t end = 0;     // and where the next may begin
 };
 
 // Reads a statement from left to right. Views into the statement, which must outlive the tokens.
-// Throws DbError(SyntaxError) with the place on a character that the dialect has not and on a mark left open.
+// Throws DbError(SyntaxError) with the place on a character that the dialect does not have and on a mark left open.
 class Lexer {
   public:
     explicit Lexer(std::string_view statement) : statement_(statement) {}

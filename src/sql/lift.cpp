@@ -1,4 +1,4 @@
-// The hot road: every statement is cut into shape and literals, also when its plan is ready.
+// The hot path: every statement is cut into shape and literals, also when its plan is ready.
 #include "common/db_error.h"
 #include "sql/lexer.h"
 #include "sql/limits.h"

@@ -80,7 +80,7 @@ bool Meets_Once(const BoundSelect& select, int target) {
 
     std::vector<bool> known(select.tables.size(), false);
     known[static_cast<std::size_t>(target)] = true;
-    // Each round may make more known; a table that stays unknown may stand there with any number of rows.
+    // Each round may make more known; a table that stays unknown may take part with any number of rows.
     for (std::size_t round = 0; round < select.tables.size(); ++round) {
         for (std::size_t i = 0; i < select.tables.size(); ++i) {
             if (known[i]) continue;

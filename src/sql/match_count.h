@@ -5,7 +5,7 @@
 
 namespace tallmar::sql {
 
-// True where unique indexes promise that a row of table `target` stands in one row of the join at most.
+// True where unique indexes promise that a row of table `target` is in at most one row of the join.
 bool Meets_Once(const BoundSelect& select, int target);
 
 }  // namespace tallmar::sql

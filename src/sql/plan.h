@@ -1,6 +1,6 @@
 // What the dialect's compiler hands to the engine: SQLite statements with a recipe for their parameters.
 //
-// The road of a statement: Lift() cuts it into a shape and its literals; a shape that the cache knows has its plan
+// The path of a statement: Lift() cuts it into a shape and its literals; a shape that the cache knows has its plan
 // ready; otherwise parse -> bind -> generate make the plan. Executing a plan binds the literals and steps.
 #pragma once
 
@@ -14,8 +14,8 @@
 
 namespace tallmar::sql {
 
-// How a value stands in SQLite. Currency is the amount x 10 000 as INTEGER, Date the serial as REAL, Boolean -1 or 0,
-// Text UTF-8; Integer stands for Byte, Integer and Long; Double for Single and Double.
+// How SQLite holds a value. Currency is the amount x 10 000 as INTEGER, Date the serial as REAL, Boolean -1 or 0,
+// Text UTF-8; Integer serves Byte, Integer and Long; Double serves Single and Double.
 enum class Rep : std::uint8_t { None, Boolean, Integer, Currency, Double, Date, Text };
 
 // A literal of a statement, lifted out of its text.
@@ -37,7 +37,7 @@ struct LiftedStatement {
     std::vector<Literal> literals;
 };
 
-// Throws DbError(SyntaxError) on a character or a literal that the dialect has not.
+// Throws DbError(SyntaxError) on a character or a literal that the dialect does not have.
 LiftedStatement Lift(std::string_view statement);
 
 // One parameter of a SQLite statement, in the order ?1, ?2, ...
@@ -62,7 +62,7 @@ struct OutputColumn {
     std::string name;  // field name or alias; "Expr1000" and on for unnamed ones; "A.LineNum" where a name comes twice
     FieldType type = FieldType::Text;
     int size = 0;
-    int table = -1;     // base table, where the column is one of its fields as it stands
+    int table = -1;     // base table, where the column is one of its fields, unchanged
     std::string field;  // the field's name there
 };
 
@@ -84,7 +84,7 @@ struct RowUpdatePlan {
     SqliteText match;  // the keys of every base table, then the new values in storage representation, checked and
                        // converted for their fields; in the order in which they are to be applied
     SqliteText apply;  // UPDATE target SET ... WHERE rowid = <key of target>; values are Param::Column from 0
-    SqliteText again;  // the new values anew for given keys: for a target row that an earlier match has changed, and
+    SqliteText again;  // the new values again for given keys: for a target row that an earlier match has changed, and
                        // for all rows where `selfReference`
     bool selfReference = false;  // the target table is read under another alias as well
 };
@@ -117,7 +117,7 @@ SqliteText Compile_Find(std::string_view source, std::string_view criterion, con
 
 // True for a SELECT that is opened and not executed: one without INTO. Throws as Lift does.
 bool Is_Select(std::string_view statement);
-// SELECT of a whole table: "Log" stands for "SELECT * FROM Log".
+// SELECT of a whole table: "Log" means "SELECT * FROM Log".
 bool Is_Table_Name(std::string_view source);
 
 }  // namespace tallmar::sql

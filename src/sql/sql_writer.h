@@ -9,7 +9,7 @@
 
 namespace tallmar::sql {
 
-// Collects one SQLite statement. Tables stand under the aliases t0, t1, ... in the order of FROM.
+// Collects one SQLite statement. Tables get the aliases t0, t1, ... in the order of FROM.
 class SqlWriter {
   public:
     SqlWriter& operator<<(std::string_view sql) {
@@ -18,13 +18,13 @@ class SqlWriter {
     }
     // `inChain`: the value goes on into a chain whose end is checked.
     void Value(const Bound& bound, bool inChain = false);
-    // A text is told to compare without regard to case.
+    // A text gets the collation that compares without regard to case.
     void Term(const Bound& bound);
     void Name(std::string_view name);
     void Table(const BoundTable& table, int index);
     void Rowid(int table);
     void Parameter(Param param);
-    // FROM and its tables. Throws TooComplex where two joins meet in a way that SQLite cannot be told.
+    // FROM and its tables. Throws TooComplex where two joins meet in a way that SQLite cannot express.
     void From(const BoundSelect& select);
 
     SqliteText Take() { return std::move(text_); }

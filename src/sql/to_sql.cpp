@@ -42,7 +42,7 @@ std::string Write(const ExprPtr& expr) {
     return To_Sql(*expr);
 }
 
-// Whatever is built by an operator stands in parentheses when it is an operand.
+// What an operator builds is put in parentheses when it is an operand.
 std::string Operand(const ExprPtr& expr) {
     switch (expr->kind) {
         case ExprKind::Literal:

@@ -107,7 +107,7 @@ void Do_Table(Run& run, const Block& block) {
     }
 }
 
-// shape <name>: the fields as they stand, then the indexes: "unique ndx (LineNum) disallow null".
+// shape <name>: the fields, unchanged, then the indexes: "unique ndx (LineNum) disallow null".
 void Do_Shape(Run& run, const Block& block) {
     const TableShape shape = run.db.TableDefs().Item(block.arguments).Shape();
     std::vector<std::string> lines;

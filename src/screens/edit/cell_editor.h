@@ -28,7 +28,7 @@ class CellEditor : public GridDelegate {
     // Asked first for each key that the editor gets: true where it is done with.
     void Ask_First(std::function<bool(QKeyEvent&)> keys) { keys_ = std::move(keys); }
 
-    // A row that is not stored yet bears a pencil.
+    // A row that is not stored yet has a pencil.
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;

@@ -23,7 +23,7 @@ ChoiceList::ChoiceList(QWidget* window) : QFrame(window), entries_(new QListWidg
     entries_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     entries_->setAccessibleName(accessibleName());
     connect(entries_, &QListWidget::itemClicked, this, [this] { Choose_Current(); });
-    // It stands over the whole window, in which forms are moved about and closed.
+    // It is over the whole window, in which forms are moved about and closed.
     qApp->installEventFilter(this);
 }
 

@@ -1,4 +1,4 @@
-// The pop-up list over a cell. It takes no focus: whoever types goes on typing into the cell. Its entries are actions
+// The pop-up list over a cell. It takes no focus: typing goes on in the cell. Its entries are actions
 // of the controls' names, as the list itself has its own.
 #pragma once
 

@@ -64,7 +64,7 @@ EditGrid::EditGrid(QWidget* parent) : GridView(parent), editor_(new CellEditor(t
 }
 
 EditGrid::~EditGrid() {
-    // It stands over the window, which may go on.
+    // It is over the window, which may go on.
     delete choices_;
 }
 
@@ -141,7 +141,7 @@ bool EditGrid::Take_Entry() {
     if (editor == nullptr) return true;
     const QModelIndex at = currentIndex();
     const QString text = editor->text();
-    // Looking at a cell changes nothing. A blank is an entry: it is 0 where a number stands.
+    // Looking at a cell changes nothing. A blank is an entry: it is 0 in place of a number.
     if (!editor->isModified() || (!text.isEmpty() && text == at.data(Qt::EditRole).toString())) {
         Close_Editor();
         return true;
@@ -258,7 +258,7 @@ void EditGrid::Place_Cursor_First() {
     }
 }
 
-// The editor stands inside a frame of the highlight's colour.
+// The editor is inside a frame of the highlight's colour.
 void EditGrid::paintEvent(QPaintEvent* event) {
     GridView::paintEvent(event);
     if (!Is_Editing()) return;

@@ -29,7 +29,7 @@ class EditModel : public GridModel {
     bool Takes_Entry(const QModelIndex& index) const;
     // The form has an entry here, whether the report can be written or not.
     bool Is_Entry(const QModelIndex& index) const;
-    // A name that stands: it is opened by F2 or a double click, and typing leaves it alone.
+    // A name: it is opened by F2 or a double click, and typing leaves it alone.
     bool Is_Name(const QModelIndex& index) const;
     // Where the keys stop that go from entry to entry.
     bool Is_Stop(const QModelIndex& index) const { return Takes_Entry(index) && !Is_Name(index); }

@@ -75,7 +75,7 @@ void EditGrid::Tab(bool back) {
         }
     }
     setCurrentIndex(next);
-    // A run that goes over the end of a row begins anew there.
+    // A run that goes over the end of a row starts over there.
     if (currentIndex() == next) run_ = isInRow ? began : next.column();
 }
 

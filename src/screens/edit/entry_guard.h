@@ -12,7 +12,7 @@ class EntryGuard : public QItemSelectionModel {
     Q_OBJECT
 
   public:
-    // `mayLeave` is asked before the cursor moves to a cell, by whatever way; it tells the person why not.
+    // `mayLeave` is asked before the cursor moves to a cell, by whatever way; it says why not.
     EntryGuard(QAbstractItemModel* model, std::function<bool(const QModelIndex& to)> mayLeave, QObject* parent)
         : QItemSelectionModel(model, parent), mayLeave_(std::move(mayLeave)) {}
 

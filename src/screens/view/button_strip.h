@@ -9,7 +9,7 @@ namespace tallmar {
 // height. In a window narrower than the strip they go on a second row, and on further ones where they must.
 void Layout_Edit_Buttons(QWidget& picButtons, int width);
 void Layout_View_Buttons(QWidget& picButtons, int width);
-// The least width at which the buttons stand in one row.
+// The least width at which the buttons are in one row.
 int Edit_Strip_Width(const QWidget& picButtons);
 int View_Strip_Width(const QWidget& picButtons);
 

@@ -118,7 +118,7 @@ void GridHead::paintEvent(QPaintEvent* event) {
     }
 }
 
-// Over the columns that stay in sight the mouse means these, wherever the others have been scrolled to.
+// Over the columns that stay in sight the mouse means these, however far the others have been scrolled.
 int GridHead::Shift_At(int x) const {
     return offset() == 0 ? 0 : frozen_.Shift(x);
 }

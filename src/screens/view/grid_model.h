@@ -16,7 +16,7 @@ enum GridRole : int {
     kShadedRole = Qt::UserRole + 1,  // bool: the cell takes no entry and is grey
     kTotalRole,                      // bool: of a row of totals
     kLabelRole,                      // bool: a line number, a name or the like that takes no entry
-    kPendingRole,                    // bool: stands for a row with entries that are not stored yet
+    kPendingRole,                    // bool: of a row with entries that are not stored yet
     kNumberRole,                     // of a head: the column's number on the form ("1"), may be empty
 };
 
@@ -43,7 +43,7 @@ class GridModel : public QAbstractTableModel {
     virtual void Reload();
     // Labels of the columns behind the line number while the cursor is in `row`: questionnaires change them by row.
     void Show_Heads_Of(int row);
-    // A head as it stands in one piece: "4 Contracted Purchased Services".
+    // A head in one piece: "4 Contracted Purchased Services".
     QString Whole_Head(int column) const;
     // What the cell holds: of the table, or entered and not yet stored.
     Value Value_At(const QModelIndex& index) const { return Cell(index.row(), Column(index.column())); }

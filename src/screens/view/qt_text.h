@@ -1,4 +1,4 @@
-// The house's UTF-8 texts and Qt's.
+// The program's UTF-8 texts and Qt's.
 #pragma once
 
 #include <QString>
