@@ -6,7 +6,6 @@
 #pragma once
 
 #include <array>
-#include <string_view>
 
 #include "common/lines.h"
 

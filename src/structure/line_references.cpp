@@ -33,8 +33,7 @@ constexpr std::array kReferences{
                   .offset = 3_cur,
                   .repeat = "Col_1",
                   .name = "Description",
-                  .first = 12_cur,
-                  .last = 13.99_cur},
+                  .lines = {12_cur, 13.99_cur}},
     // Other than B1X, a number.
     LineReference{.tables = "K5p2h#X", .use = LineUse::Number, .key = "ColCCNum"},
     LineReference{.tables = "StatLinks", .use = LineUse::Number, .key = "FromCCNum"},
@@ -76,10 +75,6 @@ std::span<const LineColumns> Line_Columns() {
     return kColumns;
 }
 
-bool Names_Line(const LineReference& reference, Currency line) {
-    return reference.last == Currency() || (line >= reference.first && line <= reference.last);
-}
-
 const LineReference* Row_Reference(std::string_view table) {
     const auto found = std::ranges::find_if(kReferences, [&](const LineReference& reference) {
         return reference.use == LineUse::Row && reference.tables.Matches(table);
@@ -105,9 +100,9 @@ void Renumber_Line(const std::string& table, Currency from, Currency to) {
         if (columns.tables.Matches(table)) Rename_Columns(table, columns.prefixes, from, to);
     }
     for (const LineReference& reference : kReferences) {
-        if (!reference.tables.Matches(table) || !Names_Line(reference, from)) continue;
+        if (!reference.tables.Matches(table) || !reference.lines.Has(from)) continue;
         std::string update = Sql("UPDATE ", table, " SET ", reference.key, " = ", Key_Value(reference, to));
-        if (!reference.repeat.empty()) update += Sql(", ", reference.repeat, " = ", to + reference.repeatOffset);
+        if (!reference.repeat.empty()) update += Sql(", ", reference.repeat, " = ", to);
         if (!reference.group.empty()) update += Sql(", ", reference.group, " = ", CCGroupFor(to));
         db.Execute(Sql(update, " WHERE ", Where_Names(reference, from), ";"));
     }

@@ -11,6 +11,7 @@
 
 #include "common/currency.h"
 #include "common/item.h"
+#include "common/lines.h"
 
 namespace tallmar {
 
@@ -20,18 +21,19 @@ enum class LineUse : std::uint8_t {
     ColumnName,  // a cell names it by its column: "CC_501"
 };
 
+inline constexpr LineRange kWholeChart{0_cur, 99.99_cur};
+
 // Numbers of a table are those of the chart plus an offset: line 12 of the chart is line 15 of C Part III.
 struct LineReference {
     ItemPattern tables;
     LineUse use;
     std::string_view key;  // the field that holds the number
     Currency offset = {};
-    std::string_view repeat = {};  // a second field with the number; empty: none
-    Currency repeatOffset = {};
-    std::string_view name = {};      // the field with the cost center's name; empty: none
-    std::string_view group = {};     // the field with its group code; empty: none
-    std::string_view guard = {};     // a WHERE text that limits the rows; empty: all
-    Currency first = {}, last = {};  // lines of the chart that the table can name; 0 and 0: all
+    std::string_view repeat = {};   // a second field, with the number of the chart; empty: none
+    std::string_view name = {};     // the field with the cost center's name; empty: none
+    std::string_view group = {};    // the field with its group code; empty: none
+    std::string_view guard = {};    // a WHERE text that limits the rows; empty: all
+    LineRange lines = kWholeChart;  // lines of the chart that the table can name
 };
 
 struct LineColumns {
@@ -42,8 +44,6 @@ struct LineColumns {
 std::span<const LineReference> Line_References();
 std::span<const LineColumns> Line_Columns();
 
-// True where the table can name the chart's `line` in this field.
-bool Names_Line(const LineReference& reference, Currency line);
 // The reference by which a table has rows for cost centers; null where it has none.
 const LineReference* Row_Reference(std::string_view table);
 // "CCNum=5", "LineNum=15", "Col_3=5 and LineNum<30", "ColCCNum=\"CC_500\"": the rows that name the chart's `line`.

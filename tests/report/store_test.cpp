@@ -60,14 +60,12 @@ TEST_F(StoreTest, OpenTakesTheIdentityFromTheFile) {
 
 TEST_F(StoreTest, EachFamilyLoadsItsAnswersWhenAReportIsOpened) {
     static int loads = 0;
+    static constexpr auto kLoad = [] { ++loads; };
+    static constexpr auto kNoTable = [](const Item&) {};
     static constexpr std::array kFamilies{
-        WorksheetFamily{.items = "S2",
-                        .level = 0,
-                        .years = Years::Always,
-                        .inNewReport = true,
-                        .build = nullptr,
-                        .load = [] { ++loads; }},
-        WorksheetFamily{.items = "A", .level = 0, .years = Years::Always, .inNewReport = true, .build = nullptr}};
+        WorksheetFamily{
+            .items = "S2", .level = 0, .years = Years::Always, .inNewReport = false, .build = kNoTable, .load = kLoad},
+        WorksheetFamily{.items = "A", .level = 0, .years = Years::Always, .inNewReport = false, .build = kNoTable}};
     Install_Catalogue(kFamilies);
     loads = 0;
     New_Report();

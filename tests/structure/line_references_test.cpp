@@ -61,7 +61,7 @@ TEST(LineReferences, EachLineOfTheChartHasItsRowWhereTheReferenceFindsIt) {
             const LineReference* reference = Row_Reference(table);
             if (reference == nullptr) continue;
             for (const Currency line : Lines_Of("CostCenters")) {
-                if (!Names_Line(*reference, line)) continue;
+                if (!reference->lines.Has(line)) continue;
                 EXPECT_EQ(Rows_That_Name(table, *reference, line), 1) << table << " " << line.To_Text();
             }
         }
@@ -92,9 +92,9 @@ TEST(LineReferences, NumbersOfATableStandOffThoseOfTheChart) {
     EXPECT_EQ(Where_Names(Reference_Of("A4", "Col_3"), 5_cur), "Col_3=5 and LineNum<30");
     EXPECT_EQ(Where_Names(Reference_Of("B1X", "ColCCNum"), 5_cur), "ColCCNum=\"CC_500\"");
     EXPECT_EQ(Where_Names(Reference_Of("K5p2h0X", "ColCCNum"), 5_cur), "ColCCNum=5");
-    EXPECT_TRUE(Names_Line(Reference_Of("Cp3", "LineNum"), 13.2_cur));
-    EXPECT_FALSE(Names_Line(Reference_Of("Cp3", "LineNum"), 14_cur));
-    EXPECT_TRUE(Names_Line(Reference_Of("A", "CCNum"), 14_cur));
+    EXPECT_TRUE(Reference_Of("Cp3", "LineNum").lines.Has(13.2_cur));
+    EXPECT_FALSE(Reference_Of("Cp3", "LineNum").lines.Has(14_cur));
+    EXPECT_TRUE(Reference_Of("A", "CCNum").lines.Has(14_cur));
 }
 
 TEST(TablesOfLines, AreTheLiveWorksheetsByItemAndThenTheInternalTables) {
