@@ -78,14 +78,14 @@ TEST(EnterIdentity, AChangeThatTheFileDoesNotTakeLeavesTheIdentityAsItWas) {
     ASSERT_TRUE(Finish_CRF());
     Database other = DBEngine::OpenDatabase(Native_Path(openReport.CRFPath));
     OpenForm form(kEditS2, "S2");
-    ASSERT_TRUE(form.Go_To(2_cur));
-    ASSERT_TRUE(form.Enter(*form.Find_Column("2"), "157200").stored);
+    ASSERT_TRUE(form.Place_Cursor(2_cur));
+    ASSERT_FALSE(form.Enter(*form.Find_Column("2"), "157200"));
     {
         const Job reading(other, Job::Kind::Reading);
-        EXPECT_FALSE(form.Leave_Row().stored);
+        EXPECT_TRUE(form.Store_Row());
     }
     Expect_Identity(r, kNumber, kName, fy2016);
-    EXPECT_TRUE(form.Leave_Row().stored);
+    EXPECT_FALSE(form.Store_Row());
     Expect_Identity(r, "15-7200", kName, fy2016);
 }
 
