@@ -1,4 +1,4 @@
-# One floor of the house: a static library of every source file of its folder, over the floors named.
+# One floor: a static library of every source file of its folder, over the floors named.
 function(tallmar_floor name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
@@ -9,11 +9,18 @@ function(tallmar_floor name folder)
   endif()
 endfunction()
 
-# Tests compile unoptimized whatever the preset, since what they test is in the libraries, and read the headers that all
-# of them include once a program.
-function(tallmar_compile_as_tests name)
+# Headers that all tests of a kind include, read once for all their programs.
+function(tallmar_test_headers name libraries)
+  add_library(${name} STATIC ${CMAKE_SOURCE_DIR}/tests/support/headers.cpp)
+  target_link_libraries(${name} PRIVATE tallmar_options GTest::gtest ${libraries})
   target_compile_options(${name} PRIVATE -O0)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> ${ARGN})
+endfunction()
+
+# Tests compile unoptimized whatever the preset, since what they test is in the libraries.
+function(tallmar_compile_as_tests name headers)
+  target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} REUSE_FROM ${headers})
 endfunction()
 
 # Where programs that tests start keep what is the user's; tests/home.sh sees to it that it stays empty.
@@ -27,7 +34,7 @@ function(tallmar_tests name folder)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                              TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  tallmar_compile_as_tests(${name} <filesystem>)
+  tallmar_compile_as_tests(${name} tallmar_test_headers)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
                        PROPERTIES TIMEOUT 300 ENVIRONMENT XDG_DATA_HOME=${kTestDataHome} FIXTURES_REQUIRED home)
 endfunction()
@@ -40,7 +47,7 @@ function(tallmar_desktop_tests name folder)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE TALLMAR_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                              TALLMAR_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  tallmar_compile_as_tests(${name} <filesystem> <QtTest> <QtWidgets>)
+  tallmar_compile_as_tests(${name} tallmar_desktop_test_headers)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
                        PROPERTIES TIMEOUT 300 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()

@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.." || exit 1
 # shellcheck source=/dev/null
 . scripts/packages.sh
 
-checks=(floors circles tables qt sqlite platform headers length format)
+checks=(floors circles tables qt sqlite platform headers length functions format)
 
 # Floors, lowest first; folders of one number may see each other. A file includes from its own floor or lower ones.
 floors() {
@@ -163,12 +163,20 @@ check_length() {
         grep -vFf <(long_files | awk '{ print $1 ":" }')
 }
 
+# No function over 60 lines, none over 15 in cyclomatic complexity (a switch counts as one).
+check_functions() {
+    mapfile -t sources < <(of '^src/.*\.(h|cpp)$')
+    pmccabe "${sources[@]}" 2>/dev/null | awk '
+        $1 > 15 { print $6 " " $7 " " $8 " " $9 ": complexity " $1 }
+        $5 > 60 { print $6 " " $7 " " $8 " " $9 ": " $5 " lines" }'
+}
+
 check_format() {
     mapfile -t sources < <(of '^(src|tests|bench)/.*\.(h|cpp)$')
     clang-format --dry-run -Werror "${sources[@]}" 2>&1 | awk -F: '/ error: / && !seen[$1]++ { print $1 ": not formatted" }'
 }
 
-need_packages g++ clang-format git || exit 1
+need_packages g++ clang-format git pmccabe || exit 1
 failed=0
 for check in "${@:-${checks[@]}}"; do
     if ! declare -F "check_$check" >/dev/null; then

@@ -31,7 +31,7 @@ need_packages() {
 # shellcheck disable=SC2034  # used by those who source this file
 kProgramPackages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev qt6-base-dev)
 # shellcheck disable=SC2034
-kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core clang-format git
+kTestPackages=(libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core clang-format git pmccabe
                xvfb jwm libxtst-dev)
 # shellcheck disable=SC2034
 kPicturePackages=(xvfb xauth jwm)

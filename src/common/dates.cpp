@@ -134,29 +134,38 @@ class DateReader {
     }
 
     bool Read_Day() {
-        if (Is_Letter(Next())) {  // Oct 1, 2015
-            const auto month = Read_Month();
-            Read_Mark();
-            const auto day = Read_Number();
-            const char mark = Read_Mark();
-            const auto year = Read_Number();
-            return month && day && year && mark != '/' && Set(*year, *month, *day);
-        }
+        if (Is_Letter(Next())) return Read_Month_First();
         const auto first = Read_Number();
         if (!first) return false;
         const char mark = Read_Mark();
-        if (Is_Letter(Next())) {  // 1 Oct 2015
-            const auto month = Read_Month();
-            Read_Mark();
-            const auto year = Read_Number();
-            return month && year && Set(*year, *month, *first);
-        }
+        return Is_Letter(Next()) ? Read_Month_And_Year(*first) : Read_Numbers(*first, mark);
+    }
+
+    // Oct 1, 2015
+    bool Read_Month_First() {
+        const auto month = Read_Month();
+        Read_Mark();
+        const auto day = Read_Number();
+        const char mark = Read_Mark();
+        const auto year = Read_Number();
+        return month && day && year && mark != '/' && Set(*year, *month, *day);
+    }
+
+    // 1 Oct 2015
+    bool Read_Month_And_Year(Number day) {
+        const auto month = Read_Month();
+        Read_Mark();
+        const auto year = Read_Number();
+        return month && year && Set(*year, *month, day);
+    }
+
+    // 10/1/2015, or 2015-10-01
+    bool Read_Numbers(Number first, char mark) {
         const auto second = Read_Number();
         if (!second || (mark != '/' && mark != '-') || Read_Mark() != mark) return false;
         const auto third = Read_Number();
         if (!third) return false;
-        if (first->digits > 2) return Set(*first, second->value, *third);  // 2015-10-01
-        return Set(*third, first->value, *second);                         // 10/1/2015
+        return first.digits > 2 ? Set(first, second->value, *third) : Set(*third, first.value, *second);
     }
 
     bool Set(Number year, int month, Number day) {

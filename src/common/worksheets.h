@@ -32,7 +32,7 @@ struct WorksheetFamily {
     void (*calc)(const Item&) = nullptr;   // null: nothing of its own to calculate
     std::span<const FixedRow> lines = {};  // the form's own; others come from the chart and from what is keyed
     // Whether the table is laid out as the chart and the fiscal year ask for it, and what makes it so: of a worksheet
-    // that follows them with what is keyed in it. Null: no such layout, or the calculation makes it anew.
+    // that follows them with what is keyed in it. Null: no such layout, or the calculation makes it again.
     bool (*fits)(const Item&) = nullptr;
     void (*fit)(const Item&) = nullptr;
     // Reads what the open report keeps of its answers. Null: nothing.

@@ -238,7 +238,7 @@ class Job {
     // only be taken back.
     void Keep();
     // Brings what the job has written so far to the disk, not yet kept: a disk that is full is found out before anyone
-    // is told of the change. Where somebody reads the file just now, that is left to Keep.
+    // hears of the change. Where somebody reads the file just now, that is left to Keep.
     void Write_Ahead();
 
   private:

@@ -91,7 +91,7 @@ struct RecordsetState {
 // Throws DbError on a source that is no SELECT and no table, and on a table recordset over a SELECT.
 std::shared_ptr<RecordsetState> Open_Rows(const std::shared_ptr<Connection>& connection, std::string_view source,
                                           RecordsetType type);
-// Hands on the rows of a SELECT, one after another, until `visit` answers False; the row without values that bears
+// Hands on the rows of a SELECT, one after another, until `visit` answers False; the row without values that has
 // their names.
 Row Visit_Rows(Connection& connection, std::string_view select, const std::function<bool(Row)>& visit);
 

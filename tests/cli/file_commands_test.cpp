@@ -14,7 +14,7 @@ constexpr std::string_view kSaveAsFailed =
 class CalcCommand : public CliTest {
   protected:
     void SetUp() override { New(); }
-    // Runs a command that replaces a file, and is told to.
+    // Runs a command that replaces a file, and is allowed to.
     void Replace(Args args) {
         args.insert(args.end(), {"--answer", "yes"});
         const Ran ran = Run_Tallmar(args);

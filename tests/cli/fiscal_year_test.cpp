@@ -37,7 +37,7 @@ class FiscalYearCommands : public CliTest {
     void Key(const char* sample) {
         Run_Tallmar({"enter", crf, std::string(TALLMAR_SOURCE_DIR) + "/samples/" + sample + "/cells.csv"});
     }
-    // Every table, the registry's items alone, without what tells when and by which job a thing was done.
+    // Every table, the registry's items alone, without what records when and by which job a thing was done.
     Json Calculated() {
         EXPECT_EQ(Succeed({"calc", crf}), "");
         Json tables = Json::parse(Succeed({"dump", crf}))["tables"];

@@ -11,7 +11,7 @@ namespace tallmar {
 
 namespace {
 
-// Another program: a child that changes the report in a job and holds the job open until it is told to end it.
+// Another program: a child that changes the report in a job and holds the job open until it is asked to end it.
 class OtherProgram {
   public:
     explicit OtherProgram(const std::string& file) {

@@ -127,7 +127,7 @@ inline void Be_Killed_In_A_Job(const std::string& path) {
             const std::string line(20'000, 'x');
             for (int i = 0; i < 2'000; ++i) mine.Execute("INSERT INTO Big (t) VALUES ('" + line + "')");
             ::kill(::getpid(), SIGKILL);
-        } catch (...) {  // the status tells it
+        } catch (...) {  // the status says so
         }
         ::_exit(1);
     }

@@ -174,7 +174,7 @@ void PlanRunner::Row_Update(const sql::RowUpdatePlan& plan, const std::vector<sq
     const auto count = static_cast<std::size_t>(plan.tableCount);
     for (const auto& match : matches) {
         const std::vector<std::string> keys(match.begin(), match.begin() + static_cast<long>(count));
-        // Every match anew: it sees the row as the match before it left it.
+        // Every match again: it sees the row as the match before it left it.
         const auto values = Raw(plan.again, literals, keys, {});
         if (!values.empty()) Raw(plan.apply, literals, keys, values.front());
     }

@@ -37,7 +37,7 @@ TEST_F(TwoProgramsTest, AJobForReadingSeesOneState) {
     {
         const Job reading(db, Job::Kind::Reading);
         EXPECT_EQ(Rows(db, "A"), "1;");
-        // The other one may prepare its change, and is told that it has to wait.
+        // The other one may prepare its change, and gets the answer that it has to wait.
         EXPECT_EQ(Code_Of([&] { other.Execute("UPDATE A SET x = 2"); }), DbErrorCode::Locked);
         EXPECT_EQ(Rows(db, "A"), "1;");
     }
@@ -141,7 +141,7 @@ TEST_F(TwoProgramsTest, AReportWithNewContentIsSeenByWhoHasItOpen) {
     DBEngine::Finish_Creation(created);
     EXPECT_TRUE(other.Changed_Elsewhere());
     EXPECT_EQ(Rows(other, "A"), "new|2.5;");
-    // Without asking, too: a job looks at the tables anew.
+    // Without asking, too: a job looks at the tables again.
     Job job(db);
     EXPECT_EQ(Rows(db, "A"), "new|2.5;");
     Run("INSERT INTO A (y) VALUES ('newer')");

@@ -1,4 +1,4 @@
-// The files of the dialect's corpus: blocks of lines, and values as they are written in them. README.md tells the
+// The files of the dialect's corpus: blocks of lines, and values as they are written in them. README.md describes the
 // format.
 #pragma once
 

@@ -1,4 +1,5 @@
-// Runs one file of the dialect's corpus under one regime: dialect_runner <regime> <file>. README.md tells the format.
+// Runs one file of the dialect's corpus under one regime: dialect_runner <regime> <file>. README.md describes the
+// format.
 #include <unistd.h>
 
 #include <algorithm>

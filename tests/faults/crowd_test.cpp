@@ -1,5 +1,5 @@
 // Eight programs at one report: what was answered with 0 is in the file, what was read is one state of it, and nobody
-// is told anything but that the report is in use.
+// gets any message but that the report is in use.
 #include <gtest/gtest.h>
 
 #include <chrono>

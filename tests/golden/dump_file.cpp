@@ -45,7 +45,8 @@ void Mask_Times(Json& dump) {
     }
 }
 
-// What tells a row from the others of its table: its line, else its place. Lines that occur twice keep their order.
+// What distinguishes a row from the others of its table: its line, else its place. Lines that occur twice keep their
+// order.
 using Key = std::pair<std::string, int>;
 
 std::map<Key, const Json*> Keyed(const Json& table) {

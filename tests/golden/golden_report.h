@@ -31,7 +31,7 @@ std::string Read_File(const std::string& path);
 
 // The report at `path` as it is made, with nothing keyed. A command that refuses it throws std::runtime_error.
 void Make_New_Golden_Report(const std::string& name, const std::string& path);
-// Makes and fills the report at `path`, on the preparer's road: new, enter, the chart, enter. A command that refuses
+// Makes and fills the report at `path`, in the preparer's order: new, enter, the chart, enter. A command that refuses
 // anything throws std::runtime_error with what it said.
 void Make_Golden_Report(const std::string& name, const std::string& path);
 

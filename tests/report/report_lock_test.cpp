@@ -19,7 +19,7 @@ namespace {
 constexpr std::string_view kInUse = "Report In Use";
 using Names = std::vector<std::string>;
 
-// Takes the lock again and again, and tells how often somebody else was in at the same time.
+// Takes the lock again and again, and counts how often somebody else was in at the same time.
 class Contender : public FakePlatform {
   public:
     Answer Message_Box(std::string_view, int, std::string_view) override { return Answer::Ok; }

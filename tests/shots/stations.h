@@ -1,4 +1,4 @@
-// The road of the tour, as a table.
+// The stations of the tour, as a table.
 #pragma once
 
 #include <span>

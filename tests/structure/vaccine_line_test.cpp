@@ -19,7 +19,7 @@ namespace {
 const FiscalYear kBefore{Date_Of(2006, 2, 1), Date_Of(2007, 1, 30)};
 const FiscalYear kFrom{Date_Of(2006, 2, 1), Date_Of(2007, 1, 31)};
 
-// "A 13.2 Col_3" and its value, for every cell of the worksheets but B, which each calculation fills anew.
+// "A 13.2 Col_3" and its value, for every cell of the worksheets but B, which each calculation fills again.
 std::map<std::string, std::string> Cells(const Report& report) {
     std::map<std::string, std::string> cells;
     std::vector<std::string> tables = Read_Items("SELECT Item FROM Worksheets WHERE Calc_Lvl < 900;");

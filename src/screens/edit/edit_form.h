@@ -38,7 +38,7 @@ class EditForm : public WorksheetForm {
     bool Store_Above();
 
     EditGrid* grd_;
-    bool changed_ = false;  // since the row was stored or discarded: the host was told
+    bool changed_ = false;  // since the row was stored or discarded: the host knows
 };
 
 }  // namespace tallmar

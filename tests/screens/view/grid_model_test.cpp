@@ -1,4 +1,4 @@
-// What a cell of the grid tells: texts, shades, totals, heads.
+// What a cell of the grid offers: texts, shades, totals, heads.
 #include "screens/view/grid_model.h"
 
 #include "screens/view/view_test.h"

@@ -1,4 +1,4 @@
-// The grid under keys and mouse: cursor, copy, find, zoom, widths, and what aids are told.
+// The grid under keys and mouse: cursor, copy, find, zoom, widths, and what screen readers get.
 #include "screens/view/grid_view.h"
 
 #include <QAccessible>

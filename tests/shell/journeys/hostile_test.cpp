@@ -1,4 +1,4 @@
-// What a hasty or unlucky person does to the window. Nothing is lost, and a plain word tells what was not done.
+// What a hasty or unlucky person does to the window. Nothing is lost, and a plain word says what was not done.
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>

@@ -1,0 +1,1 @@
+// No code of its own: it is compiled for the precompiled headers beside it.
